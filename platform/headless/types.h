@@ -60,6 +60,12 @@ QV_HEADLESS_HANDLE(HMENU);
 QV_HEADLESS_HANDLE(HKEY);
 QV_HEADLESS_HANDLE(HRSRC);
 QV_HEADLESS_HANDLE(HMONITOR);
+QV_HEADLESS_HANDLE(HDWP);
+QV_HEADLESS_HANDLE(HHOOK);
+QV_HEADLESS_HANDLE(HPEN);
+QV_HEADLESS_HANDLE(HBITMAP);
+QV_HEADLESS_HANDLE(HRGN);
+QV_HEADLESS_HANDLE(HACCEL);
 #undef QV_HEADLESS_HANDLE
 using HMODULE = HINSTANCE;
 using HCURSOR = HICON;
@@ -93,16 +99,34 @@ using LPRECT = RECT*;
 using LPCRECT = const RECT*;
 using LPPOINT = POINT*;
 
-constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value & 0xFFFF); }
-constexpr WORD HIWORD(std::uintptr_t value) { return static_cast<WORD>((value >> 16) & 0xFFFF); }
-constexpr BYTE LOBYTE(std::uintptr_t value) { return static_cast<BYTE>(value & 0xFF); }
+constexpr WORD LOWORD(std::uintptr_t value) {
+    return static_cast<WORD>(value & 0xFFFF);
+}
+constexpr WORD HIWORD(std::uintptr_t value) {
+    return static_cast<WORD>((value >> 16) & 0xFFFF);
+}
+constexpr BYTE LOBYTE(std::uintptr_t value) {
+    return static_cast<BYTE>(value & 0xFF);
+}
 constexpr LONG MAKELONG(std::uintptr_t low, std::uintptr_t high) {
     return static_cast<LONG>((low & 0xFFFF) | ((high & 0xFFFF) << 16));
 }
-constexpr WPARAM MAKEWPARAM(std::uintptr_t low, std::uintptr_t high) { return static_cast<DWORD>(MAKELONG(low, high)); }
-constexpr LPARAM MAKELPARAM(std::uintptr_t low, std::uintptr_t high) { return static_cast<DWORD>(MAKELONG(low, high)); }
-constexpr int GET_X_LPARAM(LPARAM value) { return static_cast<SHORT>(LOWORD(static_cast<std::uintptr_t>(value))); }
-constexpr int GET_Y_LPARAM(LPARAM value) { return static_cast<SHORT>(HIWORD(static_cast<std::uintptr_t>(value))); }
+constexpr WPARAM MAKEWPARAM(std::uintptr_t low, std::uintptr_t high) {
+    return static_cast<DWORD>(MAKELONG(low, high));
+}
+constexpr LPARAM MAKELPARAM(std::uintptr_t low, std::uintptr_t high) {
+    return static_cast<DWORD>(MAKELONG(low, high));
+}
+constexpr int GET_X_LPARAM(LPARAM value) {
+    return static_cast<SHORT>(LOWORD(static_cast<std::uintptr_t>(value)));
+}
+constexpr int GET_Y_LPARAM(LPARAM value) {
+    return static_cast<SHORT>(HIWORD(static_cast<std::uintptr_t>(value)));
+}
 
-inline LPWSTR MAKEINTRESOURCEW(UINT_PTR id) { return reinterpret_cast<LPWSTR>(id & 0xFFFF); }
-inline bool IS_INTRESOURCE(LPCWSTR name) { return reinterpret_cast<UINT_PTR>(name) >> 16 == 0; }
+inline LPWSTR MAKEINTRESOURCEW(UINT_PTR id) {
+    return reinterpret_cast<LPWSTR>(id & 0xFFFF);
+}
+inline bool IS_INTRESOURCE(LPCWSTR name) {
+    return reinterpret_cast<UINT_PTR>(name) >> 16 == 0;
+}
