@@ -9,3 +9,13 @@
 #include "platform/headless/dialog.h"
 #include "platform/headless/gdi.h"
 #include "platform/headless/menu.h"
+
+#include "platform/headless/error.h"
+
+#include "platform/headless/com.h"
+#include "platform/headless/files.h"
+#include "platform/headless/locale.h"
+#include "platform/headless/module.h"
+#include "platform/headless/ole_automation.h"
+#include "platform/headless/registry.h"
+#include "platform/headless/shell.h"

@@ -1,0 +1,171 @@
+// Automation's strings and variants, with the conversions that the platform documents for them. A string carries its
+// length in front of its text, so that it may hold zeros; a null string is an empty one everywhere. Arrays, decimals,
+// currency and records are not kept: they answer DISP_E_BADVARTYPE.
+#pragma once
+
+#include "platform/headless/com.h"
+
+using OLECHAR = wchar_t;
+using LPOLESTR = OLECHAR*;
+using LPCOLESTR = const OLECHAR*;
+using BSTR = OLECHAR*;
+using VARTYPE = WORD;
+using VARIANT_BOOL = SHORT;
+using SCODE = LONG;
+using DISPID = LONG;
+using MEMBERID = DISPID;
+#define OLESTR(text) L##text
+
+inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
+inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
+
+enum VARENUM {
+    VT_EMPTY = 0,
+    VT_NULL = 1,
+    VT_I2 = 2,
+    VT_I4 = 3,
+    VT_R4 = 4,
+    VT_R8 = 5,
+    VT_CY = 6,
+    VT_DATE = 7,
+    VT_BSTR = 8,
+    VT_DISPATCH = 9,
+    VT_ERROR = 10,
+    VT_BOOL = 11,
+    VT_VARIANT = 12,
+    VT_UNKNOWN = 13,
+    VT_DECIMAL = 14,
+    VT_I1 = 16,
+    VT_UI1 = 17,
+    VT_UI2 = 18,
+    VT_UI4 = 19,
+    VT_I8 = 20,
+    VT_UI8 = 21,
+    VT_INT = 22,
+    VT_UINT = 23,
+    VT_VOID = 24,
+    VT_HRESULT = 25,
+    VT_RECORD = 36,
+    VT_ARRAY = 0x2000,
+    VT_BYREF = 0x4000,
+    VT_TYPEMASK = 0xFFF
+};
+
+struct IDispatch;
+struct ITypeInfo;
+
+struct VARIANT {
+    VARTYPE vt;
+    WORD wReserved1;
+    WORD wReserved2;
+    WORD wReserved3;
+    union {
+        LONGLONG llVal;
+        LONG lVal;
+        BYTE bVal;
+        SHORT iVal;
+        FLOAT fltVal;
+        DOUBLE dblVal;
+        VARIANT_BOOL boolVal;
+        SCODE scode;
+        DATE date;
+        BSTR bstrVal;
+        IUnknown* punkVal;
+        IDispatch* pdispVal;
+        BYTE* pbVal;
+        SHORT* piVal;
+        LONG* plVal;
+        LONGLONG* pllVal;
+        FLOAT* pfltVal;
+        DOUBLE* pdblVal;
+        VARIANT_BOOL* pboolVal;
+        SCODE* pscode;
+        DATE* pdate;
+        BSTR* pbstrVal;
+        IUnknown** ppunkVal;
+        IDispatch** ppdispVal;
+        VARIANT* pvarVal;
+        void* byref;
+        CHAR cVal;
+        USHORT uiVal;
+        ULONG ulVal;
+        ULONGLONG ullVal;
+        INT intVal;
+        UINT uintVal;
+    };
+};
+using VARIANTARG = VARIANT;
+using LPVARIANT = VARIANT*;
+
+// Null stands for failure only; the length of SysAllocStringLen counts units without the terminator, and a null text
+// there leaves them uninitialised, as the platform does (here: zeros).
+BSTR SysAllocString(const OLECHAR* text);
+BSTR SysAllocStringLen(const OLECHAR* text, UINT length);
+BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length);
+INT SysReAllocString(BSTR* string, const OLECHAR* text);
+INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length);
+void SysFreeString(BSTR string);
+UINT SysStringLen(BSTR string);
+UINT SysStringByteLen(BSTR string);
+
+inline constexpr USHORT VARIANT_NOVALUEPROP = 0x01;
+inline constexpr USHORT VARIANT_ALPHABOOL = 0x02;
+inline constexpr USHORT VARIANT_NOUSEROVERRIDE = 0x04;
+inline constexpr USHORT VARIANT_LOCALBOOL = 0x10;
+inline constexpr ULONG LOCALE_NOUSEROVERRIDE_FLAG = 0x80000000;
+
+void VariantInit(VARIANTARG* variant);
+HRESULT VariantClear(VARIANTARG* variant);
+// The destination is cleared first; source and destination may be the same.
+HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source);
+HRESULT VariantCopyInd(VARIANTARG* destination, const VARIANTARG* source);
+HRESULT VariantChangeType(VARIANTARG* destination, const VARIANTARG* source, USHORT flags, VARTYPE type);
+HRESULT VariantChangeTypeEx(VARIANTARG* destination, const VARIANTARG* source, LCID locale, USHORT flags, VARTYPE type);
+
+HRESULT VarUI1FromStr(LPCOLESTR text, LCID locale, ULONG flags, BYTE* value);
+HRESULT VarI2FromStr(LPCOLESTR text, LCID locale, ULONG flags, SHORT* value);
+HRESULT VarI4FromStr(LPCOLESTR text, LCID locale, ULONG flags, LONG* value);
+HRESULT VarUI4FromStr(LPCOLESTR text, LCID locale, ULONG flags, ULONG* value);
+HRESULT VarI8FromStr(LPCOLESTR text, LCID locale, ULONG flags, LONGLONG* value);
+HRESULT VarR4FromStr(LPCOLESTR text, LCID locale, ULONG flags, FLOAT* value);
+HRESULT VarR8FromStr(LPCOLESTR text, LCID locale, ULONG flags, DOUBLE* value);
+HRESULT VarBoolFromStr(LPCOLESTR text, LCID locale, ULONG flags, VARIANT_BOOL* value);
+HRESULT VarBstrFromI4(LONG value, LCID locale, ULONG flags, BSTR* text);
+HRESULT VarBstrFromI8(LONGLONG value, LCID locale, ULONG flags, BSTR* text);
+HRESULT VarBstrFromR4(FLOAT value, LCID locale, ULONG flags, BSTR* text);
+HRESULT VarBstrFromR8(DOUBLE value, LCID locale, ULONG flags, BSTR* text);
+HRESULT VarBstrFromBool(VARIANT_BOOL value, LCID locale, ULONG flags, BSTR* text);
+// To the nearest, halves to the even neighbour.
+HRESULT VarI4FromR8(DOUBLE value, LONG* result);
+HRESULT VarI2FromR8(DOUBLE value, SHORT* result);
+
+#define V_VT(variant) ((variant)->vt)
+#define V_I2(variant) ((variant)->iVal)
+#define V_I4(variant) ((variant)->lVal)
+#define V_R4(variant) ((variant)->fltVal)
+#define V_R8(variant) ((variant)->dblVal)
+#define V_BOOL(variant) ((variant)->boolVal)
+#define V_BSTR(variant) ((variant)->bstrVal)
+#define V_DISPATCH(variant) ((variant)->pdispVal)
+#define V_UNKNOWN(variant) ((variant)->punkVal)
+
+struct DISPPARAMS {
+    VARIANTARG* rgvarg;
+    DISPID* rgdispidNamedArgs;
+    UINT cArgs;
+    UINT cNamedArgs;
+};
+struct EXCEPINFO;
+
+struct IDispatch : public IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID locale,
+                                                    DISPID* ids) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID riid, LCID locale, WORD flags,
+                                             DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                                             UINT* badArgument) = 0;
+};
+using LPDISPATCH = IDispatch*;
+
+DEFINE_GUID(IID_IDispatch, 0x00020400, 0x0000, 0x0000, 0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46);
