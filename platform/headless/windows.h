@@ -6,6 +6,7 @@
 #include "platform/headless/kernel.h"
 #include "platform/headless/user.h"
 
+#include "platform/headless/controls.h"
 #include "platform/headless/dialog.h"
 #include "platform/headless/gdi.h"
 #include "platform/headless/menu.h"
