@@ -1,0 +1,31 @@
+// CCheckListBox: a list box with a check box in front of every entry. Owner drawn (fixed height, strings kept by the
+// list); space and a click on the box toggle, disabled entries do not. A change of a check by the user is reported to
+// the parent as WM_COMMAND with code CLBN_CHKCHANGE.
+#pragma once
+
+#include "framework/controls.h"
+
+// The notification code that the platform's conventions give to a check change.
+inline constexpr UINT CLBN_CHKCHANGE = 40;
+
+class CCheckListBox : public CListBox {
+    QV_DECLARE_RUNTIME_CLASS
+    CCheckListBox();
+    ~CCheckListBox() override;
+
+    // As CListBox::Create; owner drawing is required: LBS_OWNERDRAWFIXED and LBS_HASSTRINGS are added.
+    bool Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+    // 0 unticked, 1 ticked, 2 indeterminate.
+    void SetCheck(int index, int check);
+    [[nodiscard]] int GetCheck(int index) const;
+    void Enable(int index, bool enable = true);
+    [[nodiscard]] bool IsEnabled(int index) const;
+
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+
+protected:
+    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    virtual void DrawItem(const DRAWITEMSTRUCT& item);
+    virtual void MeasureItem(MEASUREITEMSTRUCT& item);
+};

@@ -1,0 +1,147 @@
+// CWnd: a window as an object. It attaches to a handle (its own, a subclassed control's, or another's for a moment),
+// sends messages through its message map and hands notifications back to the control that sent them. It owns its window
+// only while attached as a permanent object: destroying the object destroys the window.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "framework/cmd_target.h"
+#include "framework/geometry.h"
+
+class CDataExchange;
+
+class CWnd : public CCmdTarget {
+    QV_DECLARE_RUNTIME_CLASS
+
+    HWND m_hWnd = nullptr;
+
+    CWnd() = default;
+    ~CWnd() override;
+
+    // --- handles and objects -------------------------------------------------------------------------------------
+    // The object for a handle. FromHandle makes a temporary object where there is no permanent one; it lives until the
+    // message loop is idle. Null gives null.
+    static CWnd* FromHandle(HWND handle);
+    static CWnd* FromHandlePermanent(HWND handle);
+    // Makes this the permanent object of an existing window, whose procedure is not changed. False when either side is
+    // already attached.
+    bool Attach(HWND handle);
+    HWND Detach();
+    // Attaches and routes the window's messages through this object; Unsubclass undoes it and returns the handle.
+    bool SubclassWindow(HWND handle);
+    bool SubclassDlgItem(UINT id, CWnd* parent);
+    HWND UnsubclassWindow();
+    [[nodiscard]] HWND GetSafeHwnd() const noexcept { return m_hWnd; }
+    // True when the object has a window that is still alive.
+    [[nodiscard]] bool IsLive() const { return m_hWnd != nullptr && ::IsWindow(m_hWnd) != FALSE; }
+
+    // --- creation and destruction --------------------------------------------------------------------------------
+    // Creates a window of a registered class and attaches this object before its first message. A null class name means
+    // the framework's own plain class. False (GetLastError tells) when it could not be created; the object is then
+    // unattached.
+    bool CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect,
+                  HWND parent, UINT_PTR idOrMenu);
+    // A child window; WS_CHILD is added.
+    virtual bool Create(const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect, CWnd* parent,
+                        UINT id);
+    // Last changes to what CreateEx will use. False gives the creation up.
+    virtual bool PreCreateWindow(CREATESTRUCTW& cs);
+    // Called once the object is attached to a window that it did not create itself.
+    virtual void PreSubclassWindow();
+    virtual bool DestroyWindow();
+    // Called after WM_NCDESTROY, when the object is detached: the place for `delete this` of objects that live with
+    // their window.
+    virtual void PostNcDestroy();
+
+    // --- text, state, tree ---------------------------------------------------------------------------------------
+    [[nodiscard]] std::wstring GetWindowText() const;
+    void SetWindowText(std::wstring_view text);
+    [[nodiscard]] int GetWindowTextLength() const;
+    [[nodiscard]] int GetDlgCtrlID() const;
+    [[nodiscard]] DWORD GetStyle() const;
+    [[nodiscard]] DWORD GetExStyle() const;
+    // True when the style changed. flags: additional SetWindowPos flags, 0 to leave the frame alone.
+    bool ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
+    bool ModifyStyleEx(DWORD remove, DWORD add, UINT flags = 0);
+    bool EnableWindow(bool enable = true);  // true when it was disabled before
+    [[nodiscard]] bool IsWindowEnabled() const;
+    bool ShowWindow(int command);
+    [[nodiscard]] bool IsWindowVisible() const;
+    CWnd* SetFocus();
+    static CWnd* GetFocus();
+    [[nodiscard]] CWnd* GetParent() const;
+    [[nodiscard]] CWnd* GetDlgItem(int id) const;
+    [[nodiscard]] CWnd* GetNextDlgTabItem(CWnd* control, bool previous = false) const;
+    [[nodiscard]] CWnd* GetTopLevelParent() const;
+    void SetFont(HFONT font, bool redraw);
+    [[nodiscard]] HFONT GetFont() const;
+    void SetIcon(HICON icon, bool big);
+
+    // --- position: pixels; MoveWindow and client rectangles in parent client, GetWindowRect in screen coordinates
+    // ---------
+    void MoveWindow(int x, int y, int cx, int cy, bool repaint = true);
+    void MoveWindow(const RECT& rect, bool repaint = true);
+    bool SetWindowPos(HWND insertAfter, int x, int y, int cx, int cy, UINT flags);
+    [[nodiscard]] CRect GetWindowRect() const;
+    [[nodiscard]] CRect GetClientRect() const;
+    void ClientToScreen(CRect& rect) const;
+    void ScreenToClient(CRect& rect) const;
+    [[nodiscard]] bool GetWindowPlacement(WINDOWPLACEMENT& placement) const;
+    bool SetWindowPlacement(const WINDOWPLACEMENT& placement);
+    // Centres on the parent or owner when that is visible, else in the screen's work area.
+    void CenterWindow();
+    void Invalidate(bool erase = true);
+
+    // --- messages ------------------------------------------------------------------------------------------------
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // The default processing of the message that is being handled now.
+    LRESULT Default();
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    // A chance to eat a queued message before it is translated; asked from the message's window up to the top-level
+    // one.
+    virtual bool PreTranslateMessage(MSG& message);
+
+    // --- data exchange -------------------------------------------------------------------------------------------
+    virtual void DoDataExchange(CDataExchange& exchange);
+    // save: from controls into members; false when an exchange failed.
+    bool UpdateData(bool save = true);
+
+    // --- accessibility: by default answered by the window's standard accessible object
+    // -------------------------------------
+    virtual HRESULT get_accChildCount(LONG* count);
+    virtual HRESULT get_accChild(VARIANT child, IDispatch** dispatch);
+    virtual HRESULT get_accName(VARIANT child, BSTR* name);
+    virtual HRESULT accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child);
+    virtual HRESULT accHitTest(LONG left, LONG top, VARIANT* child);
+    HRESULT GetAccessibleChildCount(LONG* count);
+    HRESULT GetAccessibleChild(VARIANT child, IDispatch** dispatch);
+    HRESULT GetAccessibleName(VARIANT child, BSTR* name);
+    HRESULT GetAccessibilityLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child);
+    HRESULT GetAccessibilityHitTest(LONG left, LONG top, VARIANT* child);
+
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+
+protected:
+    // WM_COMMAND: low word id, high word notification code; control window or 0. Reflects to the sender first, then
+    // routes through the message map. True when handled.
+    virtual bool OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // A notification of this control, handed back by its parent. True keeps it from the parent.
+    virtual bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+    virtual bool OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+    // Base behaviour of the common handlers, for derived classes to call.
+    int OnCreate(CREATESTRUCTW* cs);
+    void OnDestroy();
+    void OnClose();
+    void OnSize(UINT type, int cx, int cy);
+    void OnGetMinMaxInfo(MINMAXINFO* info);
+    int OnMouseActivate(CWnd* topLevel, UINT hitTest, UINT message);
+
+private:
+    WNDPROC m_superProc = nullptr;  // the procedure below ours; null for windows of the framework's own class
+};

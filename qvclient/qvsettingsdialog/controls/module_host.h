@@ -1,0 +1,11 @@
+// The module host: one counted reference to the host framework's object, shared by the whole module. The manager sets
+// and empties it, the dialog button takes its own reference when it needs the host.
+#pragma once
+
+#include "framework/com.h"
+#include "host/interfaces/tpf.h"
+
+[[nodiscard]] qv::ComPtr<ITPFHost> GetModuleHost();
+// Keeps the host unless one is set already.
+void SetModuleHostIfEmpty(ITPFHost* host);
+void ClearModuleHost();
