@@ -8,9 +8,9 @@
 // The SDK's headers depend on windows.h, so it stands first.
 #include <commctrl.h>
 #include <commdlg.h>
+#include <ole2.h>
 #include <oleacc.h>
 #include <oleauto.h>
-#include <ole2.h>
 #include <shellapi.h>
 #include <shlobj.h>
 #else
