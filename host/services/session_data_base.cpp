@@ -1,0 +1,206 @@
+#include "host/services/session_data_base.h"
+
+#include <array>
+#include <new>
+#include <unordered_set>
+
+#include "framework/com.h"
+#include "framework/text.h"
+
+namespace qv {
+
+namespace {
+
+constexpr std::array kPermanentScopes{SDT_userData, SDT_userDataDB, SDT_machineData, SDT_globalData};
+const HRESULT kNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+
+// Every operation runs inside: nothing thrown leaves a COM method.
+template <class Operation>
+HRESULT Guarded(const Operation& operation) noexcept {
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+// Hands texts out as the caller frees them. No texts make a null block.
+HRESULT HandOut(const std::vector<std::wstring>& texts, ULONG count, ULONG* countOut, BSTR** block) {
+    *countOut = 0;
+    *block = nullptr;
+    if (texts.empty()) return S_OK;
+    auto* const strings = static_cast<BSTR*>(::CoTaskMemAlloc(texts.size() * sizeof(BSTR)));
+    if (strings == nullptr) return E_OUTOFMEMORY;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        strings[i] = ::SysAllocStringLen(texts[i].data(), static_cast<UINT>(texts[i].size()));
+        if (strings[i] != nullptr) continue;
+        while (i > 0)
+            ::SysFreeString(strings[--i]);
+        ::CoTaskMemFree(strings);
+        return E_OUTOFMEMORY;
+    }
+    *countOut = count;
+    *block = strings;
+    return S_OK;
+}
+
+// A write or a save names one scope; all of them is no place to keep a value.
+bool CanHold(SESSIONDATATYPE scope) {
+    return scope != SDT_allData;
+}
+
+}  // namespace
+
+HRESULT SessionDataBase::QueryInterface(REFIID iid, void** object) {
+    static const std::array<InterfaceEntry, 1> table{
+        {{&IID_ISessionDataManager, InterfaceOffset<SessionDataBase, ISessionDataManager>()}}};
+    return QueryInterfaceTable(this, table, iid, object);
+}
+
+std::vector<const ScopeData*> SessionDataBase::Sources(SESSIONDATATYPE scope) {
+    std::vector<const ScopeData*> sources;
+    if (scope == SDT_allData) {
+        for (const SESSIONDATATYPE each : kPermanentScopes)
+            sources.push_back(&Scope(each));
+    } else {
+        sources.push_back(&Scope(scope));
+    }
+    sources.push_back(&m_definitions);
+    return sources;
+}
+
+HRESULT SessionDataBase::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names, SESSIONDATATYPE scope) {
+    if (count == nullptr || names == nullptr) return E_POINTER;
+    return Guarded([&] {
+        const std::wstring path = TextOf(key);
+        Interception interception{};
+        const HRESULT answer = OnCall({SessionOperation::EnumSubKeys, scope, path, {}, {}, flag}, interception);
+        if (answer != S_OK) return answer;
+
+        const auto depth = flag == 0 ? ScopeData::Depth::Children : ScopeData::Depth::Everything;
+        std::vector<std::wstring> found;
+        std::unordered_set<std::wstring> seen;
+        for (const ScopeData* source : Sources(scope)) {
+            for (std::wstring& name : source->KeysBelow(path, depth)) {
+                if (seen.insert(ToLower(name)).second) found.push_back(std::move(name));
+            }
+        }
+        const auto total = static_cast<ULONG>(found.size());
+        if (interception == Interception::AnswerNullBlock) {
+            *count = total;
+            *names = nullptr;
+            return S_OK;
+        }
+        return HandOut(found, total, count, names);
+    });
+}
+
+HRESULT SessionDataBase::EnumValues(BSTR key, ULONG* count, BSTR** namesAndTexts, SESSIONDATATYPE scope) {
+    if (count == nullptr || namesAndTexts == nullptr) return E_POINTER;
+    return Guarded([&] {
+        const std::wstring path = TextOf(key);
+        Interception interception{};
+        const HRESULT answer = OnCall({SessionOperation::EnumValues, scope, path, {}, {}, 0}, interception);
+        if (answer != S_OK) return answer;
+
+        bool isKnown = false;
+        std::vector<std::wstring> pairs;
+        std::unordered_set<std::wstring> seen;
+        for (const ScopeData* source : Sources(scope)) {
+            const auto* const values = source->FindValues(path);
+            if (values == nullptr) continue;
+            isKnown = true;
+            for (const auto& value : *values) {
+                if (!seen.insert(ToLower(value.name)).second) continue;
+                pairs.push_back(value.name);
+                pairs.push_back(value.text);
+            }
+        }
+        if (!isKnown) return kNotFound;
+        const auto total = static_cast<ULONG>(pairs.size() / 2);
+        if (interception == Interception::AnswerNullBlock) {
+            *count = total;
+            *namesAndTexts = nullptr;
+            return S_OK;
+        }
+        return HandOut(pairs, total, count, namesAndTexts);
+    });
+}
+
+HRESULT SessionDataBase::ReadData(BSTR key, BSTR valueName, USHORT wantedType, VARIANT* value, SESSIONDATATYPE scope) {
+    if (value == nullptr) return E_POINTER;
+    return Guarded([&] {
+        ::VariantInit(value);
+        const std::wstring path = TextOf(key);
+        const std::wstring name = TextOf(valueName);
+        Interception interception{};
+        const HRESULT answer = OnCall({SessionOperation::ReadData, scope, path, name, {}, 0}, interception);
+        if (answer != S_OK) return answer;
+
+        for (const ScopeData* source : Sources(scope)) {
+            const std::wstring* const text = source->Find(path, name);
+            if (text == nullptr) continue;
+            Variant found(*text);
+            return ::VariantChangeType(value, &found, 0, static_cast<VARTYPE>(wantedType));
+        }
+        return kNotFound;
+    });
+}
+
+HRESULT SessionDataBase::WriteData(BSTR key, BSTR valueName, VARIANT value, SESSIONDATATYPE scope) {
+    return Guarded([&] {
+        Variant text;
+        if (const HRESULT changed = ::VariantChangeType(&text, &value, 0, VT_BSTR); changed != S_OK) return changed;
+        const SessionCall call{SessionOperation::WriteData, scope, TextOf(key), TextOf(valueName),
+                               TextOf(text.bstrVal),        0};
+        Interception interception{};
+        if (const HRESULT answer = OnCall(call, interception); answer != S_OK) return answer;
+        if (!CanHold(scope) || call.name.empty()) return E_INVALIDARG;
+        Scope(scope).Set(call.key, call.name, call.text);
+        return S_OK;
+    });
+}
+
+HRESULT SessionDataBase::SaveData(SESSIONDATATYPE scope, BSTR key, BSTR valueName) {
+    return Guarded([&] {
+        const SessionCall call{SessionOperation::SaveData, scope, TextOf(key), TextOf(valueName), {}, 0};
+        Interception interception{};
+        if (const HRESULT answer = OnCall(call, interception); answer != S_OK) return answer;
+        if (!CanHold(scope)) return E_INVALIDARG;
+        if (Scope(scope).Find(call.key, call.name) == nullptr) return kNotFound;
+        return Save(scope, call.key, call.name);
+    });
+}
+
+HRESULT SessionDataBase::LoadData(SESSIONDATATYPE scope) {
+    return Guarded([&] {
+        Interception interception{};
+        const HRESULT answer = OnCall({SessionOperation::LoadData, scope, {}, {}, {}, 0}, interception);
+        if (answer != S_OK) return answer;
+        if (scope != SDT_allData) return Load(scope);
+        for (const SESSIONDATATYPE each : kPermanentScopes) {
+            if (const HRESULT loaded = Load(each); loaded != S_OK) return loaded;
+        }
+        return S_OK;
+    });
+}
+
+ScopeData& SessionDataBase::Scope(SESSIONDATATYPE scope) {
+    return m_scopes[scope];
+}
+
+HRESULT SessionDataBase::Load(SESSIONDATATYPE) {
+    return S_OK;
+}
+
+HRESULT SessionDataBase::Save(SESSIONDATATYPE, std::wstring_view, std::wstring_view) {
+    return S_OK;
+}
+
+HRESULT SessionDataBase::OnCall(const SessionCall&, Interception&) {
+    return S_OK;
+}
+
+}  // namespace qv
