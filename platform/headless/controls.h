@@ -52,6 +52,8 @@
 #define EN_UPDATE 0x0400
 #define EN_ERRSPACE 0x0500
 #define EN_MAXTEXT 0x0501
+#define EN_HSCROLL 0x0601
+#define EN_VSCROLL 0x0602
 
 // Buttons. The type is the low four bits of the style.
 #define BS_PUSHBUTTON 0x00000000

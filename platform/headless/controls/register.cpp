@@ -1,0 +1,32 @@
+#include "platform/headless/controls/register.h"
+
+#include "platform/headless/controls/button.h"
+#include "platform/headless/controls/control.h"
+#include "platform/headless/controls/edit.h"
+#include "platform/headless/controls/scroll_bar.h"
+#include "platform/headless/controls/static.h"
+
+namespace qv::headless {
+
+namespace {
+
+void Register(LPCWSTR name, WNDPROC procedure, UINT style) {
+    WNDCLASSEXW windowClass = {};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = style | CS_GLOBALCLASS;
+    windowClass.lpfnWndProc = procedure;
+    windowClass.cbWndExtra = sizeof(LONG_PTR);
+    windowClass.lpszClassName = name;
+    RegisterClassExW(&windowClass);
+}
+
+}  // namespace
+
+void RegisterStandardControls() {
+    Register(L"Edit", ControlProc<Edit>, CS_DBLCLKS);
+    Register(L"Button", ControlProc<Button>, CS_DBLCLKS);
+    Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
+    Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
+}
+
+}  // namespace qv::headless
