@@ -50,7 +50,7 @@ private:
 };
 
 // A BSTR that is freed with the object. Running out of memory is raised (std::bad_alloc). Null stands for the empty
-// text.
+// text; made from an empty text it is an empty BSTR, since not every receiver takes null.
 class Bstr {
 public:
     Bstr() = default;

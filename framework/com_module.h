@@ -20,6 +20,18 @@ private:
     std::atomic<long> m_locks{0};
 };
 
+// One lock for as long as the object lives: a member of every class whose instances keep the module loaded.
+class ModuleLock {
+public:
+    explicit ModuleLock(ComModule& module) noexcept : m_module(module) { m_module.Lock(); }
+    ~ModuleLock() { m_module.Unlock(); }
+    ModuleLock(const ModuleLock&) = delete;
+    ModuleLock& operator=(const ModuleLock&) = delete;
+
+private:
+    ComModule& m_module;
+};
+
 // One creatable class: its identifier and a function that makes an object, queries it for the interface and hands it
 // out with one reference.
 struct ObjectMapEntry {
@@ -28,8 +40,8 @@ struct ObjectMapEntry {
 };
 
 // The class factory for a class of the map, queried for iid. CLASS_E_CLASSNOTAVAILABLE when it is not in the map,
-// E_POINTER for a null out pointer; *factory is null on every failure. Every live factory and instance holds one module
-// lock.
+// E_POINTER for a null out pointer; *factory is null on every failure. Every live factory holds one module lock;
+// instances hold theirs through a ModuleLock of their own. The map must outlive the factories.
 [[nodiscard]] HRESULT GetClassObject(ComModule& module, std::span<const ObjectMapEntry> map, REFCLSID classId,
                                      REFIID iid, void** factory) noexcept;
 
