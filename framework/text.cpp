@@ -19,10 +19,9 @@ constexpr bool IsDigit(wchar_t c) {
 wchar_t LowerOf(wchar_t c) {
     if (c < 0x80) return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + (L'a' - L'A')) : c;
     // A pointer whose high part is zero means a single character, which only reaches to the end of the basic plane.
-    if constexpr (sizeof(wchar_t) > 2) {
-        if (static_cast<std::uint32_t>(c) > 0xFFFF) return c;
-    }
-    wchar_t* asPointer = reinterpret_cast<wchar_t*>(static_cast<std::uintptr_t>(c));
+    const auto unit = static_cast<std::uint32_t>(c);
+    if (unit > 0xFFFF) return c;
+    wchar_t* asPointer = reinterpret_cast<wchar_t*>(static_cast<std::uintptr_t>(unit));
     return static_cast<wchar_t>(reinterpret_cast<std::uintptr_t>(CharLowerW(asPointer)));
 }
 
