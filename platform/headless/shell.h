@@ -33,6 +33,7 @@ inline constexpr UINT BIF_USENEWUI = BIF_NEWDIALOGSTYLE | BIF_EDITBOX;
 inline constexpr UINT BFFM_INITIALIZED = 1;
 inline constexpr UINT BFFM_SELCHANGED = 2;
 inline constexpr UINT BFFM_SETSELECTIONW = 0x0400 + 103;
+inline constexpr UINT BFFM_SETOKTEXT = 0x0400 + 105;
 
 // The chosen folder is freed with CoTaskMemFree; null when cancelled.
 PIDLIST_ABSOLUTE SHBrowseForFolderW(BROWSEINFOW* info);
@@ -69,12 +70,15 @@ inline constexpr DWORD OFN_READONLY = 0x00000001;
 inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x00000002;
 inline constexpr DWORD OFN_HIDEREADONLY = 0x00000004;
 inline constexpr DWORD OFN_NOCHANGEDIR = 0x00000008;
+inline constexpr DWORD OFN_ENABLEHOOK = 0x00000020;
 inline constexpr DWORD OFN_NOVALIDATE = 0x00000100;
 inline constexpr DWORD OFN_PATHMUSTEXIST = 0x00000800;
 inline constexpr DWORD OFN_FILEMUSTEXIST = 0x00001000;
 inline constexpr DWORD OFN_EXPLORER = 0x00080000;
 inline constexpr DWORD OFN_ENABLESIZING = 0x00800000;
 inline constexpr DWORD FNERR_BUFFERTOOSMALL = 0x3003;
+inline constexpr UINT CDN_INITDONE = 0U - 601U;
+inline constexpr UINT CDM_SETCONTROLTEXT = 0x0400 + 100 + 4;
 
 BOOL GetOpenFileNameW(OPENFILENAMEW* info);
 BOOL GetSaveFileNameW(OPENFILENAMEW* info);

@@ -1,0 +1,24 @@
+#include "qvclient/qvsettingsdialog/controls/module_host.h"
+
+#include <utility>
+
+namespace {
+
+// Counted by hand: a reference that is left when the module goes must not call into a host that may be gone already.
+ITPFHost* g_moduleHost = nullptr;
+
+}  // namespace
+
+qv::ComPtr<ITPFHost> GetModuleHost() {
+    return {g_moduleHost};
+}
+
+void SetModuleHostIfEmpty(ITPFHost* host) {
+    if (g_moduleHost != nullptr || host == nullptr) return;
+    g_moduleHost = host;
+    g_moduleHost->AddRef();
+}
+
+void ClearModuleHost() {
+    if (ITPFHost* old = std::exchange(g_moduleHost, nullptr)) old->Release();
+}
