@@ -3,9 +3,9 @@
 #pragma once
 
 #include <array>
-#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -13,9 +13,7 @@
 #include "host/interfaces/session_data.h"
 #include "host/libraries/layout.h"
 #include "qvclient/qvsettingsdialog/controls/special_control.h"
-
-// Lower and upper bound, both inside.
-using RangePair = std::pair<double, double>;
+#include "qvclient/qvsettingsdialog/model/range.h"
 
 class PageRecord {
 public:
@@ -30,15 +28,17 @@ public:
     // Appends the row to group 1 and returns its cell.
     std::pair<int, int> AddRow(std::unique_ptr<XLayout::Column> row);
     void AddControl(SpecialControlKind kind, std::unique_ptr<SpecialControl> control);
-    void AddDefault(std::wstring itemKey, std::wstring defaultText);
+    void AddDefault(std::wstring_view itemKey, std::wstring defaultText);
     // Of items with one key the first wins.
-    void SetScope(const std::wstring& itemKey, SESSIONDATATYPE scope);
-    void SetRange(const std::wstring& itemKey, RangePair range);
+    void SetScope(std::wstring_view itemKey, SESSIONDATATYPE scope);
+    void SetRange(std::wstring_view itemKey, RangePair range);
 
     // Kinds in the order in which each appeared first.
     [[nodiscard]] const std::vector<SpecialControlKind>& ControlKinds() const noexcept { return m_kinds; }
+    // In loading order.
     [[nodiscard]] const std::vector<std::unique_ptr<SpecialControl>>& Controls(SpecialControlKind kind) const noexcept;
     [[nodiscard]] std::vector<XLayout::Group*> Groups() const;
+    // Item key and default text, in loading order.
     [[nodiscard]] const std::vector<std::pair<std::wstring, std::wstring>>& Defaults() const noexcept {
         return m_defaults;
     }

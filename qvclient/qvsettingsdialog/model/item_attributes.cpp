@@ -1,0 +1,87 @@
+#include "qvclient/qvsettingsdialog/model/item_attributes.h"
+
+#include <algorithm>
+
+#include "framework/text.h"
+
+namespace {
+
+struct NameRow {
+    std::wstring_view name;
+    AttributeName attribute;
+};
+
+constexpr NameRow kNames[] = {
+    {L"label", AttributeName::Label},
+    {L"default", AttributeName::Default},
+    {L"ordernumber", AttributeName::OrderNumber},
+    {L"pagenumber", AttributeName::PageNumber},
+    {L"functiongroup", AttributeName::FunctionGroup},
+    {L"globaldata", AttributeName::GlobalData},
+    {L"upperbound", AttributeName::UpperBound},
+    {L"lowerbound", AttributeName::LowerBound},
+    {L"maxstringlength", AttributeName::MaxStringLength},
+    {L"unitcategory", AttributeName::UnitCategory},
+    {L"checkpath", AttributeName::CheckPath},
+    {L"type", AttributeName::Type},
+};
+
+std::wstring_view ViewOf(BSTR text) {
+    return text != nullptr ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
+}
+
+// Most names are written in small letters; only the others cost a copy.
+bool IsLowerAscii(std::wstring_view name) {
+    return std::none_of(name.begin(), name.end(), [](wchar_t c) { return (c >= L'A' && c <= L'Z') || c >= 0x80; });
+}
+
+}  // namespace
+
+AttributeName FindAttributeName(std::wstring_view lowerName) noexcept {
+    for (const NameRow& row : kNames) {
+        if (row.name == lowerName) return row.attribute;
+    }
+    return AttributeName::Other;
+}
+
+void AttributeMap::Assign(const qv::StringBlock& pairs) {
+    m_attributes.clear();
+    m_foldedNames.clear();
+    const std::size_t count = pairs.Count();
+    m_attributes.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        m_attributes.push_back({ViewOf(pairs.At(2 * i)), ViewOf(pairs.At(2 * i + 1))});
+    }
+
+    const auto less = [](const Attribute& a, const Attribute& b) { return a.name < b.name; };
+    const auto notLess = [&less](const Attribute& a, const Attribute& b) { return !less(a, b); };
+    const bool ascending =
+        std::adjacent_find(m_attributes.begin(), m_attributes.end(), notLess) == m_attributes.end();
+    if (!ascending) {  // most hosts answer in order
+        std::stable_sort(m_attributes.begin(), m_attributes.end(), less);
+        m_attributes.erase(std::unique(m_attributes.begin(), m_attributes.end(),
+                                       [](const Attribute& a, const Attribute& b) { return a.name == b.name; }),
+                           m_attributes.end());
+    }
+
+    // Folded only now: the order is that of the names as they were written.
+    for (Attribute& attribute : m_attributes) {
+        if (!IsLowerAscii(attribute.name)) attribute.name = m_foldedNames.emplace_back(qv::ToLower(attribute.name));
+    }
+}
+
+std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes) {
+    std::optional<std::wstring_view> found;
+    for (const Attribute& pair : attributes) {
+        if (FindAttributeName(qv::TrimView(pair.name)) == AttributeName::Default) found = qv::TrimView(pair.text);
+    }
+    return found;
+}
+
+std::optional<ListEntry> SplitListEntry(std::wstring_view entry) {
+    const auto separator = entry.find(L'|');
+    if (separator == 0) return std::nullopt;
+    // deliberate: an entry without data can only match an empty value.
+    if (separator == std::wstring_view::npos) return ListEntry{{}, entry};
+    return ListEntry{entry.substr(0, separator), entry.substr(separator + 1)};
+}

@@ -1,0 +1,66 @@
+#include "qvclient/qvsettingsdialog/model/range.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "framework/text.h"
+#include "host/libraries/numbers.h"
+
+bool CheckUpperBound(const RangePair& range, double value) {
+    return !(qv::RoundForComparison(value) > qv::RoundForComparison(range.second));
+}
+
+bool CheckLowerBound(const RangePair& range, double value) {
+    return !(qv::RoundForComparison(range.first) > qv::RoundForComparison(value));
+}
+
+namespace qv {
+
+double RoundForComparison(double value) {
+    if (!std::isfinite(value)) return value;
+    // Both ways independent of any locale, and a fraction of what formatting costs: every number on every load pays it.
+    char digits[32];
+    const auto written =
+        std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::scientific, 2);
+    double rounded = 0;
+    const auto read = std::from_chars(std::begin(digits), written.ptr, rounded);
+    if (read.ec == std::errc::result_out_of_range) {
+        // Rounded up beyond the largest number, or down below the smallest.
+        return std::fabs(value) > 1 ? std::copysign(std::numeric_limits<double>::infinity(), value) : 0.0;
+    }
+    return rounded;
+}
+
+double TextToDouble(std::wstring_view text) {
+    double value = 0;
+    return String2Double(text, value) ? value : ParseDouble(text);
+}
+
+std::wstring DoubleToText(double value, std::wstring_view format) {
+    std::wstring text;
+    return Double2String(text, value, format) ? text : Format(format, value);
+}
+
+std::wstring IntegerToText(std::int32_t value) {
+    char digits[16];
+    const auto written = std::to_chars(std::begin(digits), std::end(digits), value);
+    return std::wstring(std::begin(digits), written.ptr);
+}
+
+bool FitsInteger(std::wstring_view text) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const std::int64_t number = LeadingInteger64(text);
+    return number >= Limits::min() && number <= Limits::max();
+}
+
+std::int32_t IntegerOr(std::wstring_view text, std::int32_t otherwise) {
+    return FitsInteger(text) ? static_cast<std::int32_t>(LeadingInteger64(text)) : otherwise;
+}
+
+void NormaliseSeparator(std::wstring& text) {
+    if (!ReplaceLocalWith(text, L".")) std::replace(text.begin(), text.end(), L',', L'.');
+}
+
+}  // namespace qv
