@@ -12,6 +12,8 @@ namespace qv {
 
 // Blanks, tabs and line ends off both sides.
 [[nodiscard]] std::wstring Trim(std::wstring_view text);
+// The same as a view into text.
+[[nodiscard]] std::wstring_view TrimView(std::wstring_view text) noexcept;
 // Simple case mapping by the platform (CharLowerW), character by character.
 [[nodiscard]] std::wstring ToLower(std::wstring_view text);
 [[nodiscard]] bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);

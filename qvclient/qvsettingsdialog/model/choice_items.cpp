@@ -1,5 +1,4 @@
-// Items that hold a text or a choice: check boxes (type 0), texts (type 3), one of several entries (type 4) and any of
-// several entries (type 5).
+// Items whose row holds a text or a choice: check boxes (type 0), texts (type 3) and one of several entries (type 4).
 #include "host/libraries/message_box.h"
 #include "qvclient/qvsettingsdialog/model/item_row.h"
 #include "qvclient/qvsettingsdialog/model/item_walk.h"
@@ -8,14 +7,13 @@ namespace {
 
 constexpr std::int32_t kLongestText = 1024;
 
-// Any attribute with this in its name is an entry of a list.
-constexpr std::wstring_view kEntryMark = L"value";
-
 bool IsLongerThan(std::wstring_view text, std::int32_t maximum) {
     return maximum < 0 || text.size() > static_cast<std::size_t>(maximum);
 }
 
-void Cut(std::wstring& text, std::int32_t maximum) { text.resize(maximum < 0 ? 0 : static_cast<std::size_t>(maximum)); }
+void Cut(std::wstring& text, std::int32_t maximum) {
+    text.resize(maximum < 0 ? 0 : static_cast<std::size_t>(maximum));
+}
 
 }  // namespace
 
@@ -67,7 +65,7 @@ void XConstructionSet::DrawListComboBox(std::wstring_view name, const AttributeM
     std::vector<XLayout::ColumnItem> entries;
     const auto own = [&](AttributeName attribute, std::wstring_view lowerName, std::wstring_view text) {
         if (attribute == AttributeName::Default) return Handling::Done;
-        if (lowerName.find(kEntryMark) == std::wstring_view::npos) return Handling::Common;
+        if (!IsListEntry(lowerName)) return Handling::Common;
         const auto entry = SplitListEntry(text);
         if (!entry) return Handling::Drop;
         // An entry meets the value as it is known by now: a stored value is, for names that sort after "globaldata".

@@ -17,6 +17,9 @@ constexpr ScopeRow kScopeTable[] = {
     {SDT_globalData, L"Change settings/Global data"},
 };
 
+constexpr std::int32_t kFirstButtonType = 10;
+constexpr std::int32_t kLastButtonType = 13;
+
 constexpr LONG kDirectChildren = 0;
 constexpr LONG kDefinitions = 1;
 
@@ -31,15 +34,15 @@ template <std::size_t N>
 std::array<qv::Bstr, N> MakeRightNames() {
     static_assert(N == std::size(kScopeTable));
     std::array<qv::Bstr, N> names;
-    for (std::size_t code = 0; code < N; ++code) names[code] = qv::Bstr(kScopeTable[code].right);
+    for (std::size_t code = 0; code < N; ++code)
+        names[code] = qv::Bstr(kScopeTable[code].right);
     return names;
 }
 
 }  // namespace
 
 XConstructionSet::XConstructionSet(std::wstring optionKey, std::int32_t controlPath, IQVSettingsDialogDataIO* dataIO,
-                                   qv::ComPtr<ISessionDataManager> sessionData,
-                                   qv::ComPtr<IMultiUserManager> multiUser)
+                                   qv::ComPtr<ISessionDataManager> sessionData, qv::ComPtr<IMultiUserManager> multiUser)
     : m_optionKey(std::move(optionKey)),
       m_rightNames(MakeRightNames<kScopeCodes>()),
       m_controlPath(static_cast<SESSIONDATATYPE>(controlPath)),
@@ -47,7 +50,8 @@ XConstructionSet::XConstructionSet(std::wstring optionKey, std::int32_t controlP
       m_multiUser(std::move(multiUser)),
       m_dataIO(dataIO) {
     // deliberate: the answers are discarded; hosts prepare the rights here, and every item asks again for its own.
-    for (std::int32_t code = 0; code < static_cast<std::int32_t>(kScopeCodes); ++code) (void)IsGroupGranted(code);
+    for (std::int32_t code = 0; code < static_cast<std::int32_t>(kScopeCodes); ++code)
+        (void)IsGroupGranted(code);
 
     // deliberate: the user data are asked for even when the first scope could not be loaded.
     const qv::ComPtr<ISessionDataManager> manager = m_sessionData;
@@ -93,7 +97,8 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     AttributeMap titles;
     titles.Assign(pairs);
     if (titles.Empty()) return false;
-    for (const Attribute& page : titles) pages.push_back({qv::LeadingInteger(page.name), CoTranslateText(page.text)});
+    for (const Attribute& page : titles)
+        pages.push_back({qv::LeadingInteger(page.name), CoTranslateText(page.text)});
     pages.sort([](const PageEntry& a, const PageEntry& b) { return a.number < b.number; });
     return true;
 }
@@ -118,7 +123,8 @@ bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items) {
             DrawItem({name, SysStringLen(name)}, qv::LeadingInteger(attribute.text), attributes);
         }
     }
-    for (const auto& [number, record] : m_pages) items[number] = record.get();
+    for (const auto& [number, record] : m_pages)
+        items[number] = record.get();
     return true;
 }
 
@@ -129,13 +135,18 @@ void XConstructionSet::DrawItem(std::wstring_view name, std::int32_t typeCode, c
         Loader loader;
     };
     static constexpr LoaderRow kLoaders[] = {
-        {0, &XConstructionSet::DrawCheckBox},     {1, &XConstructionSet::DrawIntegerEdit},
-        {2, &XConstructionSet::DrawDoubleEdit},   {3, &XConstructionSet::DrawStringEdit},
-        {4, &XConstructionSet::DrawListComboBox}, {14, &XConstructionSet::DrawUnitComboBox},
+        {0, &XConstructionSet::DrawCheckBox},      {1, &XConstructionSet::DrawIntegerEdit},
+        {2, &XConstructionSet::DrawDoubleEdit},    {3, &XConstructionSet::DrawStringEdit},
+        {4, &XConstructionSet::DrawListComboBox},  {5, &XConstructionSet::DrawCheckedListBox},
+        {6, &XConstructionSet::DrawPasswordEdit},  {7, &XConstructionSet::DrawPathCtrl},
+        {8, &XConstructionSet::DrawColorButton},   {9, &XConstructionSet::DrawFileCtrl},
+        {14, &XConstructionSet::DrawUnitComboBox},
     };
     for (const LoaderRow& row : kLoaders) {
-        if (row.typeCode == typeCode) (this->*row.loader)(name, attributes);
+        if (row.typeCode == typeCode) return (this->*row.loader)(name, attributes);
     }
+    // Four variants of one item; the button tells them apart.
+    if (typeCode >= kFirstButtonType && typeCode <= kLastButtonType) DrawDialogButton(name, attributes, typeCode);
 }
 
 bool XConstructionSet::HasRight(std::wstring_view rightName) {

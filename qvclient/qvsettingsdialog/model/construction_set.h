@@ -65,9 +65,9 @@ public:
     bool ReadInteger(std::wstring_view definitionName, SESSIONDATATYPE scope, std::int32_t& value);
     bool ReadDouble(std::wstring_view definitionName, SESSIONDATATYPE scope, double& value);
     bool ReadBoolean(std::wstring_view definitionName, SESSIONDATATYPE scope, bool& value);
-    bool ReadStringList(std::wstring_view definitionName, SESSIONDATATYPE scope, std::list<std::wstring>& value);
+    bool ReadStringList(std::wstring_view definitionName, SESSIONDATATYPE scope, std::vector<std::wstring>& value);
     // Appends the "|"-separated pieces of text, each trimmed; the last one also when it is empty.
-    static void SplitStringList(std::wstring_view text, std::list<std::wstring>& list);
+    static void SplitStringList(std::wstring_view text, std::vector<std::wstring>& list);
 
     // For the dialog's placement and help, which use the session data directly.
     [[nodiscard]] ISessionDataManager* SessionData() const noexcept { return m_sessionData.Get(); }
@@ -100,11 +100,18 @@ private:
     // The same with the item's range.
     void AddNumericRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft, RangePair range);
 
+    // A placeholder row for a control that keeps value and default itself.
+    void AddSpecialRow(SpecialControlKind kind, std::unique_ptr<SpecialControl> control, std::wstring itemKey,
+                       const ItemDraft& draft);
+    // Folder and file choosers.
+    template <class Chooser>
+    void DrawChooser(SpecialControlKind kind, std::wstring_view name, const AttributeMap& attributes);
+
     // Finds the stored value of an item as a text variant.
     bool ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope, qv::Variant& value);
     // Writes a value and saves it; a failed save is reported above the page. Nothing is said of a failed write.
-    void WriteAndSave(std::wstring_view key, std::wstring_view valueName, std::wstring_view text,
-                      SESSIONDATATYPE scope, CWnd& page);
+    void WriteAndSave(std::wstring_view key, std::wstring_view valueName, std::wstring_view text, SESSIONDATATYPE scope,
+                      CWnd& page);
 
     std::map<std::int32_t, std::unique_ptr<PageRecord>> m_pages;
     std::wstring m_optionKey;

@@ -55,8 +55,7 @@ void AttributeMap::Assign(const qv::StringBlock& pairs) {
 
     const auto less = [](const Attribute& a, const Attribute& b) { return a.name < b.name; };
     const auto notLess = [&less](const Attribute& a, const Attribute& b) { return !less(a, b); };
-    const bool ascending =
-        std::adjacent_find(m_attributes.begin(), m_attributes.end(), notLess) == m_attributes.end();
+    const bool ascending = std::adjacent_find(m_attributes.begin(), m_attributes.end(), notLess) == m_attributes.end();
     if (!ascending) {  // most hosts answer in order
         std::stable_sort(m_attributes.begin(), m_attributes.end(), less);
         m_attributes.erase(std::unique(m_attributes.begin(), m_attributes.end(),
@@ -76,6 +75,10 @@ std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes) {
         if (FindAttributeName(qv::TrimView(pair.name)) == AttributeName::Default) found = qv::TrimView(pair.text);
     }
     return found;
+}
+
+bool IsListEntry(std::wstring_view lowerName) noexcept {
+    return lowerName.find(L"value") != std::wstring_view::npos;
 }
 
 std::optional<ListEntry> SplitListEntry(std::wstring_view entry) {

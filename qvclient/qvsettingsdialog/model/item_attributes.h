@@ -67,6 +67,9 @@ struct ItemDraft {
 // The first walk of the kinds that must know their default before their entries: its text, trimmed, when there is one.
 [[nodiscard]] std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes);
 
+// Any attribute with "value" in its lower-case name is an entry of its list.
+[[nodiscard]] bool IsListEntry(std::wstring_view lowerName) noexcept;
+
 // "data|text" of a choice. A text without "|" has empty data; one that begins with it is no entry.
 struct ListEntry {
     std::wstring_view data;

@@ -39,12 +39,12 @@ void CorrectReal(ItemDraft& draft, const RangePair& range) {
     const double value = qv::TextToDouble(draft.value);
     if (!outside(value)) return;
     const double defaultNumber = qv::TextToDouble(draft.defaultText);
-    CoInfoBox(GetActiveWindow(), draft.label,
-              qv::Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%g, %g]\nDefaultvalue "
-                         L"will be displayed.",
-                         qv::DoubleToText(value, L"%g"), qv::DoubleToText(defaultNumber, L"%g"), range.first,
-                         range.second),
-              0);
+    CoInfoBox(
+        GetActiveWindow(), draft.label,
+        qv::Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%g, %g]\nDefaultvalue "
+                   L"will be displayed.",
+                   qv::DoubleToText(value, L"%g"), qv::DoubleToText(defaultNumber, L"%g"), range.first, range.second),
+        0);
     // deliberate: a default above the range falls to the lower bound too, not to the upper one.
     if (outside(defaultNumber)) draft.defaultText = qv::DoubleToText(range.first, L"%g");
     draft.value = draft.defaultText;

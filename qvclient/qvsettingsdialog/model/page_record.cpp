@@ -6,7 +6,8 @@ PageRecord::PageRecord() = default;
 
 PageRecord::~PageRecord() {
     // Controls before the rows that show them.
-    for (auto& controls : m_controls) controls.clear();
+    for (auto& controls : m_controls)
+        controls.clear();
 }
 
 std::pair<int, int> PageRecord::AddRow(std::unique_ptr<XLayout::Column> row) {
@@ -43,7 +44,8 @@ const std::vector<std::unique_ptr<SpecialControl>>& PageRecord::Controls(Special
 
 std::vector<XLayout::Group*> PageRecord::Groups() const {
     std::vector<XLayout::Group*> groups;
-    for (const auto& group : m_groups) groups.push_back(group.get());
+    for (const auto& group : m_groups)
+        groups.push_back(group.get());
     return groups;
 }
 

@@ -22,8 +22,7 @@ double RoundForComparison(double value) {
     if (!std::isfinite(value)) return value;
     // Both ways independent of any locale, and a fraction of what formatting costs: every number on every load pays it.
     char digits[32];
-    const auto written =
-        std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::scientific, 2);
+    const auto written = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::scientific, 2);
     double rounded = 0;
     const auto read = std::from_chars(std::begin(digits), written.ptr, rounded);
     if (read.ec == std::errc::result_out_of_range) {

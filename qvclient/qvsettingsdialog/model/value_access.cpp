@@ -20,9 +20,8 @@ bool XConstructionSet::ReadText(std::wstring_view definitionName, SESSIONDATATYP
     if (!path || !m_sessionData) return false;
     const qv::Bstr key(path->key);
     const qv::Bstr name(path->name);
-    const HRESULT result = m_dataIO != nullptr
-                               ? m_dataIO->GetData(key.Get(), name.Get(), VT_BSTR, &value, scope)
-                               : m_sessionData->ReadData(key.Get(), name.Get(), VT_BSTR, &value, scope);
+    const HRESULT result = m_dataIO != nullptr ? m_dataIO->GetData(key.Get(), name.Get(), VT_BSTR, &value, scope)
+                                               : m_sessionData->ReadData(key.Get(), name.Get(), VT_BSTR, &value, scope);
     return result == S_OK && value.vt == VT_BSTR;
 }
 
@@ -58,7 +57,7 @@ bool XConstructionSet::ReadBoolean(std::wstring_view definitionName, SESSIONDATA
 }
 
 bool XConstructionSet::ReadStringList(std::wstring_view definitionName, SESSIONDATATYPE scope,
-                                      std::list<std::wstring>& value) {
+                                      std::vector<std::wstring>& value) {
     qv::Variant stored;
     if (!ReadText(definitionName, scope, stored)) return false;
     value.clear();
@@ -66,7 +65,7 @@ bool XConstructionSet::ReadStringList(std::wstring_view definitionName, SESSIOND
     return true;
 }
 
-void XConstructionSet::SplitStringList(std::wstring_view text, std::list<std::wstring>& list) {
+void XConstructionSet::SplitStringList(std::wstring_view text, std::vector<std::wstring>& list) {
     for (;;) {
         const auto separator = text.find(L'|');
         list.emplace_back(qv::TrimView(text.substr(0, separator)));
