@@ -28,11 +28,15 @@ wchar_t LowerOf(wchar_t c) {
 }  // namespace
 
 std::wstring Trim(std::wstring_view text) {
+    return std::wstring(TrimView(text));
+}
+
+std::wstring_view TrimView(std::wstring_view text) noexcept {
     while (!text.empty() && IsBlank(text.front()))
         text.remove_prefix(1);
     while (!text.empty() && IsBlank(text.back()))
         text.remove_suffix(1);
-    return std::wstring(text);
+    return text;
 }
 
 std::wstring ToLower(std::wstring_view text) {
