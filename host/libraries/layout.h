@@ -13,6 +13,10 @@
 
 #include "framework/controls.h"
 
+namespace qv {
+class LayoutMetrics;
+}
+
 class XLayout {
 public:
     // What a row holds and which control shows it. The pairs in use: (4, 4) check box, (3, 3) integer edit, (2, 3)
@@ -48,7 +52,7 @@ public:
         void SetControlHeight(int minimum, int maximum);  // pixels at 96 dpi
 
         CWnd* parent;   // set by the page before InitLayoutManager
-        CWnd* control;  // argument 11 or, set by the page, the special control; else made by the layout
+        CWnd* control;  // argument 11 or, set by the page, the special control; null for rows of the layout's own
         std::wstring name;
         std::wstring prompt;
         std::wstring value;
@@ -59,7 +63,7 @@ public:
         int resizeMode;
         int lower, upper;
         double lowerReal, upperReal;
-        int limit;  // characters that an edit takes, 0 for the platform's default
+        int limit;  // characters that an integer or text edit takes; a text edit of 0 or less takes none
         int decimals;
         std::vector<ColumnItem> items;
         int minWidth = 0, maxWidth = 0, minHeight = 0, maxHeight = 0;  // 0: the layout's own measure
@@ -84,6 +88,7 @@ public:
         bool excluded;  // not to be stored: a placeholder, a disabled row, a control that could not be created
     };
 
+    // mode: 1, a row below the other, is the one arrangement there is.
     explicit XLayout(int mode);
     ~XLayout();
     XLayout(const XLayout&) = delete;
@@ -123,9 +128,26 @@ public:
 
 private:
     struct Row;
+    // What the rows of a page have in common, in pixels.
+    struct Measures {
+        int promptWidth = 0;
+        int columnGap = 0;
+        int controlWidth = 0;  // the widest control's least width
+        int lineHeight = 0;
+        int lineControlHeight = 0;  // of the tallest control of one line: the height of an ordinary row
+        int rowGap = 0;
+        int tallPromptTop = 0;  // from the top of a tall control to its prompt's
+        int height = 0;         // of all rows at their least
+    };
+    [[nodiscard]] Row* Find(std::wstring_view name) const;
+    void Measure(const qv::LayoutMetrics& metrics);
+    [[nodiscard]] int PromptTop(const Row& row) const;
+    [[nodiscard]] int RowHeight(const Row& row, int controlHeight) const;
+
     CWnd* m_parent = nullptr;
     std::vector<std::unique_ptr<Row>> m_rows;  // in display order
     std::unordered_map<std::wstring_view, Row*> m_byName;
+    Measures m_measures;
 };
 
 namespace qv {

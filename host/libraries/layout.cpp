@@ -1,0 +1,118 @@
+#include "host/libraries/layout.h"
+
+#include <algorithm>
+
+#include "host/libraries/layout_row.h"
+
+namespace {
+
+std::vector<XLayout*>& Alive() {
+    static std::vector<XLayout*> layouts;
+    return layouts;
+}
+
+// Ids of the layout's own controls lie above those that pages give to special controls (from 20000) and, where there
+// are more rows than that, between those and the dialog's buttons. Rows are told apart by their windows, not their ids.
+UINT ControlId(std::size_t index) {
+    constexpr std::size_t kFirst = 30000, kAbove = 0xFFFF - kFirst, kFirstBelow = 1000, kBelow = 19000;
+    return static_cast<UINT>(index < kAbove ? kFirst + index : kFirstBelow + (index - kAbove) % kBelow);
+}
+
+}  // namespace
+
+XLayout::XLayout(int) {
+    Alive().push_back(this);
+}
+
+XLayout::~XLayout() {
+    std::erase(Alive(), this);
+}
+
+void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
+    m_byName.clear();
+    m_rows.clear();
+    m_parent = parent;
+    if (parent == nullptr || !parent->IsLive()) return;
+
+    for (Group* group : groups) {
+        const auto first = static_cast<std::ptrdiff_t>(m_rows.size());
+        for (const auto& column : group->columns)
+            m_rows.push_back(std::make_unique<Row>(*column));
+        std::stable_sort(m_rows.begin() + first, m_rows.end(),
+                         [](const auto& a, const auto& b) { return a->column.order < b->column.order; });
+    }
+    m_byName.reserve(m_rows.size());
+    const qv::LayoutMetrics metrics(*parent);
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        Row& row = *m_rows[i];
+        m_byName.try_emplace(row.column.name, &row);
+        row.CreatePrompt(*parent, metrics);
+        row.CreateControl(*parent, metrics, ControlId(i));
+    }
+    Measure(metrics);
+}
+
+void XLayout::SetDefaultTabOrder() {
+    // Prompts and ordinary controls were created in display order, each at the end of the tab order. Only the windows
+    // that were there before them are out of place.
+    HWND previous = nullptr;
+    for (const auto& row : m_rows) {
+        if (row->HasPrompt()) previous = row->prompt->m_hWnd;
+        if (!row->HasControl()) continue;
+        if (row->isPlaceholder) {
+            row->control->SetWindowPos(previous != nullptr ? previous : HWND_TOP, 0, 0, 0, 0,
+                                       SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+        previous = row->control->m_hWnd;
+    }
+}
+
+std::vector<XLayout::ColumnReference> XLayout::GetReferenceList() const {
+    std::vector<ColumnReference> references;
+    references.reserve(m_rows.size());
+    for (const auto& row : m_rows)
+        references.push_back({row->column.name, row->GetText(), row->IsExcluded()});
+    return references;
+}
+
+XLayout::Row* XLayout::Find(std::wstring_view name) const {
+    const auto found = m_byName.find(name);
+    return found != m_byName.end() ? found->second : nullptr;
+}
+
+XLayout::Column* XLayout::GetColumn(std::wstring_view name) const {
+    Row* const row = Find(name);
+    return row != nullptr ? &row->column : nullptr;
+}
+
+CWnd* XLayout::GetColumnControl(std::wstring_view name) const {
+    Row* const row = Find(name);
+    return row != nullptr && row->HasControl() ? row->control : nullptr;
+}
+
+CWnd* XLayout::GetColumnPrompt(std::wstring_view name) const {
+    Row* const row = Find(name);
+    return row != nullptr && row->HasPrompt() ? row->prompt.get() : nullptr;
+}
+
+void XLayout::UpdateControl(std::wstring_view name, std::wstring_view text, void*, std::wstring_view) {
+    if (Row* const row = Find(name)) row->SetText(text);
+}
+
+std::vector<XLayout::RowView> XLayout::GetRows() const {
+    std::vector<RowView> views;
+    views.reserve(m_rows.size());
+    for (const auto& row : m_rows) {
+        views.push_back(
+            {row->column, row->HasPrompt() ? row->prompt.get() : nullptr, row->HasControl() ? row->control : nullptr});
+    }
+    return views;
+}
+
+namespace qv {
+
+std::vector<XLayout*> LiveLayouts() {
+    return Alive();
+}
+
+}  // namespace qv

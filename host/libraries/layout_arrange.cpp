@@ -1,0 +1,138 @@
+// Where the rows of a layout stand: prompts in one column, controls beside them, growth where a row allows it.
+#include <algorithm>
+
+#include "host/libraries/layout_row.h"
+
+namespace {
+
+constexpr int kRowGapUnits = 4;     // dialog units between rows, as the platform spaces related controls
+constexpr int kColumnGapUnits = 6;  // between prompts and controls
+constexpr int kCommonWidth = 200;   // pixels at 96 dpi: the usual bound of special controls, whose edges then align
+constexpr int kCommonCharacters = 30;
+
+// Shares extra height among rows that may grow: evenly, but none beyond its own maximum. What nobody takes is left.
+std::vector<int> ShareHeight(int extra, const std::vector<int>& rooms) {
+    std::vector<std::size_t> order(rooms.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    // Whoever can take the least is served first, so that its rest goes to the others.
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return rooms[a] < rooms[b]; });
+    std::vector<int> shares(rooms.size(), 0);
+    int left = std::max(extra, 0);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const int fair = left / static_cast<int>(order.size() - i);
+        shares[order[i]] = std::min(fair, rooms[order[i]]);
+        left -= shares[order[i]];
+    }
+    return shares;
+}
+
+// Windows are moved together, and only those that have to move.
+class Mover {
+public:
+    explicit Mover(std::size_t windows) : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))) {}
+    ~Mover() {
+        if (m_batch != nullptr) ::EndDeferWindowPos(m_batch);
+    }
+    Mover(const Mover&) = delete;
+    Mover& operator=(const Mover&) = delete;
+
+    // extraHeight: counted by the window's height, but not seen (a combo box's list).
+    void Move(const CWnd& window, CRect& place, const CRect& target, int extraHeight) {
+        if (::EqualRect(&place, &target) != FALSE) return;
+        place = target;
+        constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
+        const int x = static_cast<int>(target.left), y = static_cast<int>(target.top);
+        const int cx = target.Width(), cy = target.Height() + extraHeight;
+        if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window.m_hWnd, nullptr, x, y, cx, cy, kFlags);
+        if (m_batch == nullptr) ::SetWindowPos(window.m_hWnd, nullptr, x, y, cx, cy, kFlags);
+    }
+
+private:
+    HDWP m_batch;
+};
+
+}  // namespace
+
+void XLayout::Measure(const qv::LayoutMetrics& metrics) {
+    m_measures = {};
+    m_measures.lineHeight = metrics.LineHeight();
+    m_measures.rowGap = metrics.Y(kRowGapUnits);
+    m_measures.tallPromptTop = metrics.Scale(3);
+
+    const int usual = std::max(metrics.Scale(kCommonWidth), kCommonCharacters * metrics.AverageWidth());
+    int common = usual;
+    for (const auto& row : m_rows) {
+        common = std::max(common, row->EntriesWidth(metrics));
+        m_measures.promptWidth = std::max(m_measures.promptWidth, static_cast<int>(row->promptSize.cx));
+    }
+    common = std::min(common, 2 * usual);
+    m_measures.columnGap = m_measures.promptWidth > 0 ? metrics.X(kColumnGapUnits) : 0;
+
+    for (const auto& row : m_rows) {
+        row->Measure(metrics, common);
+        m_measures.controlWidth = std::max(m_measures.controlWidth, row->minWidth);
+        if (!row->isTall) m_measures.lineControlHeight = std::max(m_measures.lineControlHeight, row->minHeight);
+    }
+    m_measures.lineControlHeight = std::max(m_measures.lineControlHeight, m_measures.lineHeight);
+    for (const auto& row : m_rows)
+        m_measures.height += RowHeight(*row, row->minHeight);
+    if (!m_rows.empty()) m_measures.height += static_cast<int>(m_rows.size() - 1) * m_measures.rowGap;
+}
+
+int XLayout::PromptTop(const Row& row) const {
+    return row.isTall ? m_measures.tallPromptTop : (m_measures.lineControlHeight - m_measures.lineHeight) / 2;
+}
+
+int XLayout::RowHeight(const Row& row, int controlHeight) const {
+    return std::max(
+        {controlHeight, m_measures.lineControlHeight, PromptTop(row) + static_cast<int>(row.promptSize.cy)});
+}
+
+int XLayout::GetMinWidth() const {
+    return m_measures.promptWidth + m_measures.columnGap + m_measures.controlWidth;
+}
+
+int XLayout::GetMinHeight() const {
+    return m_measures.height;
+}
+
+bool XLayout::CanResizeWidth() const {
+    return std::any_of(m_rows.begin(), m_rows.end(),
+                       [](const auto& row) { return row->GrowsInWidth() && row->maxWidth > row->minWidth; });
+}
+
+bool XLayout::CanResizeHeight() const {
+    return std::any_of(m_rows.begin(), m_rows.end(),
+                       [](const auto& row) { return row->GrowsInHeight() && row->maxHeight > row->minHeight; });
+}
+
+void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
+    std::vector<int> rooms;
+    for (const auto& row : m_rows) {
+        if (row->isTall) rooms.push_back(row->maxHeight - row->minHeight);
+    }
+    const std::vector<int> shares = ShareHeight(cy - m_measures.height, rooms);
+
+    Mover mover(2 * m_rows.size());
+    const int controlLeft = x + m_measures.promptWidth + m_measures.columnGap;
+    const int room = cx - m_measures.promptWidth - m_measures.columnGap;
+    int top = y;
+    std::size_t tall = 0;
+    for (const auto& row : m_rows) {
+        const int width = std::clamp(room, row->minWidth, row->maxWidth);
+        const int height = row->minHeight + (row->isTall ? shares[tall++] : 0);
+        if (row->HasPrompt()) {
+            const int promptTop = top + PromptTop(*row);
+            const CRect place(x, promptTop, x + m_measures.promptWidth,
+                              promptTop + static_cast<int>(row->promptSize.cy));
+            mover.Move(*row->prompt, row->promptPlace, place, 0);
+        }
+        if (row->HasControl()) {
+            const int controlTop = top + std::max(0, (m_measures.lineControlHeight - height) / 2);
+            const CRect place(controlLeft, controlTop, controlLeft + width, controlTop + height);
+            mover.Move(*row->control, row->controlPlace, place, row->droppedHeight);
+        }
+        top += RowHeight(*row, height) + m_measures.rowGap;
+    }
+}

@@ -1,0 +1,214 @@
+// The windows of one row: which control stands for which kind of row, how big it is and what text it holds.
+#include "host/libraries/layout_row.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+const CRect kNowhere;
+constexpr LONG kSelf = 0;  // a control itself, not a part of it, to an accessibility client
+constexpr UINT kStaticId = 0xFFFF;
+constexpr int kDroppedEntries = 12;
+constexpr int kMaxPromptUnits = 160;  // dialog units; longer prompts are broken between words
+
+// Characters that fit the longest double that is typed by hand: fifteen significant ones and a sign.
+constexpr int kDoubleCharacters = 16;
+// A short field still has to look like one.
+constexpr int kMinEditCharacters = 6;
+
+// The label of a check box row. The box stands in the control column without a text of its own, so a click on its
+// prompt toggles it as a click on its text would.
+class CheckBoxPrompt : public CStatic {
+public:
+    explicit CheckBoxPrompt(CWnd* const& box) : m_box(box) {}
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{CStatic::GetThisMessageMap(),
+                                    {on::ControlReflect<&CheckBoxPrompt::OnClicked>(STN_CLICKED)}};
+        return &map;
+    }
+
+private:
+    void OnClicked() {
+        if (m_box != nullptr && m_box->IsLive() && m_box->IsWindowEnabled()) m_box->SendMessage(BM_CLICK);
+    }
+    CWnd* const& m_box;  // the row's, which is made after its prompt
+};
+
+// The box of a check box row: named by its prompt for those who cannot see that it stands beside it.
+class RowCheckBox : public CButton {
+public:
+    explicit RowCheckBox(std::wstring name) : m_name(std::move(name)) {}
+    HRESULT get_accName(VARIANT child, BSTR* name) override {
+        if (child.vt != VT_I4 || child.lVal != kSelf || name == nullptr) return CButton::get_accName(child, name);
+        *name = ::SysAllocStringLen(m_name.data(), static_cast<UINT>(m_name.size()));
+        return *name != nullptr ? S_OK : E_OUTOFMEMORY;
+    }
+
+private:
+    std::wstring m_name;
+};
+
+// A label without its mnemonic marks: "&Save && close" reads "Save & close".
+std::wstring PlainLabel(std::wstring_view label) {
+    std::wstring plain;
+    for (std::size_t i = 0; i < label.size(); ++i) {
+        if (label[i] == L'&' && ++i == label.size()) break;
+        plain.push_back(label[i]);
+    }
+    return plain;
+}
+
+std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT id) {
+    auto edit = std::make_unique<CEdit>();
+    // A text of at most no characters: the field takes nothing, and the platform has no such limit.
+    const bool takesNothing = column.dataType == XLayout::kText && column.limit <= 0;
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? ES_READONLY : 0);
+    if (!edit->CreateEx(WS_EX_CLIENTEDGE, L"EDIT", {}, style, kNowhere, page.m_hWnd, id)) return nullptr;
+    const int limit = column.dataType == XLayout::kDouble ? kDoubleCharacters : column.limit;
+    if (limit > 0) edit->LimitText(static_cast<UINT>(limit));
+    return edit;
+}
+
+std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UINT id, HFONT font) {
+    auto combo = std::make_unique<CComboBox>();
+    if (!combo->Create(WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kNowhere, &page, id)) return nullptr;
+    if (font != nullptr) combo->SetFont(font, false);
+    for (const XLayout::ColumnItem& item : column.items)
+        combo->AddString(item.text);
+    return combo;
+}
+
+std::unique_ptr<CWnd> CreateCheckBox(const XLayout::Column& column, CWnd& page, UINT id) {
+    auto box = std::make_unique<RowCheckBox>(PlainLabel(column.prompt));
+    // A blank text: without any the platform has no place to draw the focus.
+    if (!box->Create(L" ", WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, kNowhere, &page, id)) return nullptr;
+    return box;
+}
+
+int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
+    return pixels > 0 ? metrics.Scale(pixels) : otherwise;
+}
+
+}  // namespace
+
+void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
+    promptSize = metrics.LabelSize(column.prompt, metrics.X(kMaxPromptUnits));
+    const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
+    if (isCheckBox) {
+        prompt = std::make_unique<CheckBoxPrompt>(control);
+    } else {
+        prompt = std::make_unique<CStatic>();
+    }
+    // A group of its own keeps the arrow keys within the row's control.
+    const DWORD style = WS_VISIBLE | WS_GROUP | SS_LEFT | (isCheckBox ? SS_NOTIFY : 0);
+    if (!prompt->Create(column.prompt, style, kNowhere, &page, kStaticId)) return;
+    if (metrics.Font() != nullptr) prompt->SetFont(metrics.Font(), false);
+    if (column.disabled) prompt->EnableWindow(false);
+}
+
+void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id) {
+    if (isPlaceholder) {
+        if (!HasControl()) return;
+        // A container of controls is entered through the stops inside it.
+        if ((control->GetExStyle() & WS_EX_CONTROLPARENT) == 0) control->ModifyStyle(0, WS_TABSTOP);
+        if ((control->GetStyle() & WS_VISIBLE) == 0) control->ShowWindow(SW_SHOWNA);
+        return;
+    }
+    switch (column.controlType) {
+        case kEdit:
+            ownControl = CreateEdit(column, page, id);
+            break;
+        case kComboBox:
+            ownControl = CreateCombo(column, page, id, metrics.Font());
+            break;
+        case kCheckBox:
+            ownControl = CreateCheckBox(column, page, id);
+            break;
+        default:
+            break;
+    }
+    control = ownControl.get();
+    if (control == nullptr) return;
+    if (metrics.Font() != nullptr && column.controlType != kComboBox) control->SetFont(metrics.Font(), false);
+    SetText(column.value);
+    if (column.disabled) control->EnableWindow(false);
+}
+
+int XLayout::Row::EntriesWidth(const qv::LayoutMetrics& metrics) const {
+    if (isPlaceholder || column.controlType != kComboBox) return 0;
+    int widest = 0;
+    for (const ColumnItem& item : column.items)
+        widest = std::max(widest, metrics.TextWidth(item.text));
+    return widest + ::GetSystemMetrics(SM_CXVSCROLL) + metrics.X(6);
+}
+
+void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
+    const int editHeight = metrics.Y(14);
+    int width = commonWidth;
+    int height = editHeight;
+    if (!isPlaceholder && column.controlType == kCheckBox) {
+        width = metrics.Scale(13) + metrics.X(6);
+        height = std::max(metrics.Y(10), metrics.Scale(13));
+    } else if (!isPlaceholder && column.controlType == kComboBox && HasControl()) {
+        height = control->GetWindowRect().Height();
+        const int entries = std::clamp(static_cast<int>(column.items.size()), 1, kDroppedEntries);
+        droppedHeight = entries * static_cast<int>(control->SendMessage(CB_GETITEMHEIGHT, 0)) + 2;
+    } else if (!isPlaceholder && column.controlType == kEdit) {
+        const int characters = column.dataType == kDouble ? kDoubleCharacters : std::max(column.limit, 0);
+        const int each = column.dataType == kText ? metrics.AverageWidth() + 1 : metrics.DigitWidth();
+        // Long before the product could overflow, the field has the common width anyway.
+        const int shown = std::clamp(characters, kMinEditCharacters, 1000);
+        if (column.dataType != kText || column.limit > 0) width = std::min(commonWidth, shown * each + metrics.X(6));
+    }
+
+    if (GrowsInWidth()) {
+        minWidth = BoundOr(column.minWidth, width, metrics);
+        maxWidth = std::max(minWidth, BoundOr(column.maxWidth, INT_MAX, metrics));
+    } else {
+        minWidth = maxWidth = BoundOr(column.minWidth, width, metrics);
+    }
+    isTall = GrowsInHeight();
+    if (isTall) {
+        minHeight = BoundOr(column.minHeight, 3 * metrics.LineHeight(), metrics);
+        maxHeight = std::max(minHeight, BoundOr(column.maxHeight, INT_MAX, metrics));
+    } else {
+        // A height that was given for the usual font may not cut a bigger one.
+        const int least = isPlaceholder && column.minHeight > 0 ? metrics.LineHeight() + metrics.Scale(8) : 0;
+        minHeight = maxHeight = std::max(BoundOr(column.minHeight, height, metrics), least);
+    }
+}
+
+std::wstring XLayout::Row::GetText() const {
+    if (isPlaceholder || !HasControl()) return {};
+    switch (column.controlType) {
+        case kCheckBox:
+            return static_cast<const CButton*>(control)->GetCheck() == BST_CHECKED ? L"1" : L"0";
+        case kComboBox: {
+            const int selected = static_cast<const CComboBox*>(control)->GetCurSel();
+            const bool isEntry = selected >= 0 && selected < static_cast<int>(column.items.size());
+            return isEntry ? column.items[static_cast<std::size_t>(selected)].data : std::wstring();
+        }
+        default:
+            return control->GetWindowText();
+    }
+}
+
+void XLayout::Row::SetText(std::wstring_view text) {
+    if (isPlaceholder || !HasControl()) return;
+    switch (column.controlType) {
+        case kCheckBox:
+            static_cast<CButton*>(control)->SetCheck(text == L"1" ? BST_CHECKED : BST_UNCHECKED);
+            break;
+        case kComboBox: {
+            const auto found = std::find_if(column.items.begin(), column.items.end(),
+                                            [&](const ColumnItem& item) { return item.data == text; });
+            const bool isEntry = found != column.items.end();
+            static_cast<CComboBox*>(control)->SetCurSel(isEntry ? static_cast<int>(found - column.items.begin()) : -1);
+            break;
+        }
+        default:
+            control->SetWindowText(text);
+            break;
+    }
+}

@@ -1,0 +1,46 @@
+// A row as the layout keeps it: its windows, its measures and where it was put last. Used by the layout alone.
+#pragma once
+
+#include <climits>
+#include <memory>
+
+#include "host/libraries/layout.h"
+#include "host/libraries/layout_metrics.h"
+
+struct XLayout::Row {
+    explicit Row(Column& source) : column(source), control(source.control), isPlaceholder(source.control != nullptr) {}
+
+    [[nodiscard]] bool HasControl() const { return control != nullptr && control->IsLive(); }
+    [[nodiscard]] bool HasPrompt() const { return prompt != nullptr && prompt->IsLive(); }
+    [[nodiscard]] bool IsExcluded() const { return isPlaceholder || column.disabled || !HasControl(); }
+    [[nodiscard]] bool GrowsInWidth() const {
+        return column.resizeMode == kResizeWidth || column.resizeMode == kResizeBoth;
+    }
+    [[nodiscard]] bool GrowsInHeight() const { return column.resizeMode == kResizeBoth; }
+
+    void CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics);
+    // Makes the row's own control; a placeholder has one already and is only shown.
+    void CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id);
+    void Measure(const qv::LayoutMetrics& metrics, int commonWidth);
+    // The width at which a combo box shows its longest entry; 0 for other rows.
+    [[nodiscard]] int EntriesWidth(const qv::LayoutMetrics& metrics) const;
+
+    [[nodiscard]] std::wstring GetText() const;
+    void SetText(std::wstring_view text);
+
+    Column& column;
+    std::unique_ptr<CStatic> prompt;
+    std::unique_ptr<CWnd> ownControl;
+    CWnd* control;  // the placeholder's or the layout's own; null when there is none
+    bool isPlaceholder;
+
+    // Pixels. Bounds include both ends; an unbounded maximum is INT_MAX.
+    SIZE promptSize{0, 0};
+    int minWidth = 0, maxWidth = 0;
+    int minHeight = 0, maxHeight = 0;
+    int droppedHeight = 0;  // of a combo box: what its window's height counts for the list
+    // A control of one line is centred on the page's line; a taller one stands at the top of its row.
+    bool isTall = false;
+
+    CRect promptPlace, controlPlace;
+};
