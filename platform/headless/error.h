@@ -32,6 +32,7 @@ inline constexpr LONG ERROR_HANDLE_DISK_FULL = 39;
 inline constexpr LONG ERROR_NOT_SUPPORTED = 50;
 inline constexpr LONG ERROR_FILE_EXISTS = 80;
 inline constexpr LONG ERROR_INVALID_PARAMETER = 87;
+inline constexpr LONG ERROR_BUFFER_OVERFLOW = 111;
 inline constexpr LONG ERROR_DISK_FULL = 112;
 inline constexpr LONG ERROR_CALL_NOT_IMPLEMENTED = 120;
 inline constexpr LONG ERROR_INSUFFICIENT_BUFFER = 122;

@@ -1,6 +1,6 @@
 // Automation's strings and variants, with the conversions that the platform documents for them. A string carries its
 // length in front of its text, so that it may hold zeros; a null string is an empty one everywhere. Arrays, decimals,
-// currency and records are not kept: they answer DISP_E_BADVARTYPE.
+// currency and records are not kept: they answer DISP_E_BADVARTYPE. A date is a number here and becomes no text.
 #pragma once
 
 #include "platform/headless/com.h"
@@ -112,7 +112,6 @@ inline constexpr USHORT VARIANT_NOVALUEPROP = 0x01;
 inline constexpr USHORT VARIANT_ALPHABOOL = 0x02;
 inline constexpr USHORT VARIANT_NOUSEROVERRIDE = 0x04;
 inline constexpr USHORT VARIANT_LOCALBOOL = 0x10;
-inline constexpr ULONG LOCALE_NOUSEROVERRIDE_FLAG = 0x80000000;
 
 void VariantInit(VARIANTARG* variant);
 HRESULT VariantClear(VARIANTARG* variant);

@@ -1,0 +1,124 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "platform/headless/encoding.h"
+#include "platform/headless/locale.h"
+
+namespace {
+
+// Western European (1252): what differs from Latin-1. The five codes without a character stand for themselves.
+constexpr wchar_t kCodes80To9F[] =
+    L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+    L"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
+
+bool IsAnsi(UINT codePage) {
+    return codePage == CP_ACP || codePage == 1252;
+}
+
+std::wstring FromAnsi(std::string_view bytes) {
+    std::wstring text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<std::uint8_t>(byte);
+        text.push_back(code >= 0x80 && code < 0xA0 ? kCodes80To9F[code - 0x80] : static_cast<wchar_t>(code));
+    }
+    return text;
+}
+
+std::string ToAnsi(std::wstring_view text, char replacement, bool& replaced) {
+    std::string bytes;
+    for (const wchar_t unit : text) {
+        const auto* special = std::find(std::begin(kCodes80To9F), std::end(kCodes80To9F) - 1, unit);
+        if (special != std::end(kCodes80To9F) - 1) {
+            bytes.push_back(static_cast<char>(0x80 + (special - kCodes80To9F)));
+        } else if (static_cast<unsigned>(unit) < 0x100 && (unit < 0x80 || unit >= 0xA0)) {
+            bytes.push_back(static_cast<char>(unit));
+        } else {
+            bytes.push_back(replacement);
+            replaced = true;
+        }
+    }
+    return bytes;
+}
+
+template <typename Text, typename Unit>
+int Deliver(const Text& result, Unit* buffer, int size) {
+    const auto length = static_cast<int>(result.size());
+    if (size == 0) return length;
+    if (size < length) {
+        // As much as fits is written all the same.
+        std::copy_n(result.data(), size, buffer);
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return 0;
+    }
+    std::copy_n(result.data(), length, buffer);
+    return length;
+}
+
+int Fail(LONG code) {
+    SetLastError(static_cast<DWORD>(code));
+    return 0;
+}
+
+}  // namespace
+
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR bytes, int length, LPWSTR text, int size) {
+    if (bytes == nullptr || length == 0 || length < -1 || size < 0 || (size > 0 && text == nullptr)) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    const std::string_view source(bytes,
+                                  length < 0 ? std::string_view(bytes).size() + 1 : static_cast<std::size_t>(length));
+    if (IsAnsi(codePage)) return Deliver(FromAnsi(source), text, size);
+    if (codePage != CP_UTF8) return Fail(ERROR_INVALID_PARAMETER);
+    if ((flags & MB_ERR_INVALID_CHARS) != 0) {
+        const auto strict = qv::headless::FromUtf8Strict(source);
+        return strict ? Deliver(*strict, text, size) : Fail(ERROR_NO_UNICODE_TRANSLATION);
+    }
+    return Deliver(qv::headless::FromUtf8(source), text, size);
+}
+
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LPSTR bytes, int size, LPCSTR replacement,
+                        BOOL* replaced) {
+    if (text == nullptr || length == 0 || length < -1 || size < 0 || (size > 0 && bytes == nullptr)) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    const std::wstring_view source(text,
+                                   length < 0 ? std::wstring_view(text).size() + 1 : static_cast<std::size_t>(length));
+    if (IsAnsi(codePage)) {
+        bool used = false;
+        const auto result = ToAnsi(source, replacement == nullptr ? '?' : *replacement, used);
+        if (replaced != nullptr) *replaced = used;
+        return Deliver(result, bytes, size);
+    }
+    if (codePage != CP_UTF8 || replacement != nullptr || replaced != nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    const auto result = qv::headless::ToUtf8(source);
+    if ((flags & WC_ERR_INVALID_CHARS) != 0 && qv::headless::FromUtf8(result) != source) {
+        return Fail(ERROR_NO_UNICODE_TRANSLATION);
+    }
+    return Deliver(result, bytes, size);
+}
+
+UINT GetACP() {
+    return 1252;
+}
+
+ULONGLONG GetTickCount64() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<ULONGLONG>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+void OutputDebugStringW(LPCWSTR text) {
+    if (text == nullptr || std::getenv("QV_DEBUG_OUTPUT") == nullptr) return;
+    const auto bytes = qv::headless::ToUtf8(text);
+    // Debug output that cannot be written is lost, as it is without a debugger.
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, bytes.data(), bytes.size());
+}
+
+void Sleep(DWORD milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
