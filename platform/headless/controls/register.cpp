@@ -3,6 +3,7 @@
 #include "platform/headless/controls/button.h"
 #include "platform/headless/controls/control.h"
 #include "platform/headless/controls/edit.h"
+#include "platform/headless/controls/list_box.h"
 #include "platform/headless/controls/scroll_bar.h"
 #include "platform/headless/controls/static.h"
 
@@ -25,6 +26,7 @@ void Register(LPCWSTR name, WNDPROC procedure, UINT style) {
 void RegisterStandardControls() {
     Register(L"Edit", ControlProc<Edit>, CS_DBLCLKS);
     Register(L"Button", ControlProc<Button>, CS_DBLCLKS);
+    Register(L"ListBox", ControlProc<ListBox>, CS_DBLCLKS);
     Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
     Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
 }

@@ -1,0 +1,45 @@
+// The entries of a list box or of a combo box's list: text, data and mark, with the platform's way of sorting and
+// searching, which ignores case. Appending without sorting costs the same however long the list is.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace qv::headless {
+
+struct ListItem {
+    std::wstring text;
+    ULONG_PTR data = 0;
+    bool selected = false;
+};
+
+// Indexes count from 0; LB_ERR stands for none.
+class ListItems {
+public:
+    int Count() const { return static_cast<int>(m_items.size()); }
+    bool Holds(LONG_PTR index) const { return index >= 0 && index < Count(); }
+    ListItem& operator[](int index) { return m_items[static_cast<size_t>(index)]; }
+    const ListItem& operator[](int index) const { return m_items[static_cast<size_t>(index)]; }
+
+    // Where a text belongs in a sorted list: in front of the first that is not smaller.
+    int SortedPosition(std::wstring_view text) const;
+    void Insert(int index, ListItem item);
+    void Erase(int index);
+    void Clear() { m_items.clear(); }
+    void Reserve(size_t count) { m_items.reserve(m_items.size() + count); }
+
+    // Searching starts behind the given item, goes round, and ends with that item; an index outside starts at the top.
+    int FindPrefix(LONG_PTR after, std::wstring_view prefix) const;
+    int FindExact(LONG_PTR after, std::wstring_view text) const;
+
+private:
+    template <class Matches>
+    int Find(LONG_PTR after, Matches matches) const;
+
+    std::vector<ListItem> m_items;
+};
+
+}  // namespace qv::headless
