@@ -1,4 +1,5 @@
-// Numbers of the component's resources and controls. Plain macros, because the resource compiler reads this file too.
+// Numbers and fixed texts of the component's resources and controls. Plain macros, because the resource compiler reads
+// this file too.
 #pragma once
 
 #define IDS_PROJNAME 100
@@ -14,3 +15,11 @@
 #define IDD_SETTINGS_FORMVIEW 135
 #define IDD_SETTINGS_FOR_VIEW 136
 #define IDD_VIRT_DIALOG 209
+
+#define QV_PROJECT_NAME "QVSettingsDialog"
+#define QV_DIALOG_FONT "MS Shell Dlg"
+#define QV_DIALOG_FONT_POINTS 8
+#define QV_DIALOG_FONT_WEIGHT 400
+#define QV_DIALOG_FONT_CHARSET 1
+#define QV_BUTTON_WIDTH 50
+#define QV_BUTTON_HEIGHT 14

@@ -1,0 +1,65 @@
+#include "qvclient/qvsettingsdialog/dialogs/dialog_for_view.h"
+
+#include "qvclient/qvsettingsdialog/controls/settings_frame.h"
+#include "qvclient/qvsettingsdialog/controls/settings_messages.h"
+#include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
+
+QV_RUNTIME_CLASS(XDialogForView, XDynDialogModeless)
+
+XDialogForView::XDialogForView(XConstructionSet& constructionSet, CWnd* parentView)
+    : XDynDialogModeless(constructionSet, parentView), m_framePlacement(InitialPlacement()) {}
+
+XDialogForView::~XDialogForView() = default;
+
+const MessageMap* XDialogForView::GetThisMessageMap() {
+    static const MessageMap map{XDynDialogModeless::GetThisMessageMap(),
+                                {
+                                    on::Destroy<&XDialogForView::OnDestroy>(),
+                                }};
+    return &map;
+}
+
+const MessageMap* XDialogForView::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+bool XDialogForView::Create(UINT templateId, CWnd* parent) {
+    return CDialog::Create(templateId, parent);
+}
+
+void XDialogForView::DoDataExchange(CDataExchange& exchange) {
+    XDynDialogModeless::DoDataExchange(exchange);
+}
+
+bool XDialogForView::OnInitDialog() {
+    XDynDialogModeless::OnInitDialog();
+    if (IsPlacementLoaded()) {
+        if (SettingsFrame* frame = FindEnclosing<SettingsFrame>(*this)) {
+            frame->FrameWindow().SendMessage(WM_DYN_SETPLACEMENT, 0, reinterpret_cast<LPARAM>(&StoredPlacement()));
+        }
+    }
+    return true;
+}
+
+bool XDialogForView::PreTranslateMessage(MSG& /*message*/) {
+    return false;
+}
+
+void XDialogForView::OnOK() {
+    XDynDialog::OnOK();
+    if (!LastOkSucceeded()) return;
+    if (SettingsFrame* frame = FindEnclosing<SettingsFrame>(*this)) frame->EndFrame(IDOK);
+}
+
+void XDialogForView::OnCancel() {
+    if (SettingsFrame* frame = FindEnclosing<SettingsFrame>(*this)) frame->EndFrame(IDCANCEL);
+}
+
+void XDialogForView::OnDestroy() {
+    XDynDialogModeless::OnDestroy();
+    ISessionDataManager* sessionData = ConstructionSet().SessionData();
+    if (sessionData == nullptr || !IsPlacementSwitchedOn(ConstructionSet())) return;
+    // Written over the dialog's own: it is the frame that the next launch restores. Deliberate: "flags" is the show
+    // state here.
+    WritePlacementRecord(*sessionData, m_framePlacement, static_cast<int>(m_framePlacement.showCmd));
+}

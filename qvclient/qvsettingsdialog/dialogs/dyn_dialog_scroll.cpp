@@ -1,0 +1,148 @@
+#include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
+
+#include "host/libraries/translation.h"
+#include "qvclient/qvsettingsdialog/controls/settings_messages.h"
+#include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
+
+QV_RUNTIME_CLASS(XDynDialogScroll, CDialog)
+
+namespace {
+
+constexpr UINT kViewId = 134;
+constexpr int kAroundDialog = 30;  // pixels that the frame is larger than the dialog in it
+
+}  // namespace
+
+XDynDialogScroll::XDynDialogScroll(std::wstring caption, XConstructionSet& constructionSet, bool isModal, CWnd* parent)
+    : CDialog(IDD_SETTINGS_FRAME, parent),
+      m_constructionSet(constructionSet),
+      m_isModal(isModal),
+      m_caption(std::move(caption)) {}
+
+XDynDialogScroll::~XDynDialogScroll() = default;
+
+const MessageMap* XDynDialogScroll::GetThisMessageMap() {
+    static const MessageMap map{CDialog::GetThisMessageMap(),
+                                {
+                                    on::Size<&XDynDialogScroll::OnSize>(),
+                                    on::Close<&XDynDialogScroll::OnClose>(),
+                                    on::Destroy<&XDynDialogScroll::OnDestroy>(),
+                                    on::Message<&XDynDialogScroll::OnSetPlacement>(WM_DYN_SETPLACEMENT),
+                                }};
+    return &map;
+}
+
+const MessageMap* XDynDialogScroll::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+void XDynDialogScroll::DoDataExchange(CDataExchange& exchange) {
+    CDialog::DoDataExchange(exchange);
+}
+
+XDialogForView* XDynDialogScroll::GetInnerDialog() const noexcept {
+    return m_view != nullptr ? m_view->GetInnerDialog() : nullptr;
+}
+
+void XDynDialogScroll::EndFrame(int result) {
+    if (m_isModal) {
+        EndDialog(result);
+    } else {
+        DestroyWindow();
+    }
+}
+
+bool XDynDialogScroll::OnInitDialog() {
+    CDialog::OnInitDialog();
+    if (m_isModal) ModifyStyle(0, WS_MAXIMIZEBOX);
+    SetSettingsIcon(*this);
+    SetWindowText(CoTranslateText(m_caption));
+    if (!CreateView()) return true;
+    if (const XDialogForView* dialog = GetInnerDialog(); dialog != nullptr && !dialog->IsPlacementLoaded()) {
+        FitAroundDialog(*dialog);
+    }
+    return true;
+}
+
+bool XDynDialogScroll::CreateView() {
+    m_view = new XFormViewDlg;
+    m_view->SetConstructionSet(m_constructionSet);
+    if (!m_view->Create(nullptr, {}, WS_CHILD | WS_VISIBLE, GetClientRect(), this, kViewId)) {
+        delete m_view;
+        m_view = nullptr;
+        return false;
+    }
+    m_view->ModifyStyleEx(0, WS_EX_CONTROLPARENT);
+    m_view->OnInitialUpdate();
+    return true;
+}
+
+void XDynDialogScroll::FitAroundDialog(const XDialogForView& dialog) {
+    const int width = dialog.GetViewWidth() + kAroundDialog;
+    const int height = dialog.GetViewHeight() + kAroundDialog;
+    MoveWindow(0, 0, width, height);
+    MoveWindow((GetSystemMetrics(SM_CXSCREEN) - width) / 2, (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width,
+               height);
+}
+
+void XDynDialogScroll::OnSize(UINT type, int cx, int cy) {
+    CDialog::OnSize(type, cx, cy);
+    if (m_view != nullptr && m_view->IsLive()) m_view->MoveWindow(0, 0, cx, cy);
+}
+
+// Null is passed over: the platform's dialog manager uses the same number for a message of its own.
+LRESULT XDynDialogScroll::OnSetPlacement(WPARAM /*wParam*/, LPARAM lParam) {
+    if (lParam != 0) SetWindowPlacement(*reinterpret_cast<const WINDOWPLACEMENT*>(lParam));
+    return 0;
+}
+
+// The view and the dialog hear of the destruction after the frame, so that the placement reaches the dialog before it
+// writes the record.
+void XDynDialogScroll::OnDestroy() {
+    CDialog::OnDestroy();
+    if (m_view == nullptr || !m_view->IsLive()) return;
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (GetWindowPlacement(placement)) m_view->SetFramePlacement(placement);
+}
+
+void XDynDialogScroll::OnClose() {
+    if (!m_isModal) {
+        DestroyWindow();
+        return;
+    }
+    CDialog::OnClose();
+}
+
+void XDynDialogScroll::OnOK() {
+    if (CWnd* ok = GetDlgItem(IDOK)) ok->SetFocus();
+    if (XDialogForView* dialog = GetInnerDialog()) dialog->OnOK();
+}
+
+void XDynDialogScroll::OnCancel() {
+    CDialog::OnCancel();
+}
+
+// One dialog for the keyboard: the frame. The nested dialogs' own default buttons would otherwise answer Enter.
+bool XDynDialogScroll::PreTranslateMessage(MSG& message) {
+    if (TranslateEnter(message)) return true;
+    return CDialog::PreTranslateMessage(message);
+}
+
+// Enter presses the button that has the focus, in the button's own dialog, and is OK everywhere else. A control that
+// wants the key (an open list, an edit with lines) keeps it.
+bool XDynDialogScroll::TranslateEnter(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+    const HWND focus = ::GetFocus();
+    if (focus == nullptr || IsChild(m_hWnd, focus) == FALSE) return false;
+    const LRESULT wants = ::SendMessageW(focus, WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&message));
+    if ((wants & DLGC_WANTMESSAGE) != 0) return false;
+    if ((wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
+        const int id = ::GetDlgCtrlID(focus);
+        ::SendMessageW(::GetParent(focus), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(focus));
+        return true;
+    }
+    SendMessage(WM_COMMAND, IDOK);
+    return true;
+}

@@ -1,0 +1,118 @@
+#include "qvclient/qvsettingsdialog/dialogs/dyn_property_page.h"
+
+#include "framework/check_list_box.h"
+#include "qvclient/qvsettingsdialog/controls/settings_messages.h"
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
+
+QV_RUNTIME_CLASS(XDynPropertyPage, CPropertyPage)
+
+namespace {
+
+constexpr int kLayoutMode = 1;
+constexpr int kMargin = 10;  // pixels on every side of the layout
+
+// Does this notification mean that the user changed the control's value? The checked list box comes before the list
+// box, which it also is: only its check marks count, not its selection.
+bool MeansChange(UINT code, const CWnd& control) {
+    if (DynamicDownCast<CCheckListBox>(&control) != nullptr) return code == CLBN_CHKCHANGE;
+    if (DynamicDownCast<CListBox>(&control) != nullptr) return code == LBN_SELCHANGE;
+    if (DynamicDownCast<CComboBox>(&control) != nullptr) return code == CBN_SELCHANGE || code == CBN_EDITCHANGE;
+    if (DynamicDownCast<CEdit>(&control) != nullptr) return code == EN_CHANGE;
+    if (DynamicDownCast<CButton>(&control) != nullptr) return code == BN_CLICKED;
+    return false;
+}
+
+}  // namespace
+
+XDynPropertyPage::XDynPropertyPage(PageRecord& record, std::wstring title, UINT pageIndex, CPropertySheet& sheet)
+    : CPropertyPage(IDD_SETTINGS_PAGE),
+      m_record(record),
+      m_layout(kLayoutMode),
+      m_title(std::move(title)),
+      m_pageIndex(pageIndex),
+      m_sheet(sheet) {}
+
+XDynPropertyPage::~XDynPropertyPage() = default;
+
+const MessageMap* XDynPropertyPage::GetThisMessageMap() {
+    static const MessageMap map{CPropertyPage::GetThisMessageMap(),
+                                {
+                                    on::Size<&XDynPropertyPage::OnSize>(),
+                                    on::Message<&XDynPropertyPage::OnSettingsModified>(WM_SETTINGS_MODIFIED),
+                                }};
+    return &map;
+}
+
+const MessageMap* XDynPropertyPage::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+void XDynPropertyPage::MakeActivePage() {
+    m_sheet.SetActivePage(this);
+}
+
+void XDynPropertyPage::DoDataExchange(CDataExchange& exchange) {
+    CPropertyPage::DoDataExchange(exchange);
+}
+
+bool XDynPropertyPage::OnInitDialog() {
+    CPropertyPage::OnInitDialog();
+    CreateSpecialControls();
+    const std::vector<XLayout::Group*> groups = m_record.Groups();
+    for (XLayout::Group* group : groups) {
+        group->parent = this;
+        for (const auto& column : group->columns)
+            column->parent = this;
+    }
+    // Tabs get their texts here and nowhere else, so the sheet visits every page once when it starts.
+    if (CTabCtrl* tab = m_sheet.GetTabControl()) tab->SetItemText(static_cast<int>(m_pageIndex), m_title);
+    m_layout.InitLayoutManager(this, groups);
+    m_layout.SetDefaultTabOrder();
+    m_initialised = true;
+    return true;
+}
+
+void XDynPropertyPage::CreateSpecialControls() {
+    const std::vector<XLayout::Group*> groups = m_record.Groups();
+    UINT id = kFirstSpecialControlId;
+    for (const SpecialControlKind kind : m_record.ControlKinds()) {
+        for (const auto& control : m_record.Controls(kind)) {
+            // Deliberate: a refused window is not reported here. The layout leaves such a row empty and keeps it from
+            // being stored.
+            if (control->CreateOnPage(*this, id)) {
+                control->ShowInitValue();
+                if (kind == SpecialControlKind::Button) control->Window().SetFont(GetFont(), true);
+            }
+            ++id;
+            for (const auto& [row, group] : control->GetLayoutCells()) {
+                groups.at(static_cast<std::size_t>(group))->columns.at(static_cast<std::size_t>(row))->control =
+                    &control->Window();
+            }
+        }
+    }
+}
+
+void XDynPropertyPage::OnSize(UINT type, int cx, int cy) {
+    CPropertyPage::OnSize(type, cx, cy);
+    m_layout.RecalcLayout(kMargin, kMargin, cx - 2 * kMargin, cy - 2 * kMargin);
+}
+
+bool XDynPropertyPage::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const UINT id = LOWORD(wParam);
+    const UINT code = HIWORD(wParam);
+    if (id != 0 && m_initialised) {
+        const CWnd* control = CWnd::FromHandle(reinterpret_cast<HWND>(lParam));
+        if (control != nullptr && MeansChange(code, *control)) ReportChange();
+    }
+    return CPropertyPage::OnCommand(wParam, lParam);
+}
+
+// Controls that report their own changes are passed on even while the page is being filled.
+LRESULT XDynPropertyPage::OnSettingsModified(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    ReportChange();
+    return 0;
+}
+
+void XDynPropertyPage::ReportChange() {
+    m_sheet.SendMessage(WM_SETTINGS_MODIFIED);
+}
