@@ -148,6 +148,12 @@ struct COMPAREITEMSTRUCT {
     DWORD dwLocaleId;
 };
 using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
+struct CWPSTRUCT {
+    LPARAM lParam;
+    WPARAM wParam;
+    UINT message;
+    HWND hwnd;
+};
 struct SCROLLINFO {
     UINT cbSize;
     UINT fMask;
@@ -297,6 +303,7 @@ BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last);
 BOOL TranslateMessage(const MSG* message);
 LRESULT DispatchMessageW(const MSG* message);
 BOOL WaitMessage();
+BOOL CallMsgFilterW(MSG* message, int code);
 UINT RegisterWindowMessageW(LPCWSTR name);
 LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

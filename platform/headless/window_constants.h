@@ -56,6 +56,7 @@
 #define CS_PARENTDC 0x0080
 #define CS_GLOBALCLASS 0x4000
 #define CS_SAVEBITS 0x0800
+#define CS_NOCLOSE 0x0200
 #define CS_DROPSHADOW 0x00020000
 #define DS_ABSALIGN 0x01
 #define DS_SYSMODAL 0x02
@@ -93,6 +94,11 @@
 #define GWL_USERDATA (-21)
 #define GCW_ATOM (-32)
 #define GCL_STYLE (-26)
+#define GCLP_HBRBACKGROUND (-10)
+#define GCLP_HCURSOR (-12)
+#define GCLP_HICON (-14)
+#define GCLP_WNDPROC (-24)
+#define GCLP_HICONSM (-34)
 #define GW_HWNDFIRST 0
 #define GW_HWNDLAST 1
 #define GW_HWNDNEXT 2

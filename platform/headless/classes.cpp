@@ -1,0 +1,176 @@
+#include <algorithm>
+#include <cwchar>
+#include <cwctype>
+
+#include "platform/headless/desktop_state.h"
+
+namespace qv::desk {
+
+std::wstring LowerCase(std::wstring_view text) {
+    std::wstring lower(text);
+    for (wchar_t& unit : lower) unit = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(unit)));
+    return lower;
+}
+
+// A class is seen by the module that registered it, a global one by everybody; no module means any.
+WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
+    State& state = Desk();
+    if (!name) return nullptr;
+    if (IS_INTRESOURCE(name)) {
+        const auto found = state.classAtoms.find(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+        return found == state.classAtoms.end() ? nullptr : found->second;
+    }
+    const auto found = state.classes.find(LowerCase(name));
+    if (found == state.classes.end()) return nullptr;
+    WindowClass* global = nullptr;
+    for (const auto& candidate : found->second) {
+        if (candidate->info.style & CS_GLOBALCLASS) {
+            global = candidate.get();
+        } else if (!instance || !candidate->info.hInstance || candidate->info.hInstance == instance) {
+            return candidate.get();
+        }
+    }
+    return global;
+}
+
+namespace {
+
+void CopyInfo(const WindowClass& source, WNDCLASSEXW& target) {
+    target = source.info;
+    target.cbSize = sizeof(WNDCLASSEXW);
+    target.lpszClassName = source.name.c_str();
+    if (!IS_INTRESOURCE(source.info.lpszMenuName)) target.lpszMenuName = source.menuName.c_str();
+}
+
+}  // namespace
+}  // namespace qv::desk
+
+using namespace qv::desk;
+
+ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
+    if (!windowClass || windowClass->cbSize != sizeof(WNDCLASSEXW) || !windowClass->lpszClassName ||
+        !windowClass->lpfnWndProc || windowClass->cbWndExtra < 0 || IS_INTRESOURCE(windowClass->lpszClassName) ||
+        !*windowClass->lpszClassName) {
+        SetLastError(kErrorInvalidParameter);
+        return 0;
+    }
+    State& state = Desk();
+    auto& sameName = state.classes[LowerCase(windowClass->lpszClassName)];
+    const bool taken = std::any_of(sameName.begin(), sameName.end(), [&](const auto& other) {
+        return other->info.hInstance == windowClass->hInstance ||
+               (other->info.style & windowClass->style & CS_GLOBALCLASS) != 0;
+    });
+    if (taken) {
+        SetLastError(kErrorClassAlreadyExists);
+        return 0;
+    }
+    auto entry = std::make_unique<WindowClass>();
+    entry->name = windowClass->lpszClassName;
+    entry->info = *windowClass;
+    if (!IS_INTRESOURCE(windowClass->lpszMenuName)) entry->menuName = windowClass->lpszMenuName;
+    entry->info.lpszClassName = nullptr;
+    entry->atom = state.nextAtom++;
+    const ATOM atom = entry->atom;
+    state.classAtoms[atom] = entry.get();
+    sameName.push_back(std::move(entry));
+    return atom;
+}
+
+ATOM RegisterClassW(const WNDCLASSW* windowClass) {
+    if (!windowClass) {
+        SetLastError(kErrorInvalidParameter);
+        return 0;
+    }
+    WNDCLASSEXW extended{};
+    extended.cbSize = sizeof extended;
+    extended.style = windowClass->style;
+    extended.lpfnWndProc = windowClass->lpfnWndProc;
+    extended.cbClsExtra = windowClass->cbClsExtra;
+    extended.cbWndExtra = windowClass->cbWndExtra;
+    extended.hInstance = windowClass->hInstance;
+    extended.hIcon = windowClass->hIcon;
+    extended.hCursor = windowClass->hCursor;
+    extended.hbrBackground = windowClass->hbrBackground;
+    extended.lpszMenuName = windowClass->lpszMenuName;
+    extended.lpszClassName = windowClass->lpszClassName;
+    return RegisterClassExW(&extended);
+}
+
+BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance) {
+    State& state = Desk();
+    WindowClass* found = FindClass(instance, name);
+    if (!found) {
+        SetLastError(kErrorClassDoesNotExist);
+        return FALSE;
+    }
+    if (found->windows) {
+        SetLastError(kErrorClassHasWindows);
+        return FALSE;
+    }
+    state.classAtoms.erase(found->atom);
+    const auto sameName = state.classes.find(LowerCase(found->name));
+    std::erase_if(sameName->second, [&](const auto& entry) { return entry.get() == found; });
+    if (sameName->second.empty()) state.classes.erase(sameName);
+    return TRUE;
+}
+
+BOOL GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* windowClass) {
+    const WindowClass* found = FindClass(instance, name);
+    if (!found || !windowClass) {
+        SetLastError(kErrorClassDoesNotExist);
+        return FALSE;
+    }
+    CopyInfo(*found, *windowClass);
+    return found->atom;
+}
+
+BOOL GetClassInfoW(HINSTANCE instance, LPCWSTR name, WNDCLASSW* windowClass) {
+    WNDCLASSEXW extended{};
+    const BOOL found = GetClassInfoExW(instance, name, &extended);
+    if (!found || !windowClass) return FALSE;
+    windowClass->style = extended.style;
+    windowClass->lpfnWndProc = extended.lpfnWndProc;
+    windowClass->cbClsExtra = extended.cbClsExtra;
+    windowClass->cbWndExtra = extended.cbWndExtra;
+    windowClass->hInstance = extended.hInstance;
+    windowClass->hIcon = extended.hIcon;
+    windowClass->hCursor = extended.hCursor;
+    windowClass->hbrBackground = extended.hbrBackground;
+    windowClass->lpszMenuName = extended.lpszMenuName;
+    windowClass->lpszClassName = extended.lpszClassName;
+    return found;
+}
+
+int GetClassNameW(HWND window, LPWSTR buffer, int room) {
+    const Window* found = Find(window);
+    if (!found || !buffer || room <= 0) return 0;
+    const std::size_t length = std::min(found->windowClass->name.size(), static_cast<std::size_t>(room - 1));
+    std::wmemcpy(buffer, found->windowClass->name.c_str(), length);
+    buffer[length] = L'\0';
+    return static_cast<int>(length);
+}
+
+ULONG_PTR GetClassLongPtrW(HWND window, int index) {
+    const Window* found = Find(window);
+    if (!found) return 0;
+    const WNDCLASSEXW& info = found->windowClass->info;
+    switch (index) {
+        case GCW_ATOM:
+            return found->windowClass->atom;
+        case GCL_STYLE:
+            return info.style;
+        case GCLP_HICON:
+            return reinterpret_cast<ULONG_PTR>(info.hIcon);
+        case GCLP_HICONSM:
+            return reinterpret_cast<ULONG_PTR>(info.hIconSm);
+        case GCLP_HBRBACKGROUND:
+            return reinterpret_cast<ULONG_PTR>(info.hbrBackground);
+        case GCLP_HCURSOR:
+            return reinterpret_cast<ULONG_PTR>(info.hCursor);
+        case GCLP_WNDPROC:
+            return reinterpret_cast<ULONG_PTR>(info.lpfnWndProc);
+        default:
+            SetLastError(kErrorInvalidIndex);
+            return 0;
+    }
+}

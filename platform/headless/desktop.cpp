@@ -1,0 +1,112 @@
+#include "platform/headless/desktop.h"
+
+#include "platform/headless/desktop_state.h"
+
+namespace qv::desk {
+
+std::size_t LiveMenus() noexcept;
+
+State& Desk() {
+    // Never destroyed: windows and classes of modules that unload late still find it.
+    static State& state = *new State;
+    return state;
+}
+
+namespace {
+
+LRESULT DesktopWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+State::State() {
+    // Slot 0 stays unused, so that no handle is null.
+    slots.resize(1);
+    uses.resize(1);
+    const auto addClass = [this](const wchar_t* name, ATOM atom, WNDPROC procedure, int extra) {
+        auto entry = std::make_unique<WindowClass>();
+        entry->name = name;
+        entry->info.cbSize = sizeof(WNDCLASSEXW);
+        entry->info.style = CS_GLOBALCLASS | CS_DBLCLKS;
+        entry->info.lpfnWndProc = procedure;
+        entry->info.cbWndExtra = extra;
+        entry->atom = atom;
+        classAtoms[atom] = entry.get();
+        WindowClass* added = entry.get();
+        classes[name].push_back(std::move(entry));
+        return added;
+    };
+    addClass(L"#32770", kDialogAtom, DialogWindowProc, DLGWINDOWEXTRA);
+    WindowClass* desktop = addClass(L"#32769", kDesktopAtom, DesktopWindowProc, 0);
+    const auto addRoot = [&] {
+        auto window = std::make_unique<Window>();
+        window->handle = reinterpret_cast<HWND>(slots.size() | (std::uintptr_t{1} << 16));
+        window->windowClass = desktop;
+        window->procedure = DesktopWindowProc;
+        window->style = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+        window->place = {0, 0, screen.cx, screen.cy};
+        window->client = window->place;
+        Window* added = window.get();
+        slots.push_back(std::move(window));
+        uses.push_back(1);
+        return added;
+    };
+    root = addRoot();
+    messageRoot = addRoot();
+    messageRoot->place = messageRoot->client = {};
+}
+
+}  // namespace qv::desk
+
+namespace qv {
+
+using desk::Desk;
+
+void Desktop::Reset() {
+    desk::State& state = Desk();
+    for (desk::Window* root : {state.root, state.messageRoot}) {
+        while (root->first) DestroyWindow(root->first->handle);
+    }
+    state.queue.clear();
+    state.quitPosted = false;
+    state.timers.clear();
+    state.dirtyWindows.clear();
+    state.focus = state.active = state.capture = state.caret = nullptr;
+    state.keys.fill(0);
+    state.hooks.clear();
+    state.hookChains.clear();
+    state.boxAnswers.clear();
+    state.windowLimit = 10000;
+    state.failCreation = 0;
+    state.dpi = 96;
+    SetScreenSize(1920, 1200);
+}
+
+Desktop::Counters Desktop::Count() {
+    const desk::State& state = Desk();
+    return {.windows = state.liveWindows,
+            .deviceContexts = desk::LiveContexts(),
+            .fonts = desk::LiveFonts(),
+            .gdiObjects = desk::LiveObjects(),
+            .icons = desk::LiveIcons(),
+            .menus = desk::LiveMenus(),
+            .hooks = state.hooks.size(),
+            .timers = state.timers.size(),
+            .queuedMessages = state.queue.size()};
+}
+
+void Desktop::SetScreenSize(int width, int height) {
+    desk::State& state = Desk();
+    state.screen = {width, height};
+    state.workArea = {0, 0, width, height};
+    state.root->place = state.root->client = state.workArea;
+}
+
+void Desktop::SetWorkArea(const RECT& area) { Desk().workArea = area; }
+void Desktop::SetDpi(UINT dpi) { Desk().dpi = dpi; }
+void Desktop::FailWindowCreation(std::size_t nth) { Desk().failCreation = nth; }
+void Desktop::SetWindowLimit(std::size_t limit) { Desk().windowLimit = limit; }
+void Desktop::AnswerMessageBox(int button) { Desk().boxAnswers.push_back(button); }
+
+}  // namespace qv
