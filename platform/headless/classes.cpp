@@ -2,18 +2,23 @@
 #include <cwchar>
 #include <cwctype>
 
+#include "platform/headless/controls/register.h"
 #include "platform/headless/desktop_state.h"
 
 namespace qv::desk {
 
 std::wstring LowerCase(std::wstring_view text) {
     std::wstring lower(text);
-    for (wchar_t& unit : lower) unit = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(unit)));
+    for (wchar_t& unit : lower)
+        unit = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(unit)));
     return lower;
 }
 
 // A class is seen by the module that registered it, a global one by everybody; no module means any.
 WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
+    // The standard controls are there before anybody asks for one.
+    static const bool s_controls = (headless::RegisterStandardControls(), true);
+    static_cast<void>(s_controls);
     State& state = Desk();
     if (!name) return nullptr;
     if (IS_INTRESOURCE(name)) {

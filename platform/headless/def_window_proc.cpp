@@ -1,6 +1,7 @@
 // What a window does when its own procedure has no opinion.
 #include <algorithm>
 #include <cwchar>
+#include <utility>
 
 #include "platform/headless/desktop_state.h"
 

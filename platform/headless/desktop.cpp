@@ -66,7 +66,8 @@ using desk::Desk;
 void Desktop::Reset() {
     desk::State& state = Desk();
     for (desk::Window* root : {state.root, state.messageRoot}) {
-        while (root->first) DestroyWindow(root->first->handle);
+        while (root->first)
+            DestroyWindow(root->first->handle);
     }
     state.queue.clear();
     state.quitPosted = false;
@@ -89,7 +90,6 @@ Desktop::Counters Desktop::Count() {
             .deviceContexts = desk::LiveContexts(),
             .fonts = desk::LiveFonts(),
             .gdiObjects = desk::LiveObjects(),
-            .icons = desk::LiveIcons(),
             .menus = desk::LiveMenus(),
             .hooks = state.hooks.size(),
             .timers = state.timers.size(),
@@ -103,10 +103,20 @@ void Desktop::SetScreenSize(int width, int height) {
     state.root->place = state.root->client = state.workArea;
 }
 
-void Desktop::SetWorkArea(const RECT& area) { Desk().workArea = area; }
-void Desktop::SetDpi(UINT dpi) { Desk().dpi = dpi; }
-void Desktop::FailWindowCreation(std::size_t nth) { Desk().failCreation = nth; }
-void Desktop::SetWindowLimit(std::size_t limit) { Desk().windowLimit = limit; }
-void Desktop::AnswerMessageBox(int button) { Desk().boxAnswers.push_back(button); }
+void Desktop::SetWorkArea(const RECT& area) {
+    Desk().workArea = area;
+}
+void Desktop::SetDpi(UINT dpi) {
+    Desk().dpi = dpi;
+}
+void Desktop::FailWindowCreation(std::size_t nth) {
+    Desk().failCreation = nth;
+}
+void Desktop::SetWindowLimit(std::size_t limit) {
+    Desk().windowLimit = limit;
+}
+void Desktop::AnswerMessageBox(int button) {
+    Desk().boxAnswers.push_back(button);
+}
 
 }  // namespace qv

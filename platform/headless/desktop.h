@@ -1,5 +1,6 @@
 // The desktop in memory as a test of the native build sees it: its size, what is alive on it, and the failures that one
-// cannot provoke through the platform's own calls. It has no counterpart on Windows; code above the platform never uses it.
+// cannot provoke through the platform's own calls. It has no counterpart on Windows; code above the platform never uses
+// it.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +17,6 @@ public:
         std::size_t deviceContexts;
         std::size_t fonts;
         std::size_t gdiObjects;  // fonts, brushes and pens that somebody made
-        std::size_t icons;
         std::size_t menus;
         std::size_t hooks;
         std::size_t timers;

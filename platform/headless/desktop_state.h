@@ -1,6 +1,6 @@
 // What the desktop in memory consists of, and the steps that its parts share. Private to this folder: everything above
-// sees the platform's calls only. Handles go stale whenever a message is sent, so a function that sends looks its windows
-// up again by handle afterwards.
+// sees the platform's calls only. Handles go stale whenever a message is sent, so a function that sends looks its
+// windows up again by handle afterwards.
 #pragma once
 
 #include <array>
@@ -59,6 +59,7 @@ struct ScrollBar {
     UINT page = 0;
     int position = 0;
     bool disabled = false;
+    bool known = false;  // somebody has set it: it answers even without its style
 };
 
 // What the dialog manager keeps for one dialog; there as soon as the dialog's procedure has seen the window.
@@ -177,7 +178,9 @@ struct State {
 // Null for a handle that is no live window; the second form also leaves the error that calls report then.
 [[nodiscard]] Window* Peek(HWND handle) noexcept;
 [[nodiscard]] Window* Find(HWND handle) noexcept;
-[[nodiscard]] inline HWND HandleOf(const Window* window) noexcept { return window ? window->handle : nullptr; }
+[[nodiscard]] inline HWND HandleOf(const Window* window) noexcept {
+    return window ? window->handle : nullptr;
+}
 [[nodiscard]] inline bool IsChildStyle(const Window& window) noexcept {
     return (window.style & (WS_CHILD | WS_POPUP)) == WS_CHILD;
 }
@@ -200,8 +203,12 @@ void Unlink(Window& window);
 // rectangles.cpp
 [[nodiscard]] POINT ClientOrigin(const Window* window) noexcept;
 [[nodiscard]] RECT ScreenRect(const Window& window) noexcept;
-[[nodiscard]] inline LONG WidthOf(const RECT& rect) noexcept { return rect.right - rect.left; }
-[[nodiscard]] inline LONG HeightOf(const RECT& rect) noexcept { return rect.bottom - rect.top; }
+[[nodiscard]] inline LONG WidthOf(const RECT& rect) noexcept {
+    return rect.right - rect.left;
+}
+[[nodiscard]] inline LONG HeightOf(const RECT& rect) noexcept {
+    return rect.bottom - rect.top;
+}
 
 // placement.cpp
 [[nodiscard]] MINMAXINFO QueryMinMax(HWND handle);
@@ -237,7 +244,6 @@ void ReleaseContextsOf(HWND handle);
 [[nodiscard]] std::size_t LiveContexts() noexcept;
 [[nodiscard]] std::size_t LiveFonts() noexcept;
 [[nodiscard]] std::size_t LiveObjects() noexcept;
-[[nodiscard]] std::size_t LiveIcons() noexcept;
 // Null for anything that is no font.
 [[nodiscard]] const LOGFONTW* FontOf(HGDIOBJ object) noexcept;
 [[nodiscard]] HFONT FontSelectedInto(HDC dc) noexcept;

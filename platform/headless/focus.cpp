@@ -129,8 +129,8 @@ HWND SetFocus(HWND handle) {
         if (up->style & (WS_MINIMIZE | WS_DISABLED)) return nullptr;
         if (!IsChildStyle(*up) || IsTopLevel(*up)) break;
     }
-    if (HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_SETFOCUS, reinterpret_cast<WPARAM>(handle),
-                                     reinterpret_cast<LPARAM>(previous)) != 0) {
+    if (HasHook(WH_CBT) &&
+        CallHooks(WH_CBT, HCBT_SETFOCUS, reinterpret_cast<WPARAM>(handle), reinterpret_cast<LPARAM>(previous)) != 0) {
         return nullptr;
     }
     window = Peek(handle);
@@ -143,9 +143,15 @@ HWND SetFocus(HWND handle) {
     return Peek(previous) ? previous : nullptr;
 }
 
-HWND GetFocus() { return Desk().focus; }
-HWND GetActiveWindow() { return Desk().active; }
-HWND GetForegroundWindow() { return Desk().active; }
+HWND GetFocus() {
+    return Desk().focus;
+}
+HWND GetActiveWindow() {
+    return Desk().active;
+}
+HWND GetForegroundWindow() {
+    return Desk().active;
+}
 
 HWND SetActiveWindow(HWND handle) {
     const HWND previous = Desk().active;
@@ -177,7 +183,9 @@ BOOL ReleaseCapture() {
     return TRUE;
 }
 
-HWND GetCapture() { return Desk().capture; }
+HWND GetCapture() {
+    return Desk().capture;
+}
 
 // True when the window was disabled before.
 BOOL EnableWindow(HWND handle, BOOL enable) {

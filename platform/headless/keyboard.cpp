@@ -1,5 +1,6 @@
 // Key state, the characters that keys make (US layout), cursor and caret.
 #include <algorithm>
+#include <utility>
 
 #include "platform/headless/desktop_state.h"
 
@@ -10,7 +11,9 @@ namespace {
 constexpr BYTE kDown = 0x80;
 constexpr BYTE kToggled = 0x01;
 
-bool IsDown(int key) { return (Desk().keys[static_cast<std::size_t>(key)] & kDown) != 0; }
+bool IsDown(int key) {
+    return (Desk().keys[static_cast<std::size_t>(key)] & kDown) != 0;
+}
 
 struct KeyCharacters {
     UINT key;
@@ -19,12 +22,12 @@ struct KeyCharacters {
 };
 
 constexpr KeyCharacters kLayout[] = {
-    {'0', L'0', L')'},          {'1', L'1', L'!'},         {'2', L'2', L'@'},          {'3', L'3', L'#'},
-    {'4', L'4', L'$'},          {'5', L'5', L'%'},         {'6', L'6', L'^'},          {'7', L'7', L'&'},
-    {'8', L'8', L'*'},          {'9', L'9', L'('},         {VK_OEM_1, L';', L':'},     {VK_OEM_PLUS, L'=', L'+'},
+    {'0', L'0', L')'},          {'1', L'1', L'!'},          {'2', L'2', L'@'},           {'3', L'3', L'#'},
+    {'4', L'4', L'$'},          {'5', L'5', L'%'},          {'6', L'6', L'^'},           {'7', L'7', L'&'},
+    {'8', L'8', L'*'},          {'9', L'9', L'('},          {VK_OEM_1, L';', L':'},      {VK_OEM_PLUS, L'=', L'+'},
     {VK_OEM_COMMA, L',', L'<'}, {VK_OEM_MINUS, L'-', L'_'}, {VK_OEM_PERIOD, L'.', L'>'}, {VK_OEM_2, L'/', L'?'},
-    {VK_SPACE, L' ', L' '},     {VK_TAB, L'\t', L'\t'},    {VK_RETURN, L'\r', L'\r'},  {VK_BACK, L'\b', L'\b'},
-    {VK_ESCAPE, 0x1B, 0x1B},    {VK_ADD, L'+', L'+'},      {VK_SUBTRACT, L'-', L'-'},  {VK_MULTIPLY, L'*', L'*'},
+    {VK_SPACE, L' ', L' '},     {VK_TAB, L'\t', L'\t'},     {VK_RETURN, L'\r', L'\r'},   {VK_BACK, L'\b', L'\b'},
+    {VK_ESCAPE, 0x1B, 0x1B},    {VK_ADD, L'+', L'+'},       {VK_SUBTRACT, L'-', L'-'},   {VK_MULTIPLY, L'*', L'*'},
     {VK_DIVIDE, L'/', L'/'},    {VK_DECIMAL, L'.', L'.'},
 };
 
@@ -107,7 +110,9 @@ BOOL SetCursorPos(int x, int y) {
     return TRUE;
 }
 
-HCURSOR SetCursor(HCURSOR cursor) { return std::exchange(Desk().cursorShape, cursor); }
+HCURSOR SetCursor(HCURSOR cursor) {
+    return std::exchange(Desk().cursorShape, cursor);
+}
 
 // The platform's own cursors are all there is; each has one handle.
 HCURSOR LoadCursorW(HINSTANCE, LPCWSTR name) {
@@ -115,9 +120,15 @@ HCURSOR LoadCursorW(HINSTANCE, LPCWSTR name) {
     return IS_INTRESOURCE(name) ? reinterpret_cast<HCURSOR>(kCursors | reinterpret_cast<UINT_PTR>(name)) : nullptr;
 }
 
-int ShowCursor(BOOL show) { return show ? 1 : 0; }
-BOOL MessageBeep(UINT) { return TRUE; }
-UINT GetDoubleClickTime() { return 500; }
+int ShowCursor(BOOL show) {
+    return show ? 1 : 0;
+}
+BOOL MessageBeep(UINT) {
+    return TRUE;
+}
+UINT GetDoubleClickTime() {
+    return 500;
+}
 
 BOOL CreateCaret(HWND window, HBITMAP, int, int) {
     if (!Find(window)) return FALSE;
@@ -132,8 +143,12 @@ BOOL DestroyCaret() {
     return TRUE;
 }
 
-BOOL ShowCaret(HWND window) { return Desk().caret && (!window || Desk().caret == window); }
-BOOL HideCaret(HWND window) { return Desk().caret && (!window || Desk().caret == window); }
+BOOL ShowCaret(HWND window) {
+    return Desk().caret && (!window || Desk().caret == window);
+}
+BOOL HideCaret(HWND window) {
+    return Desk().caret && (!window || Desk().caret == window);
+}
 
 BOOL SetCaretPos(int x, int y) {
     Desk().caretPosition = {x, y};

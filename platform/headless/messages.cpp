@@ -131,7 +131,8 @@ LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (window == HWND_BROADCAST) {
-        for (const HWND top : ChildrenOf(*Desk().root)) Desk().queue.push_back(Stamp(top, message, wParam, lParam));
+        for (const HWND top : ChildrenOf(*Desk().root))
+            Desk().queue.push_back(Stamp(top, message, wParam, lParam));
         return TRUE;
     }
     if (window && !Find(window)) return FALSE;
@@ -156,16 +157,18 @@ BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last) {
     if (!message) return -1;
     if (window && window != reinterpret_cast<HWND>(INT_PTR{-1}) && !Find(window)) return -1;
     if (Retrieve(*message, {window, first, last}, true, true)) return message->message != WM_QUIT;
-    std::fprintf(stderr,
-                 "headless desktop: GetMessageW with an empty queue: no message, paint or timer is left that could wake "
-                 "the caller. A modal loop is waiting for a button that nobody will press.\n");
+    std::fprintf(
+        stderr,
+        "headless desktop: GetMessageW with an empty queue: no message, paint or timer is left that could wake "
+        "the caller. A modal loop is waiting for a button that nobody will press.\n");
     std::abort();
 }
 
 BOOL WaitMessage() {
     MSG message{};
     if (Retrieve(message, {nullptr, 0, 0}, false, true)) return TRUE;
-    std::fprintf(stderr, "headless desktop: WaitMessage with an empty queue: nothing is left that could wake the caller.\n");
+    std::fprintf(stderr,
+                 "headless desktop: WaitMessage with an empty queue: nothing is left that could wake the caller.\n");
     std::abort();
 }
 
@@ -221,7 +224,9 @@ DWORD GetMessagePos() {
     return static_cast<DWORD>(MAKELONG(static_cast<std::uintptr_t>(point.x), static_cast<std::uintptr_t>(point.y)));
 }
 
-LONG GetMessageTime() { return static_cast<LONG>(Desk().lastMessage.time); }
+LONG GetMessageTime() {
+    return static_cast<LONG>(Desk().lastMessage.time);
+}
 
 BOOL CallMsgFilterW(MSG* message, int code) {
     return HasHook(WH_MSGFILTER) && CallHooks(WH_MSGFILTER, code, 0, reinterpret_cast<LPARAM>(message)) != 0;

@@ -15,7 +15,7 @@ MINMAXINFO QueryMinMax(HWND handle) {
     const Window* window = Peek(handle);
     if (!window) return limits;
     RECT frame{};
-    AdjustWindowRectEx(&frame, (window->style & WS_THICKFRAME) ? window->style & ~static_cast<DWORD>(WS_CAPTION) | WS_BORDER : window->style & ~static_cast<DWORD>(WS_CAPTION), FALSE, window->exStyle & ~static_cast<DWORD>(WS_EX_CLIENTEDGE));
+    AdjustWindowRectEx(&frame, window->style, FALSE, window->exStyle);
     const LONG border = -frame.left;
     const State& state = Desk();
     RECT space{0, 0, state.screen.cx, state.screen.cy};
@@ -48,7 +48,9 @@ void CalculateClient(Window& window) {
     RECT rect = place;
     SendMessageW(handle, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&rect));
     Window* again = Peek(handle);
-    if (again) again->client = {rect.left - place.left, rect.top - place.top, rect.right - place.left, rect.bottom - place.top};
+    if (again)
+        again->client = {rect.left - place.left, rect.top - place.top, rect.right - place.left,
+                         rect.bottom - place.top};
 }
 
 namespace {
@@ -63,7 +65,8 @@ void DropEmptyChanges(const Window& window, WINDOWPOS& position, const RECT& pla
     } else {
         position.flags &= ~static_cast<UINT>(SWP_HIDEWINDOW);
     }
-    if (WidthOf(place) == WidthOf(window.place) && HeightOf(place) == HeightOf(window.place)) position.flags |= SWP_NOSIZE;
+    if (WidthOf(place) == WidthOf(window.place) && HeightOf(place) == HeightOf(window.place))
+        position.flags |= SWP_NOSIZE;
     if (place.left == window.place.left && place.top == window.place.top) position.flags |= SWP_NOMOVE;
     if (!IsChildStyle(window) && !(position.flags & (SWP_NOACTIVATE | SWP_HIDEWINDOW)) &&
         position.hwndInsertAfter != HWND_TOPMOST && position.hwndInsertAfter != HWND_NOTOPMOST) {
@@ -195,7 +198,9 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) 
                         SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0u : static_cast<UINT>(SWP_NOREDRAW)));
 }
 
-BOOL BringWindowToTop(HWND window) { return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE); }
+BOOL BringWindowToTop(HWND window) {
+    return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+}
 
 // A batch is a list of positions until it is ended. Each call hands the batch on; a failing one frees it.
 struct HDWP__ {
@@ -247,6 +252,7 @@ BOOL EndDeferWindowPos(HDWP info) {
     if (!info) return FALSE;
     const std::unique_ptr<HDWP__> batch(info);
     bool done = true;
-    for (const WINDOWPOS& position : batch->positions) done = PlaceWindow(position) && done;
+    for (const WINDOWPOS& position : batch->positions)
+        done = PlaceWindow(position) && done;
     return done;
 }

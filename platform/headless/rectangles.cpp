@@ -92,7 +92,9 @@ const Window* Hit(const Window& window, POINT point) {
 
 }  // namespace
 
-HWND WindowFromPoint(POINT point) { return Hit(*Desk().root, point)->handle; }
+HWND WindowFromPoint(POINT point) {
+    return Hit(*Desk().root, point)->handle;
+}
 
 HWND ChildWindowFromPoint(HWND handle, POINT point) {
     const Window* parent = Find(handle);
@@ -111,8 +113,12 @@ BOOL SetRect(RECT* rect, int left, int top, int right, int bottom) {
     return TRUE;
 }
 
-BOOL SetRectEmpty(RECT* rect) { return SetRect(rect, 0, 0, 0, 0); }
-BOOL IsRectEmpty(const RECT* rect) { return !rect || rect->left >= rect->right || rect->top >= rect->bottom; }
+BOOL SetRectEmpty(RECT* rect) {
+    return SetRect(rect, 0, 0, 0, 0);
+}
+BOOL IsRectEmpty(const RECT* rect) {
+    return !rect || rect->left >= rect->right || rect->top >= rect->bottom;
+}
 
 BOOL CopyRect(RECT* target, const RECT* source) {
     if (!target || !source) return FALSE;

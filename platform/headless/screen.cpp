@@ -1,4 +1,5 @@
-// The screen and its measures. One monitor; measures are those of the platform's plain theme at 96 dots an inch, scaled.
+// The screen and its measures. One monitor; measures are those of the platform's plain theme at 96 dots an inch,
+// scaled.
 #include <algorithm>
 #include <cwchar>
 
@@ -18,7 +19,9 @@ constexpr int kEdge = 2;
 constexpr int kIcon = 32;
 constexpr int kSmallIcon = 16;
 
-int Scaled(int pixels) { return MulDiv(pixels, static_cast<int>(Desk().dpi), USER_DEFAULT_SCREEN_DPI); }
+int Scaled(int pixels) {
+    return MulDiv(pixels, static_cast<int>(Desk().dpi), USER_DEFAULT_SCREEN_DPI);
+}
 
 const HMONITOR kMonitor = reinterpret_cast<HMONITOR>(std::uintptr_t{0x10001});
 
@@ -184,7 +187,9 @@ BOOL GetMonitorInfoW(HMONITOR monitor, MONITORINFO* info) {
     return TRUE;
 }
 
-UINT GetDpiForWindow(HWND window) { return Find(window) ? Desk().dpi : 0; }
+UINT GetDpiForWindow(HWND window) {
+    return Find(window) ? Desk().dpi : 0;
+}
 
 BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {
     if (!rect) return FALSE;
@@ -205,4 +210,6 @@ BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {
     return TRUE;
 }
 
-BOOL AdjustWindowRect(RECT* rect, DWORD style, BOOL menu) { return AdjustWindowRectEx(rect, style, menu, 0); }
+BOOL AdjustWindowRect(RECT* rect, DWORD style, BOOL menu) {
+    return AdjustWindowRectEx(rect, style, menu, 0);
+}

@@ -9,7 +9,9 @@ namespace {
 
 constexpr POINT kUnset{-1, -1};
 
-bool IsSet(POINT point) { return point.x != kUnset.x || point.y != kUnset.y; }
+bool IsSet(POINT point) {
+    return point.x != kUnset.x || point.y != kUnset.y;
+}
 
 RECT MaximisedRect(HWND handle) {
     const MINMAXINFO limits = QueryMinMax(handle);
@@ -42,8 +44,8 @@ RECT ChangeShowState(Window& window, int show) {
         case SW_SHOWMINNOACTIVE:
         case SW_SHOWMINIMIZED:
         case SW_FORCEMINIMIZE:
-            window.restoreToMaximised = (window.style & WS_MAXIMIZE) != 0 ||
-                                        ((window.style & WS_MINIMIZE) && window.restoreToMaximised);
+            window.restoreToMaximised =
+                (window.style & WS_MAXIMIZE) != 0 || ((window.style & WS_MINIMIZE) && window.restoreToMaximised);
             window.style = (window.style & ~static_cast<DWORD>(WS_MAXIMIZE)) | WS_MINIMIZE;
             return MinimisedRect(window);
         case SW_SHOWMAXIMIZED: {
@@ -133,8 +135,9 @@ void SendPendingSize(HWND handle) {
     WPARAM kind = SIZE_RESTORED;
     if (window->style & WS_MAXIMIZE) kind = SIZE_MAXIMIZED;
     if (window->style & WS_MINIMIZE) kind = SIZE_MINIMIZED;
-    SendMessageW(handle, WM_SIZE, kind,
-                 MAKELPARAM(static_cast<std::uintptr_t>(WidthOf(client)), static_cast<std::uintptr_t>(HeightOf(client))));
+    SendMessageW(
+        handle, WM_SIZE, kind,
+        MAKELPARAM(static_cast<std::uintptr_t>(WidthOf(client)), static_cast<std::uintptr_t>(HeightOf(client))));
     SendMessageW(handle, WM_MOVE, 0,
                  MAKELPARAM(static_cast<std::uintptr_t>(origin.x), static_cast<std::uintptr_t>(origin.y)));
 }
@@ -252,7 +255,8 @@ BOOL GetWindowPlacement(HWND handle, WINDOWPLACEMENT* placement) {
         placement->showCmd = SW_SHOWMAXIMIZED;
         placement->flags = WPF_RESTORETOMAXIMIZED;
     }
-    placement->ptMinPosition = window->style & WS_MINIMIZE ? POINT{window->place.left, window->place.top} : window->minimised;
+    placement->ptMinPosition =
+        window->style & WS_MINIMIZE ? POINT{window->place.left, window->place.top} : window->minimised;
     placement->ptMaxPosition = window->maximised;
     placement->rcNormalPosition = window->style & (WS_MINIMIZE | WS_MAXIMIZE) ? window->normal : window->place;
     const POINT offset = WorkspaceOffset(*window);
@@ -281,7 +285,8 @@ BOOL SetWindowPlacement(HWND handle, const WINDOWPLACEMENT* placement) {
         }
     } else if (window->style & WS_MAXIMIZE) {
         if (IsSet(placement->ptMaxPosition)) {
-            SetWindowPos(handle, nullptr, placement->ptMaxPosition.x, placement->ptMaxPosition.y, 0, 0, kQuiet | SWP_NOSIZE);
+            SetWindowPos(handle, nullptr, placement->ptMaxPosition.x, placement->ptMaxPosition.y, 0, 0,
+                         kQuiet | SWP_NOSIZE);
         }
     } else {
         SetWindowPos(handle, nullptr, normal.left, normal.top, WidthOf(normal), HeightOf(normal), kQuiet);

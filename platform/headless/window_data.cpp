@@ -104,7 +104,8 @@ LONG_PTR WriteLong(HWND handle, int index, LONG_PTR value, std::size_t size) {
             window->instance = reinterpret_cast<HINSTANCE>(value);
             return old;
         case GWLP_HWNDPARENT:
-            if (!IsTopLevel(*window)) return reinterpret_cast<LONG_PTR>(SetParent(handle, reinterpret_cast<HWND>(value)));
+            if (!IsTopLevel(*window))
+                return reinterpret_cast<LONG_PTR>(SetParent(handle, reinterpret_cast<HWND>(value)));
             window->owner = HandleOf(TopLevelOf(Peek(reinterpret_cast<HWND>(value))));
             return old;
         case GWLP_ID:
@@ -128,8 +129,12 @@ LONG_PTR WriteLong(HWND handle, int index, LONG_PTR value, std::size_t size) {
 
 }  // namespace
 
-LONG_PTR GetWindowLongPtrW(HWND window, int index) { return ReadLong(window, index, sizeof(LONG_PTR)); }
-LONG GetWindowLongW(HWND window, int index) { return static_cast<LONG>(ReadLong(window, index, sizeof(LONG))); }
+LONG_PTR GetWindowLongPtrW(HWND window, int index) {
+    return ReadLong(window, index, sizeof(LONG_PTR));
+}
+LONG GetWindowLongW(HWND window, int index) {
+    return static_cast<LONG>(ReadLong(window, index, sizeof(LONG)));
+}
 LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) {
     return WriteLong(window, index, value, sizeof(LONG_PTR));
 }

@@ -58,7 +58,8 @@ void NotifyParents(HWND handle, UINT event) {
 void Release(HWND handle) {
     Window* window = Peek(handle);
     if (!window) return;
-    for (const HWND child : ChildrenOf(*window)) Release(child);
+    for (const HWND child : ChildrenOf(*window))
+        Release(child);
     SendMessageW(handle, WM_NCDESTROY, 0, 0);
     window = Peek(handle);
     if (!window) return;
@@ -95,8 +96,7 @@ std::vector<HWND> OwnedBy(HWND owner) {
 }
 
 DWORD CompleteExStyle(DWORD style, DWORD exStyle) {
-    if ((exStyle & WS_EX_DLGMODALFRAME) ||
-        (!(exStyle & WS_EX_STATICEDGE) && (style & (WS_DLGFRAME | WS_THICKFRAME)))) {
+    if ((exStyle & WS_EX_DLGMODALFRAME) || (!(exStyle & WS_EX_STATICEDGE) && (style & (WS_DLGFRAME | WS_THICKFRAME)))) {
         return exStyle | WS_EX_WINDOWEDGE;
     }
     return exStyle & ~static_cast<DWORD>(WS_EX_WINDOWEDGE);
@@ -134,7 +134,8 @@ bool IsTopLevel(const Window& window) noexcept {
 }
 
 Window* TopLevelOf(Window* window) noexcept {
-    while (window && window->parent && !IsTopLevel(*window)) window = window->parent;
+    while (window && window->parent && !IsTopLevel(*window))
+        window = window->parent;
     return window;
 }
 
@@ -178,7 +179,8 @@ void Unlink(Window& window) {
 
 std::vector<HWND> ChildrenOf(const Window& window) {
     std::vector<HWND> children;
-    for (const Window* child = window.first; child; child = child->next) children.push_back(child->handle);
+    for (const Window* child = window.first; child; child = child->next)
+        children.push_back(child->handle);
     return children;
 }
 
@@ -258,8 +260,8 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
 
     // Whoever attaches objects to windows does it here, before the window hears its first message.
     CBT_CREATEWNDW hookData{&create, insertAfter};
-    if (HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_CREATEWND, reinterpret_cast<WPARAM>(handle),
-                                     reinterpret_cast<LPARAM>(&hookData)) != 0) {
+    if (HasHook(WH_CBT) &&
+        CallHooks(WH_CBT, HCBT_CREATEWND, reinterpret_cast<WPARAM>(handle), reinterpret_cast<LPARAM>(&hookData)) != 0) {
         Release(handle);
         return nullptr;
     }
@@ -293,10 +295,12 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
     if (!window) return nullptr;
     if (!window->sizePending) {
         const RECT client = window->client;
-        const POINT origin = IsTopLevel(*window) ? ClientOrigin(window)
-                                                 : POINT{window->place.left + client.left, window->place.top + client.top};
-        SendMessageW(handle, WM_SIZE, SIZE_RESTORED,
-                     MAKELPARAM(static_cast<std::uintptr_t>(WidthOf(client)), static_cast<std::uintptr_t>(HeightOf(client))));
+        const POINT origin = IsTopLevel(*window)
+                                 ? ClientOrigin(window)
+                                 : POINT{window->place.left + client.left, window->place.top + client.top};
+        SendMessageW(
+            handle, WM_SIZE, SIZE_RESTORED,
+            MAKELPARAM(static_cast<std::uintptr_t>(WidthOf(client)), static_cast<std::uintptr_t>(HeightOf(client))));
         SendMessageW(handle, WM_MOVE, 0,
                      MAKELPARAM(static_cast<std::uintptr_t>(origin.x), static_cast<std::uintptr_t>(origin.y)));
     }
@@ -310,7 +314,12 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
         window = Peek(handle);
         window->style &= ~static_cast<DWORD>(WS_MINIMIZE | WS_MAXIMIZE);
         const RECT place = ChangeShowState(*window, show);
-        WINDOWPOS position{handle, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),
+        WINDOWPOS position{handle,
+                           nullptr,
+                           place.left,
+                           place.top,
+                           WidthOf(place),
+                           HeightOf(place),
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | kSwpStateChanged};
         static_cast<void>(PlaceWindow(position));
     }
@@ -352,8 +361,12 @@ BOOL DestroyWindow(HWND handle) {
     return TRUE;
 }
 
-BOOL IsWindow(HWND window) { return Peek(window) != nullptr; }
-BOOL IsWindowUnicode(HWND window) { return Find(window) != nullptr; }
+BOOL IsWindow(HWND window) {
+    return Peek(window) != nullptr;
+}
+BOOL IsWindowUnicode(HWND window) {
+    return Find(window) != nullptr;
+}
 
 BOOL IsChild(HWND parent, HWND window) {
     const Window* up = Peek(window);
@@ -438,8 +451,12 @@ HWND GetWindow(HWND handle, UINT relation) {
     }
 }
 
-HWND GetTopWindow(HWND handle) { return GetWindow(handle ? handle : GetDesktopWindow(), GW_CHILD); }
-HWND GetDesktopWindow() { return Desk().root->handle; }
+HWND GetTopWindow(HWND handle) {
+    return GetWindow(handle ? handle : GetDesktopWindow(), GW_CHILD);
+}
+HWND GetDesktopWindow() {
+    return Desk().root->handle;
+}
 
 HWND GetLastActivePopup(HWND handle) {
     if (!Find(handle)) return nullptr;
@@ -447,7 +464,9 @@ HWND GetLastActivePopup(HWND handle) {
     return active && active->owner == handle ? active->handle : handle;
 }
 
-HWND FindWindowW(LPCWSTR className, LPCWSTR text) { return FindWindowExW(nullptr, nullptr, className, text); }
+HWND FindWindowW(LPCWSTR className, LPCWSTR text) {
+    return FindWindowExW(nullptr, nullptr, className, text);
+}
 
 HWND FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text) {
     const Window* start = parent == HWND_MESSAGE ? Desk().messageRoot : parent ? Find(parent) : Desk().root;

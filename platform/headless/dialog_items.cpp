@@ -1,0 +1,167 @@
+// Controls of dialogs by identifier, and the next one in tab order or group.
+#include <algorithm>
+#include <cwchar>
+#include <string>
+
+#include "platform/headless/controls.h"
+#include "platform/headless/desktop_state.h"
+
+namespace qv::desk {
+namespace {
+
+bool IsUsable(const Window& window) {
+    return (window.style & WS_VISIBLE) && !(window.style & WS_DISABLED);
+}
+bool IsContainer(const Window& window) {
+    return (window.exStyle & WS_EX_CONTROLPARENT) != 0;
+}
+
+// The tab stops below a window in tab order, containers opened up. Hidden and disabled branches have none.
+void CollectTabStops(const Window& parent, std::vector<const Window*>& stops, const Window* always) {
+    for (const Window* child = parent.first; child; child = child->next) {
+        const bool usable = IsUsable(*child);
+        if (IsContainer(*child)) {
+            if (usable || IsDescendant(child, always)) CollectTabStops(*child, stops, always);
+            if (child == always) stops.push_back(child);
+        } else if ((usable && (child->style & WS_TABSTOP)) || child == always) {
+            stops.push_back(child);
+        } else if (IsDescendant(child, always)) {
+            // The focus lies inside a composite control, which stands for it.
+            stops.push_back(always);
+        }
+    }
+}
+
+// The siblings of one group in order: from the one that begins it to the one before the next beginning.
+std::vector<const Window*> GroupOf(const Window& member) {
+    const Window* start = &member;
+    while (!(start->style & WS_GROUP) && start->previous)
+        start = start->previous;
+    std::vector<const Window*> group{start};
+    for (const Window* next = start->next; next && !(next->style & WS_GROUP); next = next->next)
+        group.push_back(next);
+    return group;
+}
+
+}  // namespace
+}  // namespace qv::desk
+
+using namespace qv::desk;
+
+HWND GetDlgItem(HWND dialog, int id) {
+    const Window* window = Find(dialog);
+    if (!window) return nullptr;
+    for (const Window* child = window->first; child; child = child->next) {
+        if (static_cast<int>(child->id) == id) return child->handle;
+    }
+    SetLastError(kErrorControlIdNotFound);
+    return nullptr;
+}
+
+int GetDlgCtrlID(HWND control) {
+    return static_cast<int>(GetWindowLongPtrW(control, GWLP_ID));
+}
+
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
+    const Window* root = Find(dialog);
+    if (!root) return nullptr;
+    const Window* from = control && control != dialog ? Find(control) : nullptr;
+    if (control && control != dialog && (!from || !IsDescendant(root, from))) return nullptr;
+    std::vector<const Window*> stops;
+    CollectTabStops(*root, stops, from);
+    if (stops.empty()) return nullptr;
+    const auto at = std::find(stops.begin(), stops.end(), from);
+    if (!from || at == stops.end()) return HandleOf(previous ? stops.back() : stops.front());
+    const auto count = static_cast<std::size_t>(stops.size());
+    const auto index = static_cast<std::size_t>(at - stops.begin());
+    return HandleOf(stops[(index + (previous ? count - 1 : 1)) % count]);
+}
+
+HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
+    const Window* root = Find(dialog);
+    if (!root) return nullptr;
+    const Window* from = control && control != dialog ? Find(control) : nullptr;
+    if (control && control != dialog && (!from || !IsDescendant(root, from))) return nullptr;
+    // A part of a composite control stands for the whole.
+    while (from && from->parent != root && !IsContainer(*from->parent))
+        from = from->parent;
+    if (!from) {
+        from = root->first;
+        while (from && IsContainer(*from) && from->first)
+            from = from->first;
+        if (!from) return nullptr;
+        // Nothing to start from: the first usable control of the first group, or its last.
+        const std::vector<const Window*> group = GroupOf(*from);
+        const auto usable = [](const Window* window) { return IsUsable(*window); };
+        if (previous) {
+            const auto last = std::find_if(group.rbegin(), group.rend(), usable);
+            return last == group.rend() ? group.front()->handle : (*last)->handle;
+        }
+        const auto first = std::find_if(group.begin(), group.end(), usable);
+        return first == group.end() ? group.front()->handle : (*first)->handle;
+    }
+    const std::vector<const Window*> group = GroupOf(*from);
+    const std::size_t count = group.size();
+    const auto start = static_cast<std::size_t>(std::find(group.begin(), group.end(), from) - group.begin());
+    for (std::size_t step = 1; step < count; ++step) {
+        const Window* candidate = group[(start + (previous ? count - step : step)) % count];
+        if (IsUsable(*candidate) && !IsContainer(*candidate)) return candidate->handle;
+    }
+    return from->handle;
+}
+
+BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text) {
+    return SetWindowTextW(GetDlgItem(dialog, id), text);
+}
+
+UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int room) {
+    const HWND control = GetDlgItem(dialog, id);
+    if (!control) {
+        if (buffer && room > 0) buffer[0] = L'\0';
+        return 0;
+    }
+    return static_cast<UINT>(GetWindowTextW(control, buffer, room));
+}
+
+BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned) {
+    const std::wstring text = isSigned ? std::to_wstring(static_cast<int>(value)) : std::to_wstring(value);
+    return SetDlgItemTextW(dialog, id, text.c_str());
+}
+
+// Leading blanks, a sign where allowed, digits; a number that does not fit or no digits at all is not translated.
+UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
+    if (translated) *translated = FALSE;
+    constexpr int kRoom = 32;
+    wchar_t text[kRoom] = {};
+    if (!GetDlgItemTextW(dialog, id, text, kRoom)) return 0;
+    wchar_t* end = nullptr;
+    const long long value = std::wcstoll(text, &end, 10);
+    const bool fits = isSigned ? value >= INT32_MIN && value <= INT32_MAX : value >= 0 && value <= UINT32_MAX;
+    if (end == text || !fits) return 0;
+    if (translated) *translated = TRUE;
+    return static_cast<UINT>(value);
+}
+
+LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND control = GetDlgItem(dialog, id);
+    return control ? SendMessageW(control, message, wParam, lParam) : 0;
+}
+
+BOOL CheckDlgButton(HWND dialog, int id, UINT check) {
+    SendDlgItemMessageW(dialog, id, BM_SETCHECK, check, 0);
+    return GetDlgItem(dialog, id) != nullptr;
+}
+
+UINT IsDlgButtonChecked(HWND dialog, int id) {
+    return static_cast<UINT>(SendDlgItemMessageW(dialog, id, BM_GETCHECK, 0, 0));
+}
+
+BOOL CheckRadioButton(HWND dialog, int first, int last, int checked) {
+    const Window* window = Find(dialog);
+    if (!window) return FALSE;
+    for (const HWND child : ChildrenOf(*window)) {
+        const int id = GetDlgCtrlID(child);
+        if (id >= first && id <= last) SendMessageW(child, BM_SETCHECK, id == checked, 0);
+    }
+    return TRUE;
+}

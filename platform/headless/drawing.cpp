@@ -1,0 +1,180 @@
+// Extents of text, and drawing calls that check their arguments and report success.
+#include <algorithm>
+
+#include "platform/headless/desktop_state.h"
+#include "platform/headless/text_metrics.h"
+
+namespace qv::desk {
+namespace {
+
+const LOGFONTW* SelectedFont(HDC dc) {
+    return FontOf(FontSelectedInto(dc));
+}
+bool IsContext(HDC dc) {
+    return FontSelectedInto(dc) != nullptr;
+}
+
+std::wstring_view TextOf(LPCWSTR text, int length) {
+    if (!text) return {};
+    return length < 0 ? std::wstring_view(text) : std::wstring_view(text, static_cast<std::size_t>(length));
+}
+
+// What is left when the marks of mnemonics are taken out: "&&" is one ampersand.
+std::wstring WithoutPrefixes(std::wstring_view text) {
+    std::wstring shown;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'&' && ++i == text.size()) break;
+        shown += text[i];
+    }
+    return shown;
+}
+
+std::vector<std::wstring_view> SplitLines(std::wstring_view text) {
+    std::vector<std::wstring_view> lines;
+    while (true) {
+        const std::size_t end = text.find_first_of(L"\r\n");
+        lines.push_back(text.substr(0, end));
+        if (end == std::wstring_view::npos) return lines;
+        text.remove_prefix(end + (text.substr(end, 2) == L"\r\n" ? 2 : 1));
+    }
+}
+
+// Breaks a line between words so that each piece fits; a word that is too wide stands alone.
+void WrapLine(const LOGFONTW& font, std::wstring_view line, LONG width, std::vector<std::wstring_view>& pieces) {
+    while (!line.empty() && TextWidth(font, line) > width) {
+        std::size_t cut = 0;
+        for (std::size_t space = line.find(L' '); space != std::wstring_view::npos;
+             space = line.find(L' ', space + 1)) {
+            if (TextWidth(font, line.substr(0, space)) > width && cut != 0) break;
+            cut = space;
+            if (TextWidth(font, line.substr(0, space)) > width) break;
+        }
+        if (cut == 0) break;
+        pieces.push_back(line.substr(0, cut));
+        line.remove_prefix(std::min(line.find_first_not_of(L' ', cut), line.size()));
+    }
+    pieces.push_back(line);
+}
+
+}  // namespace
+}  // namespace qv::desk
+
+using namespace qv::desk;
+
+BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE* size) {
+    const LOGFONTW* font = SelectedFont(dc);
+    if (!font || !size || length < 0) return FALSE;
+    *size = {TextWidth(*font, TextOf(text, length)), MetricsOf(*font).tmHeight};
+    return TRUE;
+}
+
+// Returns the height of the text; with DT_CALCRECT the rectangle grows or shrinks to hold it.
+int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
+    const LOGFONTW* font = SelectedFont(dc);
+    if (!font || !rect || !text) return 0;
+    const std::wstring shown =
+        format & DT_NOPREFIX ? std::wstring(TextOf(text, length)) : WithoutPrefixes(TextOf(text, length));
+    const TEXTMETRICW metrics = MetricsOf(*font);
+    const LONG lineHeight = metrics.tmHeight + (format & DT_EXTERNALLEADING ? metrics.tmExternalLeading : 0);
+    std::vector<std::wstring_view> lines;
+    if (format & DT_SINGLELINE) {
+        lines.emplace_back(shown);
+    } else {
+        for (const std::wstring_view line : SplitLines(shown)) {
+            if (format & DT_WORDBREAK) {
+                WrapLine(*font, line, WidthOf(*rect), lines);
+            } else {
+                lines.push_back(line);
+            }
+        }
+        // The line after the last break counts only when something stands on it.
+        if (lines.size() > 1 && lines.back().empty()) lines.pop_back();
+    }
+    LONG width = 0;
+    for (const std::wstring_view line : lines)
+        width = std::max(width, TextWidth(*font, line));
+    const LONG height = shown.empty() && !(format & DT_SINGLELINE) ? 0 : lineHeight * static_cast<LONG>(lines.size());
+    if (format & DT_CALCRECT) {
+        rect->right = rect->left + width;
+        rect->bottom = rect->top + height;
+        return height;
+    }
+    if (format & DT_SINGLELINE) {
+        if (format & DT_VCENTER) return (HeightOf(*rect) - height) / 2 + height;
+        if (format & DT_BOTTOM) return HeightOf(*rect);
+    }
+    return height;
+}
+
+BOOL TextOutW(HDC dc, int, int, LPCWSTR, int length) {
+    return IsContext(dc) && length >= 0;
+}
+BOOL ExtTextOutW(HDC dc, int, int, UINT, const RECT*, LPCWSTR, UINT, const INT*) {
+    return IsContext(dc);
+}
+
+int FillRect(HDC dc, const RECT* rect, HBRUSH) {
+    return IsContext(dc) && rect;
+}
+int FrameRect(HDC dc, const RECT* rect, HBRUSH) {
+    return IsContext(dc) && rect;
+}
+BOOL InvertRect(HDC dc, const RECT* rect) {
+    return IsContext(dc) && rect;
+}
+BOOL DrawFrameControl(HDC dc, RECT* rect, UINT type, UINT) {
+    return IsContext(dc) && rect && type >= DFC_CAPTION && type <= DFC_BUTTON;
+}
+
+BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags) {
+    if (!IsContext(dc) || !rect) return FALSE;
+    if (flags & BF_ADJUST) {
+        const LONG outer = edge & (BDR_RAISEDOUTER | BDR_SUNKENOUTER) ? 1 : 0;
+        const LONG inner = edge & (BDR_RAISEDINNER | BDR_SUNKENINNER) ? 1 : 0;
+        const LONG width = outer + inner;
+        if (flags & BF_LEFT) rect->left += width;
+        if (flags & BF_TOP) rect->top += width;
+        if (flags & BF_RIGHT) rect->right -= width;
+        if (flags & BF_BOTTOM) rect->bottom -= width;
+    }
+    return TRUE;
+}
+
+BOOL DrawFocusRect(HDC dc, const RECT* rect) {
+    return IsContext(dc) && rect;
+}
+BOOL Rectangle(HDC dc, int, int, int, int) {
+    return IsContext(dc);
+}
+
+BOOL MoveToEx(HDC dc, int, int, POINT* previous) {
+    if (previous) *previous = {};
+    return IsContext(dc);
+}
+
+BOOL LineTo(HDC dc, int, int) {
+    return IsContext(dc);
+}
+BOOL Polygon(HDC dc, const POINT* points, int count) {
+    return IsContext(dc) && points && count >= 2;
+}
+COLORREF SetPixel(HDC dc, int, int, COLORREF colour) {
+    return IsContext(dc) ? colour : CLR_INVALID;
+}
+BOOL PatBlt(HDC dc, int, int, int, int, DWORD) {
+    return IsContext(dc);
+}
+
+int IntersectClipRect(HDC dc, int, int, int, int) {
+    return IsContext(dc) ? 2 : 0;
+}
+int ExcludeClipRect(HDC dc, int, int, int, int) {
+    return IsContext(dc) ? 2 : 0;
+}
+
+BOOL DrawIconEx(HDC dc, int, int, HICON icon, int, int, UINT, HBRUSH, UINT) {
+    return IsContext(dc) && icon;
+}
+BOOL DrawIcon(HDC dc, int x, int y, HICON icon) {
+    return DrawIconEx(dc, x, y, icon, 0, 0, 0, nullptr, DI_NORMAL);
+}
