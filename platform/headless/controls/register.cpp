@@ -1,6 +1,7 @@
 #include "platform/headless/controls/register.h"
 
 #include "platform/headless/controls/button.h"
+#include "platform/headless/controls/combo_box.h"
 #include "platform/headless/controls/control.h"
 #include "platform/headless/controls/edit.h"
 #include "platform/headless/controls/list_box.h"
@@ -27,6 +28,7 @@ void RegisterStandardControls() {
     Register(L"Edit", ControlProc<Edit>, CS_DBLCLKS);
     Register(L"Button", ControlProc<Button>, CS_DBLCLKS);
     Register(L"ListBox", ControlProc<ListBox>, CS_DBLCLKS);
+    Register(L"ComboBox", ControlProc<ComboBox>, CS_DBLCLKS);
     Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
     Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
 }
