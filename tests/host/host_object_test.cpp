@@ -1,0 +1,74 @@
+#include "host/services/host_object.h"
+
+#include <gtest/gtest.h>
+
+#include "host/services/memory_session_data.h"
+#include "host/services/multi_user_manager.h"
+
+namespace {
+
+using qv::ComPtr;
+
+TEST(HostObject, HandsOutTheServicesItHasAndNothingElse) {
+    const auto session = qv::MemorySessionData::Create();
+    const auto users = qv::MultiUserManager::CreateWithAllRights();
+    const auto host =
+        qv::HostObject::Create(ComPtr<ISessionDataManager>(session.Get()), ComPtr<IMultiUserManager>(users.Get()));
+    struct Case {
+        const char* name;
+        const GUID& service;
+        const IID& wanted;
+        bool isOffered;
+    };
+    const Case cases[] = {
+        {"session data", SID_SessionData, IID_ISessionDataManager, true},
+        {"users", SID_MultiUser, IID_IMultiUserManager, true},
+        {"dialogs, without a factory", CLSID_HostDialogService, IID_HostDialogService, false},
+        {"unknown", IID_ITPFObject, IID_ITPFObject, false},
+    };
+    for (const Case& c : cases) {
+        auto* raw = reinterpret_cast<IUnknown*>(session.Get());
+        EXPECT_EQ(host->CreateObject(c.service, 1, &raw), c.isOffered ? S_OK : E_NOINTERFACE) << c.name;
+        const auto object = ComPtr<IUnknown>::Adopt(raw);
+        ASSERT_EQ(static_cast<bool>(object), c.isOffered) << c.name;
+        if (!object) continue;
+        ComPtr<IUnknown> service;
+        EXPECT_EQ(object->QueryInterface(c.wanted, reinterpret_cast<void**>(service.Put())), S_OK) << c.name;
+        EXPECT_EQ(object->QueryInterface(IID_ITPFMenuCommand, reinterpret_cast<void**>(service.Put())), E_NOINTERFACE);
+    }
+    EXPECT_EQ(host->CreateObject(SID_SessionData, 1, nullptr), E_POINTER);
+}
+
+TEST(HostObject, FailingDialogServiceFactoryLeavesNothingBehind) {
+    IUnknown* object = nullptr;
+    const auto empty = qv::HostObject::Create({}, {}, [] { return ComPtr<HostDialogService>(); });
+    EXPECT_EQ(empty->CreateObject(CLSID_HostDialogService, 1, &object), E_NOINTERFACE);
+    EXPECT_EQ(empty->CreateObject(SID_SessionData, 1, &object), E_NOINTERFACE);
+    const auto throwing = qv::HostObject::Create({}, {}, []() -> ComPtr<HostDialogService> { throw 1; });
+    EXPECT_EQ(throwing->CreateObject(CLSID_HostDialogService, 1, &object), E_FAIL);
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST(MultiUserManager, RightIsGrantedToWhomItWasGivenOnly) {
+    const qv::MultiUserManager::UserRights users{{L"anna", {L"Change settings/User data"}}, {L"bert", {}}};
+    struct Case {
+        const wchar_t* user;
+        const wchar_t* right;
+        HRESULT answer;
+    };
+    const Case cases[] = {
+        {L"anna", L"Change settings/User data", S_OK},      {L"anna", L"change settings/user data", S_FALSE},
+        {L"anna", L"Change settings/Global data", S_FALSE}, {L"bert", L"Change settings/User data", S_FALSE},
+        {L"nobody", L"Change settings/User data", S_FALSE}, {L"anna", L"", S_FALSE},
+    };
+    for (const Case& c : cases) {
+        const auto manager = qv::MultiUserManager::Create(users, c.user);
+        EXPECT_EQ(manager->CheckRight(qv::Bstr(c.right).Get()), c.answer) << c.user << L": " << c.right;
+    }
+    const auto all = qv::MultiUserManager::CreateWithAllRights();
+    for (const std::wstring& right : qv::AllSettingsRights())
+        EXPECT_EQ(all->CheckRight(qv::Bstr(right).Get()), S_OK);
+    EXPECT_EQ(all->CheckRight(nullptr), S_FALSE);
+}
+
+}  // namespace
