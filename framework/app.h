@@ -2,6 +2,7 @@
 // scripted host drives a modal dialog from there, as a person would.
 #pragma once
 
+#include <exception>
 #include <functional>
 
 #include "framework/cmd_target.h"
@@ -35,3 +36,8 @@ void SetMainWnd(CWnd* window);
 
 // Frees the temporary window objects of this thread; loops call it when idle.
 void DeleteTemporaryObjects();
+
+// Told of every exception that a window procedure or the message loop stopped; by default a line on the standard error
+// stream. Returns the one before. Must not throw.
+using ExceptionHandler = std::function<void(std::exception_ptr)>;
+ExceptionHandler SetExceptionHandler(ExceptionHandler handler);

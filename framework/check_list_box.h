@@ -3,6 +3,8 @@
 // the parent as WM_COMMAND with code CLBN_CHKCHANGE.
 #pragma once
 
+#include <vector>
+
 #include "framework/controls.h"
 
 // The notification code that the platform's conventions give to a check change.
@@ -28,4 +30,31 @@ protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     virtual void DrawItem(const DRAWITEMSTRUCT& item);
     virtual void MeasureItem(MEASUREITEMSTRUCT& item);
+    void PreSubclassWindow() override;
+
+private:
+    struct Entry {
+        int check = 0;
+        bool enabled = true;
+    };
+    [[nodiscard]] const Entry* Find(int index) const;
+    [[nodiscard]] int Dpi() const;
+    [[nodiscard]] int BoxSize() const;
+    [[nodiscard]] int ItemHeight() const;
+    [[nodiscard]] CRect BoxRect(const RECT& item) const;
+    [[nodiscard]] int BoxFromPoint(LPARAM point) const;
+    [[nodiscard]] bool IsMultipleSelection() const;
+    [[nodiscard]] bool IsSelected(int index) const;
+    // The user's toggle: the selected entries when this one is among them, else it alone.
+    void Toggle(int index);
+    void InvalidateEntry(int index);
+    LRESULT OnInserted(WPARAM wParam, LPARAM lParam);
+    LRESULT OnDeleteString(WPARAM wParam, LPARAM lParam);
+    LRESULT OnResetContent(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnChar(WPARAM wParam, LPARAM lParam);
+    LRESULT OnButtonDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
+
+    std::vector<Entry> m_entries;  // one an entry of the list, in the list's order
 };

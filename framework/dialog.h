@@ -2,6 +2,9 @@
 // modeless.
 #pragma once
 
+#include <cstddef>
+#include <span>
+
 #include "framework/wnd.h"
 
 class CDialog : public CWnd {
@@ -15,9 +18,15 @@ class CDialog : public CWnd {
     using CWnd::Create;
     // Modeless, or a child dialog: creates the window and runs OnInitDialog. False when it could not be created.
     virtual bool Create(UINT templateId, CWnd* parent = nullptr);
+    // The same from a template in memory, laid out as in the resources.
+    bool CreateIndirect(std::span<const std::byte> dialogTemplate, CWnd* parent = nullptr);
+    // Says what DoModal will use; the bytes must stay until it returns.
+    void InitModalIndirect(std::span<const std::byte> dialogTemplate, CWnd* parent = nullptr);
     // Creates the window from the template, disables the owner, runs until EndDialog, gives the owner its state and
-    // focus back and destroys the window. The code of EndDialog, or -1 when the window could not be created.
+    // focus back and destroys the window. The code of EndDialog; IDCANCEL when the window was destroyed or the thread
+    // is to quit; -1 when the window could not be created or OnInitDialog threw.
     virtual INT_PTR DoModal();
+    // Ends the modal loop with this result. A dialog that runs no loop stays as it is.
     void EndDialog(int result);
 
     // True lets the platform set the first focus.
@@ -30,18 +39,31 @@ class CDialog : public CWnd {
     void NextDlgCtrl() const;
     [[nodiscard]] UINT GetTemplateId() const noexcept { return m_templateId; }
 
+    // Keys are translated by a top-level dialog, for everything inside it: a focused push button is pressed by Enter in
+    // its own dialog, otherwise Enter is this dialog's default button or OnOK and Escape its OnCancel. Child dialogs
+    // leave keys alone.
     bool PreTranslateMessage(MSG& message) override;
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
 
 protected:
-    // Creates the dialog window from the template in the current module's resources; not yet visible for DoModal.
-    bool CreateFromTemplate(UINT templateId, HWND parent);
+    // Creates the dialog window from the template in the current module's resources, or from the one in memory when
+    // there is one, with these changes to its styles; not yet visible for DoModal.
+    bool CreateFromTemplate(HWND parent, DWORD removeStyle = 0, DWORD addStyle = 0, DWORD addExStyle = 0);
 
     UINT m_templateId = 0;
+    std::span<const std::byte> m_template;  // in memory; empty for one in the resources
     CWnd* m_parent = nullptr;
 
 private:
+    [[nodiscard]] HWND FindOwner() const;
+    void RunModalLoop();
+    LRESULT OnInitDialogMessage(WPARAM wParam, LPARAM lParam);
+    bool TranslateEnterOrEscape(const MSG& message);
+    bool TranslatePageKey(const MSG& message);
+
     bool m_inModalLoop = false;
+    bool m_ended = false;
+    bool m_initFailed = false;
     int m_modalResult = -1;
 };

@@ -1,6 +1,7 @@
 // CPropertySheet over a tab control, as a child window of a dialog, and its pages. Pages are made from a dialog
 // template that is disabled in the resources; a page's window is created when it is activated for the first time, and
-// then enabled and given the extended style that lets Tab pass through. The sheet does not own the page objects.
+// enabled, without a border, with the extended style that lets Tab pass through. The sheet does not own the page
+// objects. Both sides may go first.
 #pragma once
 
 #include <vector>
@@ -13,18 +14,23 @@ class CPropertySheet;
 class CPropertyPage : public CDialog {
     QV_DECLARE_RUNTIME_CLASS
     explicit CPropertyPage(UINT templateId);
+    explicit CPropertyPage(std::span<const std::byte> dialogTemplate);  // in memory; outlives the page
     ~CPropertyPage() override;
 
     virtual bool OnSetActive();   // before the page is shown; false refuses
     virtual bool OnKillActive();  // before it is hidden; false keeps it
     [[nodiscard]] CPropertySheet* GetSheet() const noexcept { return m_sheet; }
 
-    bool PreTranslateMessage(MSG& message) override;
+    // A page has no end of its own: both are the enclosing top-level dialog's.
+    void OnOK() override;
+    void OnCancel() override;
+
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
 
 private:
     friend class CPropertySheet;
+    bool CreateIn(CPropertySheet& sheet);
     CPropertySheet* m_sheet = nullptr;
 };
 
@@ -51,7 +57,8 @@ class CPropertySheet : public CWnd {
     // Runs when the window exists: creates the tab control with one tab a page and shows the first page.
     virtual bool OnInitDialog();
 
-    bool PreTranslateMessage(MSG& message) override;
+    // Ctrl+Tab, Ctrl+PgUp and Ctrl+PgDn, wrapping around.
+    bool OnSwitchPage(int step) override;
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
 
@@ -61,7 +68,17 @@ protected:
     int OnCreate(CREATESTRUCTW* cs);
 
 private:
+    friend class CPropertyPage;
+    LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetFont(WPARAM wParam, LPARAM lParam);
+    LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
+    bool ShowPage(int index);
+    [[nodiscard]] CRect PageRect() const;
+    void Forget(const CPropertyPage* page);
+
     std::wstring m_caption;
+    CWnd* m_parent;
+    HFONT m_font = nullptr;  // the dialog's, not owned
     CTabCtrl m_tab;
     std::vector<CPropertyPage*> m_pages;
     int m_active = -1;

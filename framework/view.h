@@ -1,6 +1,9 @@
 // Views without a document: a child window that scrolls (CScrollView) and one made from a dialog template (CFormView).
-// A view deletes itself when its window is destroyed.
+// A view is made with new and deletes itself when its window is destroyed, or could not be created.
 #pragma once
+
+#include <cstddef>
+#include <span>
 
 #include "framework/wnd.h"
 
@@ -28,6 +31,8 @@ class CScrollView : public CView {
     void ScrollToPosition(POINT position);
     // Shows, hides and sizes the scroll bars for the current client size.
     void UpdateBars();
+    // Scrolls until the focused control is visible.
+    void OnDescendantFocused(HWND descendant) override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -36,6 +41,7 @@ protected:
     void OnSize(UINT type, int cx, int cy);
 
 private:
+    [[nodiscard]] CRect VisibleArea() const;
     LRESULT OnHScroll(WPARAM wParam, LPARAM lParam);
     LRESULT OnVScroll(WPARAM wParam, LPARAM lParam);
     LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
@@ -50,6 +56,7 @@ private:
 class CFormView : public CScrollView {
     QV_DECLARE_RUNTIME_CLASS
     explicit CFormView(UINT templateId);
+    explicit CFormView(std::span<const std::byte> dialogTemplate);  // in memory; outlives the creation
     ~CFormView() override;
 
     // Creates the view from its template as a child of parent, without document or frame, with the control id;
@@ -63,5 +70,8 @@ class CFormView : public CScrollView {
     static const MessageMap* GetThisMessageMap();
 
 private:
-    UINT m_templateId;
+    LRESULT OnInitDialogMessage(WPARAM wParam, LPARAM lParam);
+
+    UINT m_templateId = 0;
+    std::span<const std::byte> m_template;
 };

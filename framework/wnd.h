@@ -10,6 +10,11 @@
 #include "framework/geometry.h"
 
 class CDataExchange;
+struct ModuleState;
+
+namespace qv::detail {
+struct WindowAccess;
+}
 
 class CWnd : public CCmdTarget {
     QV_DECLARE_RUNTIME_CLASS
@@ -27,6 +32,7 @@ class CWnd : public CCmdTarget {
     // Makes this the permanent object of an existing window, whose procedure is not changed. False when either side is
     // already attached.
     bool Attach(HWND handle);
+    // Gives the handle up and leaves the window alive, with the procedure it had before.
     HWND Detach();
     // Attaches and routes the window's messages through this object; Unsubclass undoes it and returns the handle.
     bool SubclassWindow(HWND handle);
@@ -39,7 +45,7 @@ class CWnd : public CCmdTarget {
     // --- creation and destruction --------------------------------------------------------------------------------
     // Creates a window of a registered class and attaches this object before its first message. A null class name means
     // the framework's own plain class. False (GetLastError tells) when it could not be created; the object is then
-    // unattached.
+    // unattached, and has had its PostNcDestroy: an object that lives with its window (a view) no longer exists.
     bool CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect,
                   HWND parent, UINT_PTR idOrMenu);
     // A child window; WS_CHILD is added.
@@ -78,8 +84,7 @@ class CWnd : public CCmdTarget {
     [[nodiscard]] HFONT GetFont() const;
     void SetIcon(HICON icon, bool big);
 
-    // --- position: pixels; MoveWindow and client rectangles in parent client, GetWindowRect in screen coordinates
-    // ---------
+    // --- position: pixels; MoveWindow in the parent's client area, GetWindowRect on the screen -----------------------
     void MoveWindow(int x, int y, int cx, int cy, bool repaint = true);
     void MoveWindow(const RECT& rect, bool repaint = true);
     bool SetWindowPos(HWND insertAfter, int x, int y, int cx, int cy, UINT flags);
@@ -89,8 +94,9 @@ class CWnd : public CCmdTarget {
     void ScreenToClient(CRect& rect) const;
     [[nodiscard]] bool GetWindowPlacement(WINDOWPLACEMENT& placement) const;
     bool SetWindowPlacement(const WINDOWPLACEMENT& placement);
-    // Centres on the parent or owner when that is visible, else in the screen's work area.
-    void CenterWindow();
+    // Centres a child in its parent, another window on its owner when that is visible, else (and always with onScreen)
+    // in the screen's work area.
+    void CenterWindow(bool onScreen = false);
     void Invalidate(bool erase = true);
 
     // --- messages ------------------------------------------------------------------------------------------------
@@ -103,14 +109,18 @@ class CWnd : public CCmdTarget {
     // A chance to eat a queued message before it is translated; asked from the message's window up to the top-level
     // one.
     virtual bool PreTranslateMessage(MSG& message);
+    // Asked of the windows of a dialog when the user pages with the keyboard (Ctrl+Tab and its kin): +1 or -1. True
+    // when this window holds pages and dealt with it.
+    virtual bool OnSwitchPage(int step);
+    // The keyboard moved the focus to this descendant: the place to scroll it into view.
+    virtual void OnDescendantFocused(HWND descendant);
 
     // --- data exchange -------------------------------------------------------------------------------------------
     virtual void DoDataExchange(CDataExchange& exchange);
     // save: from controls into members; false when an exchange failed.
     bool UpdateData(bool save = true);
 
-    // --- accessibility: by default answered by the window's standard accessible object
-    // -------------------------------------
+    // --- accessibility: by default answered by the window's standard accessible object -------------------------------
     virtual HRESULT get_accChildCount(LONG* count);
     virtual HRESULT get_accChild(VARIANT child, IDispatch** dispatch);
     virtual HRESULT get_accName(VARIANT child, BSTR* name);
@@ -143,5 +153,9 @@ protected:
     int OnMouseActivate(CWnd* topLevel, UINT hitTest, UINT message);
 
 private:
-    WNDPROC m_superProc = nullptr;  // the procedure below ours; null for windows of the framework's own class
+    friend struct qv::detail::WindowAccess;
+
+    WNDPROC m_superProc = nullptr;         // the procedure below ours; null for windows of the framework's own class
+    bool m_routed = false;                 // the window's messages come through this object
+    ModuleState* m_moduleState = nullptr;  // in force while the window handles messages
 };

@@ -13,6 +13,7 @@
 
 #include "platform/headless/error.h"
 
+#include "platform/headless/accessible.h"
 #include "platform/headless/com.h"
 #include "platform/headless/files.h"
 #include "platform/headless/locale.h"

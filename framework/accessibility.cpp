@@ -1,0 +1,65 @@
+// CWnd: accessibility, answered by the standard accessible object that the platform makes for any window.
+#include "framework/com.h"
+#include "framework/wnd.h"
+
+namespace {
+
+HRESULT StandardObject(HWND window, qv::ComPtr<IAccessible>& object) {
+    return ::CreateStdAccessibleObject(window, OBJID_CLIENT, IID_IAccessible, reinterpret_cast<void**>(object.Put()));
+}
+
+// Asks the standard object one question.
+template <class Question>
+HRESULT Ask(HWND window, const Question& question) {
+    qv::ComPtr<IAccessible> object;
+    const HRESULT result = StandardObject(window, object);
+    if (FAILED(result)) return result;
+    return object ? question(*object.Get()) : E_FAIL;
+}
+
+}  // namespace
+
+HRESULT CWnd::get_accChildCount(LONG* count) {
+    return GetAccessibleChildCount(count);
+}
+
+HRESULT CWnd::get_accChild(VARIANT child, IDispatch** dispatch) {
+    return GetAccessibleChild(child, dispatch);
+}
+
+HRESULT CWnd::get_accName(VARIANT child, BSTR* name) {
+    return GetAccessibleName(child, name);
+}
+
+HRESULT CWnd::accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) {
+    return GetAccessibilityLocation(left, top, width, height, child);
+}
+
+HRESULT CWnd::accHitTest(LONG left, LONG top, VARIANT* child) {
+    return GetAccessibilityHitTest(left, top, child);
+}
+
+HRESULT CWnd::GetAccessibleChildCount(LONG* count) {
+    if (count == nullptr) return E_POINTER;
+    return Ask(m_hWnd, [&](IAccessible& object) { return object.get_accChildCount(count); });
+}
+
+HRESULT CWnd::GetAccessibleChild(VARIANT child, IDispatch** dispatch) {
+    if (dispatch == nullptr) return E_POINTER;
+    return Ask(m_hWnd, [&](IAccessible& object) { return object.get_accChild(child, dispatch); });
+}
+
+HRESULT CWnd::GetAccessibleName(VARIANT child, BSTR* name) {
+    if (name == nullptr) return E_POINTER;
+    return Ask(m_hWnd, [&](IAccessible& object) { return object.get_accName(child, name); });
+}
+
+HRESULT CWnd::GetAccessibilityLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) {
+    if (left == nullptr || top == nullptr || width == nullptr || height == nullptr) return E_POINTER;
+    return Ask(m_hWnd, [&](IAccessible& object) { return object.accLocation(left, top, width, height, child); });
+}
+
+HRESULT CWnd::GetAccessibilityHitTest(LONG left, LONG top, VARIANT* child) {
+    if (child == nullptr) return E_POINTER;
+    return Ask(m_hWnd, [&](IAccessible& object) { return object.accHitTest(left, top, child); });
+}

@@ -1,0 +1,110 @@
+#include "framework/app.h"
+
+#include <utility>
+
+#include "framework/window_internals.h"
+
+using qv::detail::ThisThread;
+using qv::detail::ThreadState;
+
+QV_RUNTIME_CLASS(CWinApp, CCmdTarget)
+
+CWinApp::~CWinApp() = default;
+
+bool CWinApp::InitInstance() {
+    return true;
+}
+
+int CWinApp::ExitInstance() {
+    return 0;
+}
+
+namespace {
+
+bool HasMessage() {
+    MSG message;
+    return ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE;
+}
+
+// Temporary objects are freed only when no window procedure is on the stack that might hold one.
+bool RunIdle(int count) {
+    ThreadState& thread = ThisThread();
+    if (thread.procedureDepth == 0) DeleteTemporaryObjects();
+    // A copy, since the handler may set another one.
+    const IdleHandler handler = thread.idleHandler;
+    if (!handler) return false;
+    try {
+        return handler(count);
+    } catch (...) {
+        qv::detail::ReportException();
+        return false;
+    }
+}
+
+bool PreTranslate(MSG& message) {
+    // From the message's window up to the top-level one, not to its owner.
+    for (HWND window = message.hwnd; window != nullptr;) {
+        if (CWnd* object = CWnd::FromHandlePermanent(window)) {
+            if (object->PreTranslateMessage(message)) return true;
+            if (::IsWindow(window) == FALSE) return false;
+        }
+        const bool isChild = (::GetWindowLongW(window, GWL_STYLE) & WS_CHILD) != 0;
+        window = isChild ? ::GetParent(window) : nullptr;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool RunMessageLoop(const std::function<bool()>& goOn) {
+    while (goOn()) {
+        for (int count = 0; !HasMessage(); ++count) {
+            if (!RunIdle(count)) break;
+            if (!goOn()) return true;
+        }
+        if (!goOn()) return true;
+        MSG message{};
+        const auto got = ::GetMessageW(&message, nullptr, 0, 0);
+        if (got == 0) {
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return false;
+        }
+        if (got == -1) return false;
+        PumpMessage(message);
+    }
+    return true;
+}
+
+void PumpMessage(MSG& message) {
+    try {
+        if (PreTranslate(message)) return;
+    } catch (...) {
+        qv::detail::ReportException();
+        return;
+    }
+    ::TranslateMessage(&message);
+    ::DispatchMessageW(&message);
+}
+
+void PumpPending() {
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        PumpMessage(message);
+    }
+}
+
+IdleHandler SetIdleHandler(IdleHandler handler) {
+    return std::exchange(ThisThread().idleHandler, std::move(handler));
+}
+
+CWnd* GetMainWnd() {
+    return ThisThread().mainWindow;
+}
+
+void SetMainWnd(CWnd* window) {
+    ThisThread().mainWindow = window;
+}

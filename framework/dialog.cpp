@@ -1,0 +1,142 @@
+#include "framework/dialog.h"
+
+#include "framework/app.h"
+#include "framework/dialog_template.h"
+#include "framework/window_internals.h"
+
+QV_RUNTIME_CLASS_CREATE(CDialog, CWnd)
+
+CDialog::CDialog(UINT templateId, CWnd* parent) : m_templateId(templateId), m_parent(parent) {}
+
+CDialog::~CDialog() {
+    // While this is still a dialog, so that its last messages find it as one.
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();
+}
+
+const MessageMap* CDialog::GetThisMessageMap() {
+    static const MessageMap map{CWnd::GetThisMessageMap(),
+                                {
+                                    on::Message<&CDialog::OnInitDialogMessage>(WM_INITDIALOG),
+                                    on::Command<&CDialog::OnOK>(IDOK),
+                                    on::Command<&CDialog::OnCancel>(IDCANCEL),
+                                }};
+    return &map;
+}
+
+const MessageMap* CDialog::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+bool CDialog::Create(UINT templateId, CWnd* parent) {
+    m_templateId = templateId;
+    m_template = {};
+    m_parent = parent;
+    return CreateFromTemplate(parent != nullptr ? parent->m_hWnd : nullptr);
+}
+
+bool CDialog::CreateIndirect(std::span<const std::byte> dialogTemplate, CWnd* parent) {
+    m_template = dialogTemplate;
+    m_parent = parent;
+    return CreateFromTemplate(parent != nullptr ? parent->m_hWnd : nullptr);
+}
+
+void CDialog::InitModalIndirect(std::span<const std::byte> dialogTemplate, CWnd* parent) {
+    m_template = dialogTemplate;
+    m_parent = parent;
+}
+
+bool CDialog::CreateFromTemplate(HWND parent, DWORD removeStyle, DWORD addStyle, DWORD addExStyle) {
+    if (m_hWnd != nullptr) return false;
+    m_initFailed = false;
+    const auto source = m_template.empty() ? qv::detail::FindDialogTemplate(m_templateId) : m_template;
+    const auto copy = qv::detail::RestyledTemplate(source, removeStyle, addStyle, addExStyle);
+    if (copy.empty()) return false;
+    HWND window = qv::detail::CreateFromDialogTemplate(*this, copy.data(), parent);
+    if (window != nullptr && m_initFailed) DestroyWindow();
+    return window != nullptr && m_hWnd != nullptr;
+}
+
+LRESULT CDialog::OnInitDialogMessage(WPARAM, LPARAM) {
+    m_initFailed = true;
+    const bool setFocus = OnInitDialog();
+    m_initFailed = false;
+    return setFocus ? TRUE : FALSE;
+}
+
+bool CDialog::OnInitDialog() {
+    UpdateData(false);
+    return true;
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(true)) EndDialog(IDOK);
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+void CDialog::EndDialog(int result) {
+    if (!m_inModalLoop) return;
+    m_modalResult = result;
+    m_ended = true;
+    // Wakes a loop that waits inside the platform.
+    if (m_hWnd != nullptr) ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
+}
+
+HWND CDialog::FindOwner() const {
+    HWND candidate = m_parent != nullptr ? m_parent->m_hWnd : ::GetActiveWindow();
+    if (candidate == nullptr) {
+        if (const CWnd* mainWindow = GetMainWnd()) candidate = mainWindow->m_hWnd;
+    }
+    return candidate != nullptr && ::IsWindow(candidate) != FALSE ? ::GetAncestor(candidate, GA_ROOT) : nullptr;
+}
+
+INT_PTR CDialog::DoModal() {
+    if (m_hWnd != nullptr || m_inModalLoop) return -1;
+    HWND owner = FindOwner();
+    HWND focusBefore = ::GetFocus();
+    const bool disableOwner = owner != nullptr && ::IsWindowEnabled(owner) != FALSE;
+    if (disableOwner) ::EnableWindow(owner, FALSE);
+
+    m_modalResult = -1;
+    m_ended = false;
+    m_inModalLoop = true;
+    const bool created = CreateFromTemplate(owner);
+    HWND window = m_hWnd;
+    if (created) RunModalLoop();
+    m_inModalLoop = false;
+    // A window that went without EndDialog, and a thread that quits, count as cancelled.
+    if (created && !m_ended) m_modalResult = IDCANCEL;
+
+    // The owner first: a disabled one could not become active when the dialog goes.
+    if (disableOwner && ::IsWindow(owner) != FALSE) ::EnableWindow(owner, TRUE);
+    HWND active = ::GetActiveWindow();
+    if (owner != nullptr && created && (active == window || active == nullptr)) ::SetActiveWindow(owner);
+    if (m_hWnd != nullptr) DestroyWindow();
+    const bool focusIsInOwner =
+        focusBefore != nullptr && ::IsWindow(focusBefore) != FALSE && ::GetAncestor(focusBefore, GA_ROOT) == owner;
+    if (focusIsInOwner && ::GetActiveWindow() == owner && ::IsWindowEnabled(focusBefore) != FALSE) {
+        ::SetFocus(focusBefore);
+    }
+    return m_modalResult;
+}
+
+void CDialog::RunModalLoop() {
+    HWND window = m_hWnd;
+    // OnInitDialog may have ended the dialog already; then it is never seen.
+    if (m_ended) return;
+    if (!IsWindowVisible()) {
+        ShowWindow(SW_SHOWNORMAL);
+        ::UpdateWindow(window);
+    }
+    RunMessageLoop([this, window] { return !m_ended && ::IsWindow(window) != FALSE; });
+}
+
+void CDialog::GotoDlgCtrl(CWnd* control) {
+    if (control != nullptr) SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->m_hWnd), TRUE);
+}
+
+void CDialog::NextDlgCtrl() const {
+    SendMessage(WM_NEXTDLGCTL, 0, 0);
+}

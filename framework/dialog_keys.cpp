@@ -1,0 +1,81 @@
+// CDialog: what the keyboard does in a dialog and in everything nested in it. The platform's own translation walks with
+// Tab, the arrows and mnemonics; Enter, Escape and the paging keys are decided here, since the platform looks for the
+// default button only in the one dialog it is asked for and would press a nested one in the wrong dialog.
+#include "framework/dialog.h"
+
+namespace {
+
+bool IsDown(int virtualKey) {
+    return ::GetKeyState(virtualKey) < 0;
+}
+
+void SendClick(HWND dialog, int id, HWND button) {
+    ::SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
+// The dialog's own button with this id; a disabled one eats the key.
+void PressOwn(HWND dialog, int id) {
+    HWND button = ::GetDlgItem(dialog, id);
+    if (button != nullptr && ::IsWindowEnabled(button) == FALSE) {
+        ::MessageBeep(0);
+        return;
+    }
+    SendClick(dialog, id, button);
+}
+
+// Tells the windows around the focus that the keyboard moved it there.
+void AnnounceFocus(HWND focus) {
+    for (HWND window = ::GetAncestor(focus, GA_PARENT); window != nullptr; window = ::GetAncestor(window, GA_PARENT)) {
+        if (CWnd* object = CWnd::FromHandlePermanent(window)) object->OnDescendantFocused(focus);
+    }
+}
+
+BOOL CALLBACK AskToSwitchPage(HWND window, LPARAM step) noexcept {
+    CWnd* object = CWnd::FromHandlePermanent(window);
+    if (object == nullptr || ::IsWindowVisible(window) == FALSE) return TRUE;
+    return object->OnSwitchPage(static_cast<int>(step)) ? FALSE : TRUE;
+}
+
+}  // namespace
+
+bool CDialog::PreTranslateMessage(MSG& message) {
+    if (CWnd::PreTranslateMessage(message)) return true;
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+    if ((GetStyle() & WS_CHILD) != 0) return false;
+    if (TranslateEnterOrEscape(message) || TranslatePageKey(message)) return true;
+
+    HWND focusBefore = ::GetFocus();
+    if (::IsDialogMessageW(m_hWnd, &message) == FALSE) return false;
+    HWND focus = ::GetFocus();
+    if (focus != nullptr && focus != focusBefore) AnnounceFocus(focus);
+    return true;
+}
+
+bool CDialog::TranslateEnterOrEscape(const MSG& message) {
+    const bool enter = message.wParam == VK_RETURN;
+    if (message.message != WM_KEYDOWN || (!enter && message.wParam != VK_ESCAPE)) return false;
+    const auto wants = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    // An open list closes first; an edit of several lines keeps Enter.
+    if ((wants & DLGC_WANTMESSAGE) != 0 || (enter && (wants & DLGC_WANTALLKEYS) != 0)) return false;
+
+    if (!enter) {
+        PressOwn(m_hWnd, IDCANCEL);
+    } else if ((wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
+        SendClick(::GetParent(message.hwnd), ::GetDlgCtrlID(message.hwnd), message.hwnd);
+    } else {
+        // Only a button of this dialog's own counts: the platform also finds nested ones.
+        const auto found = static_cast<DWORD_PTR>(SendMessage(DM_GETDEFID));
+        const int id = HIWORD(found) == DC_HASDEFID ? static_cast<int>(LOWORD(found)) : IDOK;
+        PressOwn(m_hWnd, ::GetDlgItem(m_hWnd, id) != nullptr ? id : IDOK);
+    }
+    return true;
+}
+
+bool CDialog::TranslatePageKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsDown(VK_CONTROL)) return false;
+    int step = 0;
+    if (message.wParam == VK_TAB) step = IsDown(VK_SHIFT) ? -1 : 1;
+    if (message.wParam == VK_PRIOR) step = -1;
+    if (message.wParam == VK_NEXT) step = 1;
+    return step != 0 && ::EnumChildWindows(m_hWnd, &AskToSwitchPage, step) == FALSE;
+}

@@ -1,0 +1,71 @@
+// What the framework's own files share and nobody else sees: the maps from handles to objects, a thread's state, the
+// attaching of an object to the window that is being created, and the window procedure.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+
+#include "framework/app.h"
+#include "framework/wnd.h"
+
+namespace qv::detail {
+
+struct HandledMessage {
+    HWND window = nullptr;
+    UINT message = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+struct ThreadState {
+    std::unordered_map<HWND, std::unique_ptr<CWnd>> temporary;
+    HandledMessage current;        // what the innermost window procedure is handling
+    int procedureDepth = 0;        // window procedures on the stack
+    CWnd* toAttach = nullptr;      // waits for its window's first message
+    CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
+    CWnd* mainWindow = nullptr;
+    IdleHandler idleHandler;
+};
+[[nodiscard]] ThreadState& ThisThread();
+
+// The permanent objects, process-wide.
+[[nodiscard]] CWnd* FindPermanent(HWND handle);
+void AddPermanent(HWND handle, CWnd* object);
+void RemovePermanent(HWND handle, const CWnd* object);
+
+// Tells the exception handler of the exception that is being handled.
+void ReportException() noexcept;
+
+// While it exists, the next window that this thread creates gets the object. The framework's own class finds the object
+// by itself; for every other class a hook attaches it.
+class CreationScope {
+public:
+    CreationScope(CWnd& object, bool ownClass);
+    ~CreationScope();
+    CreationScope(const CreationScope&) = delete;
+    CreationScope& operator=(const CreationScope&) = delete;
+    // False when no window got so far that the object could be attached.
+    [[nodiscard]] bool HasAttached() const;
+
+private:
+    CWnd& m_object;
+    CWnd* m_previousToAttach;
+    CWnd* m_previousBeingCreated;
+    HHOOK m_hook = nullptr;
+};
+
+// The name of the framework's own window class, registered on first use.
+[[nodiscard]] const wchar_t* PlainClassName();
+
+LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+// The way into CWnd's private parts.
+struct WindowAccess {
+    static void AttachRouted(CWnd& object, HWND window);
+    static LRESULT Dispatch(CWnd& object, UINT message, WPARAM wParam, LPARAM lParam);
+    static void Forget(CWnd& object);
+    // What an object that lives with its window is told when there never was one.
+    static void NotCreated(CWnd& object) { object.PostNcDestroy(); }
+};
+
+}  // namespace qv::detail
