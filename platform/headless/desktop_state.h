@@ -222,6 +222,7 @@ void CalculateClient(Window& window);
 
 // focus.cpp
 void ActivateAnother(HWND leaving);
+[[nodiscard]] bool HasSuccessor(HWND leaving);
 [[nodiscard]] bool Activate(HWND handle, bool byMouse, bool setFocus);
 void ForgetWindow(HWND handle);
 

@@ -53,6 +53,7 @@ bool Activate(HWND handle, bool byMouse, bool setFocus) {
     }
     state.active = handle;
     if (!handle) {
+        SendMessageW(previous, WM_ACTIVATEAPP, FALSE, 0);
         MoveFocus(nullptr);
         return true;
     }
@@ -77,27 +78,29 @@ bool Activate(HWND handle, bool byMouse, bool setFocus) {
     return Peek(handle) != nullptr;
 }
 
-// The owner of a window that goes is the natural successor, then whatever lies next below it.
-void ActivateAnother(HWND leaving) {
-    const Window* window = Peek(leaving);
-    if (!window) return;
-    if (CanActivate(Peek(window->owner))) {
-        static_cast<void>(Activate(window->owner, false, true));
-        return;
-    }
-    for (const Window* below = window->next; below; below = below->next) {
-        if (CanActivate(below)) {
-            static_cast<void>(Activate(below->handle, false, true));
-            return;
-        }
+namespace {
+
+// The owner of a window that goes is the natural successor, then whatever lies next below it, then the topmost one.
+HWND SuccessorOf(const Window& leaving) {
+    if (CanActivate(Peek(leaving.owner))) return leaving.owner;
+    for (const Window* below = leaving.next; below; below = below->next) {
+        if (CanActivate(below)) return below->handle;
     }
     for (const Window* other = Desk().root->first; other; other = other->next) {
-        if (other != window && CanActivate(other)) {
-            static_cast<void>(Activate(other->handle, false, true));
-            return;
-        }
+        if (other != &leaving && CanActivate(other)) return other->handle;
     }
-    static_cast<void>(Activate(nullptr, false, true));
+    return nullptr;
+}
+
+}  // namespace
+
+bool HasSuccessor(HWND leaving) {
+    const Window* window = Peek(leaving);
+    return window && SuccessorOf(*window) != nullptr;
+}
+
+void ActivateAnother(HWND leaving) {
+    if (const Window* window = Peek(leaving)) static_cast<void>(Activate(SuccessorOf(*window), false, true));
 }
 
 void ForgetWindow(HWND handle) {

@@ -56,7 +56,9 @@ int ApplyInfo(HWND handle, int which, const SCROLLINFO& info) {
         const bool nothingToScroll = bar.minimum >= LastPosition(bar);
         const bool onlyDisables = (info.fMask & SIF_DISABLENOSCROLL) != 0;
         bar.disabled = nothingToScroll && onlyDisables;
-        if (!nothingToScroll || !onlyDisables) Show(handle, StyleOf(which), !nothingToScroll);
+        // A change of the page alone may hide a bar, but does not bring it back.
+        const bool onlyPage = info.fMask == SIF_PAGE;
+        if (nothingToScroll ? !onlyDisables : !onlyPage) Show(handle, StyleOf(which), !nothingToScroll);
     }
     return position;
 }

@@ -74,6 +74,10 @@ RECT ChangeShowState(Window& window, int show) {
 
 namespace {
 
+bool IsMinimising(int show) {
+    return show == SW_MINIMIZE || show == SW_SHOWMINNOACTIVE || show == SW_SHOWMINIMIZED || show == SW_FORCEMINIMIZE;
+}
+
 bool ChangesState(const Window& window, int show) {
     switch (show) {
         case SW_MINIMIZE:
@@ -121,7 +125,8 @@ void LeaveFocus(HWND handle) {
     if (Desk().active == handle) ActivateAnother(handle);
     const Window* window = Peek(handle);
     const Window* focus = Peek(Desk().focus);
-    if (!window || !focus || (focus != window && !IsDescendant(window, focus))) return;
+    // A child inside keeps the focus although nobody sees it any more.
+    if (!window || focus != window) return;
     const HWND parent = IsTopLevel(*window) ? nullptr : HandleOf(window->parent);
     SetFocus(parent);
 }
@@ -173,6 +178,7 @@ BOOL ShowWindow(HWND handle, int show) {
     const bool wasMinimised = (window->style & WS_MINIMIZE) != 0;
     const UINT flags = PositionFlags(*window, show);
     RECT place = window->place;
+    if (changesState && IsMinimising(show) && Desk().focus == handle) SetFocus(nullptr);
     if (changesState) {
         place = ChangeShowState(*window, show);
         if (!Peek(handle)) return wasVisible;
@@ -197,7 +203,7 @@ BOOL ShowWindow(HWND handle, int show) {
     SendPendingSize(handle);
     window = Peek(handle);
     if (window && wasMinimised && !(window->style & WS_MINIMIZE)) SetFocus(handle);
-    if (window && show == SW_MINIMIZE && Desk().active == handle) ActivateAnother(handle);
+    if (window && show == SW_MINIMIZE && Desk().active == handle && HasSuccessor(handle)) ActivateAnother(handle);
     return wasVisible;
 }
 
@@ -253,7 +259,6 @@ BOOL GetWindowPlacement(HWND handle, WINDOWPLACEMENT* placement) {
         if (window->restoreToMaximised) placement->flags = WPF_RESTORETOMAXIMIZED;
     } else if (window->style & WS_MAXIMIZE) {
         placement->showCmd = SW_SHOWMAXIMIZED;
-        placement->flags = WPF_RESTORETOMAXIMIZED;
     }
     placement->ptMinPosition =
         window->style & WS_MINIMIZE ? POINT{window->place.left, window->place.top} : window->minimised;

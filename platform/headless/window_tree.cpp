@@ -288,7 +288,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
     CalculateClient(*window);
     if (!Peek(handle)) return nullptr;
     if (SendMessageW(handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&create)) == -1) {
-        if (Peek(handle)) DestroyWindow(handle);
+        Release(handle);
         return nullptr;
     }
     window = Peek(handle);
@@ -306,11 +306,9 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
     }
     NotifyParents(handle, WM_CREATE);
     if (!Peek(handle)) return nullptr;
-    // A window made minimised or maximised takes that state when it is shown.
-    int show = SW_SHOW;
-    if (style & WS_MINIMIZE) show = SW_SHOWMINIMIZED;
-    if (style & WS_MAXIMIZE) show = SW_SHOWMAXIMIZED;
-    if (show != SW_SHOW) {
+    // A window made minimised or maximised takes that state before it is shown.
+    if (style & (WS_MINIMIZE | WS_MAXIMIZE)) {
+        const int show = style & WS_MAXIMIZE ? SW_SHOWMAXIMIZED : SW_SHOWMINIMIZED;
         window = Peek(handle);
         window->style &= ~static_cast<DWORD>(WS_MINIMIZE | WS_MAXIMIZE);
         const RECT place = ChangeShowState(*window, show);
@@ -323,7 +321,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | kSwpStateChanged};
         static_cast<void>(PlaceWindow(position));
     }
-    if (style & WS_VISIBLE) ShowWindow(handle, show);
+    if (style & WS_VISIBLE) ShowWindow(handle, SW_SHOW);
     return Peek(handle) ? handle : nullptr;
 }
 
@@ -399,7 +397,8 @@ HWND SetParent(HWND handle, HWND parent) {
     if (!window) return nullptr;
     const HWND old = HandleOf(window->parent);
     Unlink(*window);
-    Link(*window, *target, HWND_TOP);
+    Link(*window, *target, HWND_BOTTOM);
+    SetWindowPos(handle, HWND_TOP, window->place.left, window->place.top, 0, 0, SWP_NOSIZE);
     if (wasVisible) ShowWindow(handle, SW_SHOW);
     return old;
 }
