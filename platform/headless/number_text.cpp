@@ -228,7 +228,7 @@ HRESULT TextNumber::ToDouble(double& value) const {
 HRESULT TextNumber::ToBool(bool& value) const {
     double number = 0;
     if (const HRESULT result = ToDouble(number); FAILED(result)) return result;
-    value = m_isBits ? m_bits != 0 : !m_digits.empty();
+    value = number != 0;
     return S_OK;
 }
 

@@ -20,7 +20,9 @@ constexpr std::size_t kMaxPart = 255;
 bool MayStandInName(wchar_t unit, bool wildcards) {
     if (unit < L' ') return false;
     if (unit == L'*' || unit == L'?') return wildcards;
-    return unit != L'<' && unit != L'>' && unit != L'"' && unit != L'|' && unit != L':';
+    // These three are wildcards too, of an old kind that finds nothing here.
+    if (unit == L'<' || unit == L'>' || unit == L'"') return wildcards;
+    return unit != L'|' && unit != L':';
 }
 
 }  // namespace

@@ -222,7 +222,7 @@ void ResetRegistry() {
 
 }  // namespace qv::headless
 
-LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD, LPWSTR, DWORD, REGSAM access, const SECURITY_ATTRIBUTES*,
+LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD, LPWSTR, DWORD, REGSAM access, SECURITY_ATTRIBUTES*,
                         PHKEY result, DWORD* disposition) {
     const Call call;
     if (call.Status() != ERROR_SUCCESS) return call.Status();

@@ -42,7 +42,7 @@ inline constexpr DWORD REG_CREATED_NEW_KEY = 1;
 inline constexpr DWORD REG_OPENED_EXISTING_KEY = 2;
 
 LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD reserved, LPWSTR keyClass, DWORD options, REGSAM access,
-                        const SECURITY_ATTRIBUTES* security, PHKEY result, DWORD* disposition);
+                        SECURITY_ATTRIBUTES* security, PHKEY result, DWORD* disposition);
 LSTATUS RegCreateKeyW(HKEY key, LPCWSTR subKey, PHKEY result);
 LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access, PHKEY result);
 LSTATUS RegCloseKey(HKEY key);

@@ -34,7 +34,7 @@ HRESULT VariantClear(VARIANTARG* variant) {
     return S_OK;
 }
 
-HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source) {
+HRESULT VariantCopy(VARIANTARG* destination, VARIANTARG* source) {
     if (destination == nullptr || source == nullptr) return E_INVALIDARG;
     if (destination == source) return S_OK;
     if (!IsKept(source->vt)) return DISP_E_BADVARTYPE;
@@ -51,7 +51,7 @@ HRESULT VariantCopy(VARIANTARG* destination, const VARIANTARG* source) {
     return S_OK;
 }
 
-HRESULT VariantCopyInd(VARIANTARG* destination, const VARIANTARG* source) {
+HRESULT VariantCopyInd(VARIANTARG* destination, VARIANTARG* source) {
     if (destination == nullptr || source == nullptr) return E_INVALIDARG;
     if ((source->vt & VT_BYREF) == 0) return VariantCopy(destination, source);
     if (!IsKept(source->vt)) return DISP_E_BADVARTYPE;

@@ -326,12 +326,11 @@ HRESULT ValueToText(LCID locale, USHORT flags, Value VARIANT::*member, Value val
 
 }  // namespace
 
-HRESULT VariantChangeType(VARIANTARG* destination, const VARIANTARG* source, USHORT flags, VARTYPE type) {
+HRESULT VariantChangeType(VARIANTARG* destination, VARIANTARG* source, USHORT flags, VARTYPE type) {
     return VariantChangeTypeEx(destination, source, LOCALE_USER_DEFAULT, flags, type);
 }
 
-HRESULT VariantChangeTypeEx(VARIANTARG* destination, const VARIANTARG* source, LCID locale, USHORT flags,
-                            VARTYPE type) {
+HRESULT VariantChangeTypeEx(VARIANTARG* destination, VARIANTARG* source, LCID locale, USHORT flags, VARTYPE type) {
     if (destination == nullptr || source == nullptr) return E_INVALIDARG;
     if (!IsKnownType(source->vt) || !IsKnownType(type)) return DISP_E_BADVARTYPE;
     if (source->vt == type) return VariantCopy(destination, source);
@@ -356,28 +355,28 @@ HRESULT VariantChangeTypeEx(VARIANTARG* destination, const VARIANTARG* source, L
     return S_OK;
 }
 
-HRESULT VarUI1FromStr(LPCOLESTR text, LCID locale, ULONG, BYTE* value) {
+HRESULT VarUI1FromStr(OLECHAR* text, LCID locale, ULONG, BYTE* value) {
     return TextTo<VT_UI1>(text, locale, &VARIANT::bVal, value);
 }
-HRESULT VarI2FromStr(LPCOLESTR text, LCID locale, ULONG, SHORT* value) {
+HRESULT VarI2FromStr(OLECHAR* text, LCID locale, ULONG, SHORT* value) {
     return TextTo<VT_I2>(text, locale, &VARIANT::iVal, value);
 }
-HRESULT VarI4FromStr(LPCOLESTR text, LCID locale, ULONG, LONG* value) {
+HRESULT VarI4FromStr(OLECHAR* text, LCID locale, ULONG, LONG* value) {
     return TextTo<VT_I4>(text, locale, &VARIANT::lVal, value);
 }
-HRESULT VarUI4FromStr(LPCOLESTR text, LCID locale, ULONG, ULONG* value) {
+HRESULT VarUI4FromStr(OLECHAR* text, LCID locale, ULONG, ULONG* value) {
     return TextTo<VT_UI4>(text, locale, &VARIANT::ulVal, value);
 }
-HRESULT VarI8FromStr(LPCOLESTR text, LCID locale, ULONG, LONGLONG* value) {
+HRESULT VarI8FromStr(OLECHAR* text, LCID locale, ULONG, LONGLONG* value) {
     return TextTo<VT_I8>(text, locale, &VARIANT::llVal, value);
 }
-HRESULT VarR4FromStr(LPCOLESTR text, LCID locale, ULONG, FLOAT* value) {
+HRESULT VarR4FromStr(OLECHAR* text, LCID locale, ULONG, FLOAT* value) {
     return TextTo<VT_R4>(text, locale, &VARIANT::fltVal, value);
 }
-HRESULT VarR8FromStr(LPCOLESTR text, LCID locale, ULONG, DOUBLE* value) {
+HRESULT VarR8FromStr(OLECHAR* text, LCID locale, ULONG, DOUBLE* value) {
     return TextTo<VT_R8>(text, locale, &VARIANT::dblVal, value);
 }
-HRESULT VarBoolFromStr(LPCOLESTR text, LCID locale, ULONG, VARIANT_BOOL* value) {
+HRESULT VarBoolFromStr(OLECHAR* text, LCID locale, ULONG, VARIANT_BOOL* value) {
     return TextTo<VT_BOOL>(text, locale, &VARIANT::boolVal, value);
 }
 HRESULT VarBstrFromI4(LONG value, LCID locale, ULONG, BSTR* text) {

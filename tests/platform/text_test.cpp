@@ -1,0 +1,176 @@
+// Comparison, case and encodings of texts, locale settings, the command line.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/command_line.h"
+#include "platform/platform.h"
+
+namespace {
+
+TEST(WordOrder, SortsLettersBeforeMarksBeforeCaseAndHyphensLast) {
+    const std::vector<std::wstring> sorted = {
+        L"",
+        L"-",
+        L"(a)",
+        L"1",
+        L"10",
+        L"2",
+        L"a",
+        L"-a",
+        L"A",
+        L"\u00E4",
+        L"a b",
+        L"a_b",
+        L"aa",
+        L"ab",
+        L"a-b",
+        L"Ab",
+        L"AB",
+        L"\u00E4"
+        L"b",
+        L"ab1",
+        L"ab10",
+        L"ab2",
+        L"ac",
+        L"apple",
+        L"Apple",
+        L"co op",
+        L"con",
+        L"coop",
+        L"co-op",
+        L"co-Op",
+        L"COOP",
+        L"file 1",
+        L"file_1",
+        L"file1",
+        L"file-1",
+        L"its",
+        L"it's",
+        L"Ol",
+        L"\u00D6l",
+        L"Oz",
+        L"resume",
+        L"Resume",
+        L"r\u00E9sum\u00E9",
+        L"R\u00E9sum\u00E9",
+        L"resumes",
+        L"sr",
+        L"ss",
+        L"st",
+        L"z",
+        L"Zebra",
+    };
+    for (std::size_t i = 0; i + 1 < sorted.size(); ++i) {
+        SCOPED_TRACE(::testing::PrintToString(sorted[i]));
+        EXPECT_EQ(CSTR_LESS_THAN,
+                  CompareStringW(LOCALE_USER_DEFAULT, 0, sorted[i].c_str(), -1, sorted[i + 1].c_str(), -1));
+        EXPECT_LT(lstrcmpW(sorted[i].c_str(), sorted[i + 1].c_str()), 0);
+    }
+}
+
+TEST(TextComparison, IgnoresCaseWhenAsked) {
+    EXPECT_EQ(0, lstrcmpiW(L"\u00C4pfel", L"\u00E4PFEL"));
+    EXPECT_NE(0, lstrcmpiW(L"\u00C4pfel", L"Apfel"));
+    EXPECT_NE(0, lstrcmpW(L"Key", L"key"));
+    EXPECT_LT(lstrcmpW(L"key", L"Key"), 0);
+    // By number there is no word order: upper case first, marks last.
+    EXPECT_EQ(CSTR_LESS_THAN, CompareStringOrdinal(L"Z", -1, L"a", -1, FALSE));
+    EXPECT_EQ(CSTR_EQUAL, CompareStringOrdinal(L"KEY", 3, L"keys", 3, TRUE));
+    EXPECT_EQ(CSTR_GREATER_THAN, CompareStringOrdinal(L"\u00E4", -1, L"z", -1, TRUE));
+    EXPECT_LT(lstrcmpW(nullptr, L""), 0);
+    EXPECT_EQ(0, lstrcmpiW(nullptr, nullptr));
+}
+
+TEST(TextCase, MapsPairsOnly) {
+    wchar_t text[] = L"\u00C4B\u00DF\u0130\u00B5\u00FF";
+    CharUpperW(text);
+    EXPECT_STREQ(L"\u00C4B\u00DF\u0130\u00B5\u0178", text);
+    CharLowerW(text);
+    EXPECT_STREQ(L"\u00E4b\u00DF\u0130\u00B5\u00FF", text);
+    EXPECT_EQ(reinterpret_cast<LPWSTR>(static_cast<UINT_PTR>(L'A')),
+              CharUpperW(reinterpret_cast<LPWSTR>(static_cast<UINT_PTR>(L'a'))));
+    wchar_t mapped[8] = {};
+    EXPECT_EQ(3, LCMapStringW(LOCALE_USER_DEFAULT, LCMAP_UPPERCASE, L"a\u00E9z", 3, mapped, 8));
+    EXPECT_STREQ(L"A\u00C9Z", mapped);
+}
+
+TEST(TextEncoding, ConvertsAndReportsWhatIsMalformed) {
+    const std::string bytes = "a\xC3\xA4\xE2\x82\xAC";
+    wchar_t text[8] = {};
+    EXPECT_EQ(3, MultiByteToWideChar(CP_UTF8, 0, bytes.c_str(), 6, nullptr, 0));
+    EXPECT_EQ(4, MultiByteToWideChar(CP_UTF8, 0, bytes.c_str(), -1, text, 8));
+    EXPECT_STREQ(L"a\u00E4\u20AC", text);
+    EXPECT_EQ(0, MultiByteToWideChar(CP_UTF8, 0, bytes.c_str(), -1, text, 3));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER), GetLastError());
+    EXPECT_EQ(0, MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "a\xC3", 2, text, 8));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_NO_UNICODE_TRANSLATION), GetLastError());
+    EXPECT_EQ(2, MultiByteToWideChar(CP_UTF8, 0, "a\xC3", 2, text, 8));
+    EXPECT_EQ(L'\uFFFD', text[1]);
+    char narrow[16] = {};
+    EXPECT_EQ(7, WideCharToMultiByte(CP_UTF8, 0, L"a\u00E4\u20AC", -1, narrow, 16, nullptr, nullptr));
+    EXPECT_EQ(bytes, narrow);
+    BOOL replaced = FALSE;
+    EXPECT_EQ(3, WideCharToMultiByte(1252, 0, L"\u20AC\u0416x", 3, narrow, 16, nullptr, &replaced));
+    EXPECT_TRUE(replaced);
+    EXPECT_EQ("\x80?x", std::string(narrow, 3));
+}
+
+TEST(LocaleSettings, AnswerSeparatorsWithTheirTerminator) {
+    wchar_t text[8] = {};
+    EXPECT_EQ(2, GetLocaleInfoW(0x0407, LOCALE_SDECIMAL, nullptr, 0));
+    EXPECT_EQ(2, GetLocaleInfoW(0x0407, LOCALE_SDECIMAL, text, 8));
+    EXPECT_STREQ(L",", text);
+    EXPECT_EQ(2, GetLocaleInfoW(0x0409, LOCALE_STHOUSAND, text, 8));
+    EXPECT_STREQ(L",", text);
+    EXPECT_EQ(0, GetLocaleInfoW(0x0407, LOCALE_SDECIMAL, text, 1));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER), GetLastError());
+}
+
+TEST(LocaleSettings, FollowWhatTheUserChanges) {
+    wchar_t before[8] = {};
+    ASSERT_NE(0, GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before, 8));
+    ASSERT_TRUE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L"!"));
+    double value = 0;
+    wchar_t text[] = L"1!5";
+    const HRESULT read = VarR8FromStr(text, LOCALE_USER_DEFAULT, 0, &value);
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before);
+    EXPECT_EQ(S_OK, read);
+    EXPECT_EQ(1.5, value);
+}
+
+TEST(CommandLine, SplitsByTheRulesOfQuotesAndBackslashes) {
+    struct Case {
+        const wchar_t* line;
+        std::vector<std::wstring> arguments;
+    };
+    const Case cases[] = {
+        {L"program a b", {L"program", L"a", L"b"}},   {L"\"C:\\my dir\\p.exe\" x", {L"C:\\my dir\\p.exe", L"x"}},
+        {L"p  \t \"a b\"  c", {L"p", L"a b", L"c"}},  {L"p a\\b \\\\\"c d\" e", {L"p", L"a\\b", L"\\c d", L"e"}},
+        {L"p \"a\\\"b\" \"\"", {L"p", L"a\"b", L""}}, {L"p x\"y z\"w", {L"p", L"xy zw"}},
+        {L"p trailing\\", {L"p", L"trailing\\"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(std::wstring(c.line)));
+        int count = 0;
+        LPWSTR* arguments = CommandLineToArgvW(c.line, &count);
+        EXPECT_EQ(c.arguments, std::vector<std::wstring>(arguments, arguments + count));
+        LocalFree(arguments);
+    }
+    EXPECT_NE(std::wstring::npos, qv::CommandLineArguments().at(0).find(L"platform_tests"));
+}
+
+TEST(Environment, AnswersSizesAndMissingNames) {
+    ASSERT_TRUE(SetEnvironmentVariableW(L"QV_TEST_VARIABLE", L"value"));
+    wchar_t buffer[8] = {};
+    EXPECT_EQ(6u, GetEnvironmentVariableW(L"QV_TEST_VARIABLE", buffer, 5));
+    EXPECT_EQ(5u, GetEnvironmentVariableW(L"QV_TEST_VARIABLE", buffer, 6));
+    EXPECT_STREQ(L"value", buffer);
+    ASSERT_TRUE(SetEnvironmentVariableW(L"QV_TEST_VARIABLE", nullptr));
+    EXPECT_EQ(0u, GetEnvironmentVariableW(L"QV_TEST_VARIABLE", buffer, 8));
+    EXPECT_EQ(static_cast<DWORD>(ERROR_ENVVAR_NOT_FOUND), GetLastError());
+}
+
+}  // namespace
