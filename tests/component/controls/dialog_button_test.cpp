@@ -118,6 +118,7 @@ protected:
         button.SetDefaultValue(defaultValue);
         EXPECT_TRUE(button.CreateOnPage(parent, kControlId));
         button.ShowInitValue();
+        button.MoveWindow(10, 10, 100, 23);
         button.ShowWindow(SW_SHOW);
         button.SendMessage(BM_CLICK);
         return button.GetValue();
