@@ -4,7 +4,5 @@
 namespace qv::headless {
 
 void RegisterStandardControls();
-// The tab control, when a program asks for the common controls.
-void RegisterTabControl();
 
 }  // namespace qv::headless

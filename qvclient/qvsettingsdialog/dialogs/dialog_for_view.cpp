@@ -9,7 +9,9 @@ QV_RUNTIME_CLASS(XDialogForView, XDynDialogModeless)
 XDialogForView::XDialogForView(XConstructionSet& constructionSet, CWnd* parentView)
     : XDynDialogModeless(constructionSet, parentView), m_framePlacement(InitialPlacement()) {}
 
-XDialogForView::~XDialogForView() = default;
+XDialogForView::~XDialogForView() {
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();  // while this is still the dialog that saves its placement
+}
 
 const MessageMap* XDialogForView::GetThisMessageMap() {
     static const MessageMap map{XDynDialogModeless::GetThisMessageMap(),
@@ -39,10 +41,6 @@ bool XDialogForView::OnInitDialog() {
         }
     }
     return true;
-}
-
-bool XDialogForView::PreTranslateMessage(MSG& /*message*/) {
-    return false;
 }
 
 void XDialogForView::OnOK() {

@@ -18,8 +18,6 @@ class XDialogForView : public XDynDialogModeless {
     void DoDataExchange(CDataExchange& exchange) override;
     void OnOK() override;
     void OnCancel() override;
-    // The keyboard is the frame's, which sees every window inside it.
-    bool PreTranslateMessage(MSG& message) override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();

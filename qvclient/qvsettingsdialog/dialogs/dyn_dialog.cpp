@@ -43,7 +43,9 @@ XDynDialog::XDynDialog(XConstructionSet& constructionSet, CWnd* parent)
       m_restoreEnabled(IsPlacementSwitchedOn(constructionSet)),
       m_storedPlacement(InitialPlacement()) {}
 
-XDynDialog::~XDynDialog() = default;
+XDynDialog::~XDynDialog() {
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();  // before what its windows refer to
+}
 
 const MessageMap* XDynDialog::GetThisMessageMap() {
     static const MessageMap map{CDialog::GetThisMessageMap(),

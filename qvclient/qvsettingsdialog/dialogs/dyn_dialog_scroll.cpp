@@ -93,7 +93,21 @@ void XDynDialogScroll::OnSize(UINT type, int cx, int cy) {
 
 // Null is passed over: the platform's dialog manager uses the same number for a message of its own.
 LRESULT XDynDialogScroll::OnSetPlacement(WPARAM /*wParam*/, LPARAM lParam) {
-    if (lParam != 0) SetWindowPlacement(*reinterpret_cast<const WINDOWPLACEMENT*>(lParam));
+    if (lParam == 0) return 0;
+    const auto& wanted = *reinterpret_cast<const WINDOWPLACEMENT*>(lParam);
+    SetWindowPlacement(wanted);
+    // Deliberate: a frame that was left off the screen comes back there, though the platform would pull one that is
+    // wholly outside back in. Whoever stored the record meant a screen that may be plugged in again.
+    WINDOWPLACEMENT actual{};
+    actual.length = sizeof actual;
+    if (wanted.showCmd != SW_SHOWNORMAL || !GetWindowPlacement(actual)) return 0;
+    const int dx = static_cast<int>(wanted.rcNormalPosition.left - actual.rcNormalPosition.left);
+    const int dy = static_cast<int>(wanted.rcNormalPosition.top - actual.rcNormalPosition.top);
+    if (dx != 0 || dy != 0) {
+        const CRect rect = GetWindowRect();
+        SetWindowPos(nullptr, static_cast<int>(rect.left) + dx, static_cast<int>(rect.top) + dy, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     return 0;
 }
 
@@ -122,27 +136,4 @@ void XDynDialogScroll::OnOK() {
 
 void XDynDialogScroll::OnCancel() {
     CDialog::OnCancel();
-}
-
-// One dialog for the keyboard: the frame. The nested dialogs' own default buttons would otherwise answer Enter.
-bool XDynDialogScroll::PreTranslateMessage(MSG& message) {
-    if (TranslateEnter(message)) return true;
-    return CDialog::PreTranslateMessage(message);
-}
-
-// Enter presses the button that has the focus, in the button's own dialog, and is OK everywhere else. A control that
-// wants the key (an open list, an edit with lines) keeps it.
-bool XDynDialogScroll::TranslateEnter(const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
-    const HWND focus = ::GetFocus();
-    if (focus == nullptr || IsChild(m_hWnd, focus) == FALSE) return false;
-    const LRESULT wants = ::SendMessageW(focus, WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&message));
-    if ((wants & DLGC_WANTMESSAGE) != 0) return false;
-    if ((wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
-        const int id = ::GetDlgCtrlID(focus);
-        ::SendMessageW(::GetParent(focus), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(focus));
-        return true;
-    }
-    SendMessage(WM_COMMAND, IDOK);
-    return true;
 }

@@ -1,5 +1,5 @@
 // XDynDialogScroll: the top-level frame of the settings dialog, run modally by the manager. It has no buttons; a
-// scrolling view with the dialog fills it. It owns the keyboard of everything inside: Enter is OK, Escape is Cancel.
+// scrolling view with the dialog fills it. The keys of everything inside are its own: Enter is OK, Escape is Cancel.
 #pragma once
 
 #include <string>
@@ -25,7 +25,6 @@ class XDynDialogScroll : public CDialog, public SettingsFrame {
     void DoDataExchange(CDataExchange& exchange) override;
     void OnOK() override;
     void OnCancel() override;
-    bool PreTranslateMessage(MSG& message) override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -39,7 +38,6 @@ protected:
 private:
     bool CreateView();
     void FitAroundDialog(const XDialogForView& dialog);
-    bool TranslateEnter(const MSG& message);
 
     XFormViewDlg* m_view = nullptr;  // deletes itself with its window
     XConstructionSet& m_constructionSet;

@@ -32,7 +32,9 @@ XDynPropertyPage::XDynPropertyPage(PageRecord& record, std::wstring title, UINT 
       m_pageIndex(pageIndex),
       m_sheet(sheet) {}
 
-XDynPropertyPage::~XDynPropertyPage() = default;
+XDynPropertyPage::~XDynPropertyPage() {
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();  // before what its windows refer to
+}
 
 const MessageMap* XDynPropertyPage::GetThisMessageMap() {
     static const MessageMap map{CPropertyPage::GetThisMessageMap(),

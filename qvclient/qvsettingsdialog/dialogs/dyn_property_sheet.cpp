@@ -23,7 +23,9 @@ XDynPropertySheet::XDynPropertySheet(std::wstring_view caption, XConstructionSet
     BuildPages();
 }
 
-XDynPropertySheet::~XDynPropertySheet() = default;
+XDynPropertySheet::~XDynPropertySheet() {
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();  // before what its windows refer to
+}
 
 const MessageMap* XDynPropertySheet::GetThisMessageMap() {
     static const MessageMap map{CPropertySheet::GetThisMessageMap(),

@@ -41,11 +41,6 @@ void XFormViewDlg::OnInitialUpdate() {
     SetScrollSizes({m_dialog->GetViewWidth(), m_dialog->GetViewHeight()});
 }
 
-// The keyboard is the frame's, which sees every window inside it.
-bool XFormViewDlg::PreTranslateMessage(MSG& /*message*/) {
-    return false;
-}
-
 void XFormViewDlg::OnSize(UINT type, int cx, int cy) {
     CFormView::OnSize(type, cx, cy);
     if (m_dialog == nullptr || !m_dialog->IsLive()) return;

@@ -24,7 +24,6 @@ class XFormViewDlg : public CFormView, public SettingsHostView {
                 UINT id) override;
     void OnInitialUpdate() override;
     void DoDataExchange(CDataExchange& exchange) override;
-    bool PreTranslateMessage(MSG& message) override;
 
     HRESULT get_accChildCount(LONG* count) override;
     HRESULT get_accChild(VARIANT child, IDispatch** dispatch) override;

@@ -1,0 +1,122 @@
+// The size arithmetic of frame, view and dialog.
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
+#include "tests/component/dialogs/whole_dialog.h"
+
+namespace {
+
+class Sizes : public WholeDialog {
+protected:
+    Sizes() { host.DefinePlainPage(); }
+};
+
+TEST_F(Sizes, ANarrowDialogGrowsToTheScreensEdgeAndTheFrameStandsAroundItInTheMiddle) {
+    const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
+    const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
+    Show({
+        [&] {
+            // The dialog began at its view's origin, wherever the frame then was; it reaches the free edge from there.
+            EXPECT_GT(Dialog().GetViewWidth(), 470);
+            EXPECT_LE(Dialog().GetViewWidth(), screenWidth - 280);
+            EXPECT_LE(Dialog().GetViewHeight(), screenHeight - 200);
+            const CRect frame = driver.Frame().GetWindowRect();
+            EXPECT_EQ(frame.Width(), Dialog().GetViewWidth() + 30);
+            EXPECT_EQ(frame.Height(), Dialog().GetViewHeight() + 30);
+            EXPECT_EQ(frame.left, (screenWidth - frame.Width()) / 2);
+            EXPECT_EQ(frame.top, (screenHeight - frame.Height()) / 2);
+            EXPECT_TRUE((driver.Frame().GetStyle() & WS_MAXIMIZEBOX) != 0);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(Sizes, ButtonsStandInARowFromTheRightBelowTheSheet) {
+    Show({
+        [this] {
+            const CRect window = Dialog().GetWindowRect();
+            const CRect sheet = Sheet().GetWindowRect();
+            EXPECT_EQ(sheet.left, window.left + 8);
+            EXPECT_EQ(sheet.top, window.top + 25);
+            EXPECT_EQ(sheet.Width(), Dialog().GetClientRect().Width() - 8);
+
+            const CRect ok = Dialog().GetDlgItem(IDOK)->GetWindowRect();
+            const int half = ok.Height() / 2;
+            EXPECT_EQ(sheet.bottom, window.bottom - (ok.Height() + 2 * half));
+            int right = static_cast<int>(sheet.right) - 3;
+            int gap = -1;
+            for (const int id : {IDC_DEFAULT_BUTTON, IDC_HELP_BUTTON, IDC_APPLY_BUTTON, IDCANCEL, IDOK}) {
+                SCOPED_TRACE(id);
+                const CRect button = Dialog().GetDlgItem(id)->GetWindowRect();
+                if (id == IDC_HELP_BUTTON) gap = right - static_cast<int>(button.right);
+                EXPECT_EQ(button.right, id == IDC_DEFAULT_BUTTON ? right : right - gap);
+                EXPECT_EQ(button.bottom, window.bottom - half);
+                EXPECT_EQ(button.Width(), ok.Width());
+                EXPECT_EQ(button.Height(), ok.Height());
+                right = static_cast<int>(button.left);
+            }
+            // A fifth of the 10 dialog units between OK and Cancel in the template.
+            RECT units{0, 0, 10, 0};
+            MapDialogRect(Dialog().m_hWnd, &units);
+            EXPECT_NEAR(gap, static_cast<double>(units.right) / 5, 1.0);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(Sizes, TheDialogIsTrackedNoSmallerThanItsSheet) {
+    Show({
+        [this] {
+            MINMAXINFO info{};
+            info.ptMaxTrackSize = {12345, 6789};
+            Dialog().SendMessage(WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+            EXPECT_EQ(info.ptMinTrackSize.x, Sheet().GetRequiredWidth() + 50);
+            EXPECT_EQ(info.ptMinTrackSize.y, Sheet().GetRequiredHeight() + 95);
+            EXPECT_EQ(info.ptMaxTrackSize.x, 12345);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(Sizes, ThePageLeavesTenPixelsAroundItsRows) {
+    Show({
+        [this] {
+            CWnd& page = *Sheet().GetActivePage();
+            page.MoveWindow(0, 0, 400, 300);
+            CRect last = driver.Control(L"common/name")->GetWindowRect();
+            page.ScreenToClient(last);
+            EXPECT_LE(last.right, page.GetClientRect().right - 10);
+            CRect first = driver.Control(L"common/flag")->GetWindowRect();
+            page.ScreenToClient(first);
+            EXPECT_GE(first.top, 10);
+            EXPECT_LT(first.top, 40);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+// The dialog fills a frame that is larger than it and scrolls in one that is smaller; every resize that leaves a bar
+// takes that bar back to its start.
+TEST_F(Sizes, ASmallFrameScrollsAndEveryResizeGoesBackToTheStart) {
+    const auto scrolled = [this] { return GetScrollPos(Dialog().GetParent()->GetSafeHwnd(), SB_VERT); };
+    Show({
+        [&] {
+            const int width = Dialog().GetViewWidth();
+            const int height = Dialog().GetViewHeight();
+            driver.Frame().MoveWindow(0, 0, width + 300, height + 250);
+            const CRect view = Dialog().GetParent()->GetClientRect();
+            EXPECT_EQ(Dialog().GetWindowRect().Width(), view.Width());
+            EXPECT_EQ(Dialog().GetWindowRect().Height(), view.Height());
+            EXPECT_GT(view.Height(), height);
+
+            driver.Frame().MoveWindow(0, 0, width / 2, height / 2);
+            EXPECT_EQ(Dialog().GetWindowRect().Width(), width);
+            EXPECT_EQ(Dialog().GetWindowRect().Height(), height);
+            Dialog().GetParent()->SendMessage(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
+            EXPECT_GT(scrolled(), 0);
+            driver.Frame().MoveWindow(0, 0, width / 2 + 5, height / 2);
+            EXPECT_EQ(scrolled(), 0);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+}  // namespace

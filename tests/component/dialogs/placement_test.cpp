@@ -1,0 +1,238 @@
+// The placement record: when it is read and written, in which order, and what faults do to it.
+#include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
+#include "tests/component/dialogs/whole_dialog.h"
+
+using qv::SessionCall;
+using qv::SessionOperation;
+
+namespace {
+
+constexpr const wchar_t* kRecord = L"SizeConfigDialog";
+const std::vector<std::wstring> kOrder{L"flags", L"state", L"max.x", L"max.y",    L"min.x",
+                                       L"min.y", L"top.x", L"top.y", L"bottom.x", L"bottom.y"};
+
+class Placement : public WholeDialog {
+protected:
+    Placement() { host.DefinePlainPage(); }
+
+    void SwitchOn() { host.session->Put(SDT_userData, L"common", L"configdialoginit", L"1"); }
+    void PutRecord(std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> values) {
+        for (const auto& [name, text] : values)
+            host.session->Put(SDT_userData, kRecord, name, text);
+    }
+    [[nodiscard]] std::wstring Recorded(std::wstring_view name) const {
+        const std::wstring* text = host.session->GetSaved(SDT_userData, kRecord, name);
+        return text != nullptr ? *text : L"(none)";
+    }
+    [[nodiscard]] std::vector<SessionCall> RecordCalls(SessionOperation operation) const {
+        std::vector<SessionCall> calls = host.session->CallsOf(operation);
+        std::erase_if(calls, [](const SessionCall& call) { return call.key != kRecord; });
+        return calls;
+    }
+    int OpenAndCancel() {
+        return Show({[this] { driver.Press(IDCANCEL); }});
+    }
+};
+
+TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
+    struct Case {
+        const char* name;
+        const wchar_t* stored;  // null: none
+        const wchar_t* defaultText;
+        bool on;
+    };
+    const Case cases[] = {
+        {"nothing", nullptr, nullptr, false},
+        {"stored 1", L"1", nullptr, true},
+        {"stored 0 beats default 1", L"0", L"1", false},
+        {"default 1", nullptr, L"1", true},
+        {"default 0", nullptr, L"0", false},
+        {"stored 2", L"2", L"1", false},
+        {"too large for 16 bits", L"65537", L"1", false},
+        {"no number", L"yes", L"1", false},
+        {"empty", L"", L"1", false},
+        {"rounded", L"1.2", nullptr, true},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        qvtest::TestHost fresh;
+        if (each.stored != nullptr) fresh.session->Put(SDT_userData, L"common", L"configdialoginit", each.stored);
+        if (each.defaultText != nullptr) {
+            fresh.session->Define(L"option-configuration/common/configdialoginit", L"default", each.defaultText);
+        }
+        const XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                               qv::ComPtr<ISessionDataManager>(fresh.session.Get()),
+                                               qv::ComPtr<IMultiUserManager>(fresh.users.Get()));
+        EXPECT_EQ(IsPlacementSwitchedOn(constructionSet), each.on);
+    }
+}
+
+TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
+    PutRecord({{L"top.x", L"3"}, {L"top.y", L"4"}, {L"bottom.x", L"703"}, {L"bottom.y", L"504"}});
+    Show({
+        [this] { EXPECT_NE(driver.Frame().GetWindowRect().Width(), 700); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+    EXPECT_TRUE(RecordCalls(SessionOperation::EnumValues).empty());
+    EXPECT_TRUE(RecordCalls(SessionOperation::WriteData).empty());
+}
+
+TEST_F(Placement, RecordIsReadFieldByField) {
+    struct Case {
+        const char* name;
+        std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> values;
+        RECT rect;
+        UINT state;
+    };
+    const Case cases[] = {
+        {"empty record", {}, {0, 0, 470, 360}, 1},
+        {"all",
+         {{L"top.x", L"1"}, {L"top.y", L"2"}, {L"bottom.x", L"3"}, {L"bottom.y", L"4"}, {L"state", L"3"}},
+         {1, 2, 3, 4},
+         3},
+        {"capitals", {{L"TOP.X", L"-5000"}, {L"Bottom.Y", L"77"}}, {-5000, 0, 470, 77}, 1},
+        {"no numbers count as 0, digits lead", {{L"bottom.x", L"wide"}, {L"top.y", L" 12abc"}}, {0, 12, 0, 360}, 1},
+        {"unknown names are passed over", {{L"left", L"9"}, {L"top", L"9"}}, {0, 0, 470, 360}, 1},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        qvtest::TestHost fresh;
+        for (const auto& [name, text] : each.values)
+            fresh.session->Put(SDT_userData, kRecord, name, text);
+        WINDOWPLACEMENT placement = InitialPlacement();
+        ReadPlacementRecord(*fresh.session.Get(), placement);
+        EXPECT_EQ(placement.rcNormalPosition.left, each.rect.left);
+        EXPECT_EQ(placement.rcNormalPosition.top, each.rect.top);
+        EXPECT_EQ(placement.rcNormalPosition.right, each.rect.right);
+        EXPECT_EQ(placement.rcNormalPosition.bottom, each.rect.bottom);
+        EXPECT_EQ(placement.showCmd, each.state);
+    }
+}
+
+TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
+    SwitchOn();
+    PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"1"}});
+    CRect left;
+    Show({
+        [&] {
+            const CRect frame = driver.Frame().GetWindowRect();
+            EXPECT_EQ(frame.left, 40);
+            EXPECT_EQ(frame.top, 50);
+            EXPECT_EQ(frame.Width(), 900);
+            EXPECT_EQ(frame.Height(), 700);
+            driver.Frame().MoveWindow(80, 60, 860, 640);
+            left = driver.Frame().GetWindowRect();
+        },
+        [this] { driver.Press(IDOK); },
+    });
+    EXPECT_EQ(Recorded(L"top.x"), L"80");
+    EXPECT_EQ(Recorded(L"bottom.y"), L"700");
+    Show({
+        [&] {
+            const CRect again = driver.Frame().GetWindowRect();
+            EXPECT_EQ(again.left, left.left);
+            EXPECT_EQ(again.Width(), left.Width());
+            EXPECT_EQ(again.Height(), left.Height());
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(Placement, AMaximisedFrameReopensMaximised) {
+    SwitchOn();
+    PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"3"}});
+    Show({
+        [this] { EXPECT_TRUE(IsZoomed(driver.Frame().m_hWnd)); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+    EXPECT_EQ(Recorded(L"state"), L"3");
+    EXPECT_EQ(Recorded(L"flags"), L"3");
+    EXPECT_EQ(Recorded(L"top.x"), L"40");
+}
+
+TEST_F(Placement, AnOffScreenRecordIsUsedAsItIs) {
+    SwitchOn();
+    PutRecord({{L"top.x", L"-5000"}, {L"top.y", L"50"}, {L"bottom.x", L"-4100"}, {L"bottom.y", L"750"}});
+    Show({
+        [this] { EXPECT_EQ(driver.Frame().GetWindowRect().left, -5000); },
+        // A window that nobody sees gets no keys.
+        [this] { driver.Frame().PostMessage(WM_CLOSE); },
+    });
+    EXPECT_EQ(Recorded(L"top.x"), L"-5000");
+}
+
+// The dialog's own placement first, then the frame's over it; all writes of one before its saves.
+TEST_F(Placement, WritesAndSavesInOrderTheFramesLast) {
+    SwitchOn();
+    OpenAndCancel();
+    std::vector<std::pair<SessionOperation, std::wstring>> expected;
+    for (int round = 0; round < 2; ++round) {
+        for (const SessionOperation operation : {SessionOperation::WriteData, SessionOperation::SaveData}) {
+            for (const std::wstring& name : kOrder)
+                expected.emplace_back(operation, name);
+        }
+    }
+    std::vector<std::pair<SessionOperation, std::wstring>> actual;
+    std::vector<std::wstring> flags;
+    for (const SessionCall& call : host.session->Calls()) {
+        if (call.key != kRecord || call.operation == SessionOperation::EnumValues) continue;
+        EXPECT_EQ(call.scope, SDT_userData);
+        actual.emplace_back(call.operation, call.name);
+        if (call.operation == SessionOperation::WriteData && call.name == L"flags") flags.push_back(call.text);
+    }
+    EXPECT_EQ(actual, expected);
+    EXPECT_EQ(flags, (std::vector<std::wstring>{L"0", L"1"}));
+    EXPECT_EQ(Recorded(L"flags"), Recorded(L"state"));
+}
+
+TEST_F(Placement, AFailedWriteEndsItsRoundUnsaved) {
+    SwitchOn();
+    int writes = 0;
+    host.session->SetFault([&](const SessionCall& call) {
+        const bool third = call.operation == SessionOperation::WriteData && call.key == kRecord && ++writes == 3;
+        return third ? E_FAIL : S_OK;
+    });
+    OpenAndCancel();
+    // Three of the dialog's own, then the frame's ten, which are saved.
+    EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 13U);
+    EXPECT_EQ(RecordCalls(SessionOperation::SaveData).size(), 10U);
+}
+
+TEST_F(Placement, FailingSavesAreNotLookedAt) {
+    SwitchOn();
+    host.session->SetFault(
+        [](const SessionCall& call) { return call.operation == SessionOperation::SaveData ? E_FAIL : S_OK; });
+    OpenAndCancel();
+    EXPECT_EQ(RecordCalls(SessionOperation::SaveData).size(), 20U);
+    EXPECT_TRUE(driver.boxes.empty());
+}
+
+// A listing that fails still counts as loaded: the initial rectangle is used instead of the fit to the screen.
+TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
+    SwitchOn();
+    host.session->SetFault([](const SessionCall& call) {
+        return call.operation == SessionOperation::EnumValues && call.key == kRecord ? E_FAIL : S_OK;
+    });
+    Show({
+        [this] {
+            const CRect frame = driver.Frame().GetWindowRect();
+            EXPECT_EQ(frame.left, 0);
+            EXPECT_EQ(frame.top, 0);
+            EXPECT_EQ(frame.Width(), 470);
+            EXPECT_EQ(frame.Height(), 360);
+        },
+        [this] { driver.PressKey(VK_ESCAPE); },
+    });
+}
+
+TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
+    host.DefineItem(L"common/configdialoginit", {{L"type", L"0"}, {L"label", L"Remember"}, {L"pagenumber", L"1"}});
+    Show({
+        [this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); },
+        [this] { driver.Press(IDOK); },
+    });
+    EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 20U);
+    EXPECT_NE(Recorded(L"top.x"), L"(none)");
+}
+
+}  // namespace

@@ -1,0 +1,27 @@
+// The fixture of the dialogs' tests: the settings dialog linked into the test program, over a host in memory, without
+// COM around it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "framework/module_state.h"
+#include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
+#include "tests/component/settings_driver.h"
+
+class WholeDialog : public ::testing::Test {
+protected:
+    WholeDialog();
+    ~WholeDialog() override;
+
+    // A fresh construction set and frame, as the manager makes them.
+    int Show(qvtest::SettingsDriver::Steps steps);
+    // The dialog and the sheet by their own classes, while they are shown.
+    [[nodiscard]] XDynDialog& Dialog() const;
+    [[nodiscard]] XDynPropertySheet& Sheet() const;
+
+    qvtest::TestHost host;
+    qvtest::SettingsDriver driver;
+
+private:
+    ModuleStateSwitch m_state;
+};

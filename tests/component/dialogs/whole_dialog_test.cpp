@@ -1,0 +1,284 @@
+// OK, Apply, Default, Cancel and the keyboard, on a dialog with an item of each plain kind.
+#include "tests/component/dialogs/whole_dialog.h"
+
+#include "framework/app.h"
+#include "host/libraries/translation.h"
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
+
+using qv::SessionOperation;
+
+namespace {
+
+class PlainDialog : public WholeDialog {
+protected:
+    PlainDialog() { host.DefinePlainPage(); }
+
+    void ExpectNothingWritten() const {
+        EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
+        EXPECT_TRUE(host.session->CallsOf(SessionOperation::SaveData).empty());
+    }
+};
+
+TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
+    const int code = Show({
+        [this] {
+            EXPECT_EQ(driver.TabTitles(), std::vector<std::wstring>{L"General"});
+            EXPECT_EQ(driver.Shown(L"common/flag"), L"0");
+            EXPECT_EQ(driver.Shown(L"common/count"), L"7");
+            EXPECT_EQ(driver.Shown(L"common/name"), L"Anna");
+            EXPECT_EQ(driver.Shown(L"common/unit"), L"Millimetre");
+            EXPECT_EQ(driver.Frame().GetWindowText(), L"Test settings");
+        },
+        [this] { EXPECT_TRUE(driver.Toggle(L"common/flag")); },
+        [this] { EXPECT_TRUE(driver.Type(L"common/count", L"9")); },
+        [this] { EXPECT_TRUE(driver.Type(L"common/ratio", L"2.25")); },
+        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Berta")); },
+        [this] { EXPECT_TRUE(driver.Choose(L"common/unit", 1)); },
+        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
+    });
+    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(host.Stored(L"common/flag"), L"1");
+    EXPECT_EQ(host.Stored(L"common/count"), L"9");
+    EXPECT_EQ(host.Stored(L"common/ratio"), L"2.25");
+    EXPECT_EQ(host.Stored(L"common/name"), L"Berta");
+    EXPECT_EQ(host.Stored(L"common/unit"), L"cm");
+    EXPECT_TRUE(driver.boxes.empty());
+}
+
+TEST_F(PlainDialog, OpensWithTheFocusOnOkAndApplyGrey) {
+    Show({
+        [this] {
+            EXPECT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+// Each way out without OK: the code is Cancel's, and whatever was typed is gone.
+TEST_F(PlainDialog, LeavingWithoutOkWritesNothing) {
+    struct Case {
+        const char* name;
+        std::function<void()> leave;
+    };
+    const Case cases[] = {
+        {"Cancel", [this] { driver.Press(IDCANCEL); }},
+        {"Escape", [this] { driver.PressKey(VK_ESCAPE); }},
+        {"close box", [this] { driver.Frame().PostMessage(WM_CLOSE); }},
+        {"Enter on Cancel",
+         [this] {
+             driver.Dialog().GetDlgItem(IDCANCEL)->SetFocus();
+             driver.PressKey(VK_RETURN);
+         }},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        const int code = Show({[this] { EXPECT_TRUE(driver.Type(L"common/name", L"Zoe")); }, each.leave});
+        EXPECT_EQ(code, IDCANCEL);
+        ExpectNothingWritten();
+    }
+}
+
+TEST_F(PlainDialog, EnterInAnEditIsOk) {
+    const int code = Show({
+        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Cora")); },
+        [this] { EXPECT_TRUE(driver.PressKey(VK_RETURN)); },
+    });
+    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(host.Stored(L"common/name"), L"Cora");
+}
+
+TEST_F(PlainDialog, TabWalksFromTheButtonsIntoThePageAndSpaceTicksTheBox) {
+    Show({
+        [this] {
+            constexpr int kFarEnough = 12;
+            for (int i = 0; i < kFarEnough && !driver.HasFocus(driver.Control(L"common/flag")); ++i) {
+                EXPECT_TRUE(driver.PressKey(VK_TAB));
+            }
+            EXPECT_TRUE(driver.HasFocus(driver.Control(L"common/flag")));
+        },
+        [this] { driver.PressKey(VK_SPACE); },
+        [this] {
+            EXPECT_EQ(driver.Shown(L"common/flag"), L"1");
+            EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        },
+        [this] { driver.PressKey(VK_ESCAPE); },
+    });
+}
+
+// One change of each kind wakes Apply.
+TEST_F(PlainDialog, EveryKindOfChangeEnablesApply) {
+    struct Case {
+        const char* name;
+        std::function<bool()> change;
+    };
+    const Case cases[] = {
+        {"check box", [this] { return driver.Toggle(L"common/flag"); }},
+        {"edit", [this] { return driver.Type(L"common/name", L"x"); }},
+        {"combo box", [this] { return driver.Choose(L"common/unit", 1); }},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        Show({
+            [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+            [&] { EXPECT_TRUE(each.change()); },
+            [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+            [this] { driver.Press(IDCANCEL); },
+        });
+    }
+}
+
+TEST_F(PlainDialog, ApplyStoresStaysOpenAndWakesAgainAtTheNextChange) {
+    const int code = Show({
+        [this] { driver.Type(L"common/name", L"Dora"); },
+        [this] { EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON)); },
+        [this] {
+            EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            host.session->ClearCalls();
+            // What is not modified is not applied, even if someone gets at the button.
+            driver.Dialog().SendMessage(WM_COMMAND, MAKEWPARAM(IDC_APPLY_BUTTON, BN_CLICKED));
+            ExpectNothingWritten();
+        },
+        [this] { driver.Type(L"common/name", L"Elsa"); },
+        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+    EXPECT_EQ(code, IDCANCEL);
+    EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
+}
+
+TEST_F(PlainDialog, ApplyGoesGreyEvenWhenAPageIsRefused) {
+    Show({
+        [this] { driver.Type(L"common/count", L"11"); },
+        [this] { driver.Press(IDC_APPLY_BUTTON); },
+        [this] {
+            EXPECT_EQ(driver.boxes.size(), 1U);
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            ExpectNothingWritten();
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(PlainDialog, TheDialogHearsOfTheFirstChangeOnly) {
+    Show({
+        [this] { driver.Type(L"common/name", L"F"); },
+        [this] {
+            // Were a second notice passed on, it would wake the button again.
+            driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->EnableWindow(false);
+            driver.Type(L"common/name", L"G");
+            driver.Toggle(L"common/flag");
+        },
+        [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(PlainDialog, DefaultShowsDefaultsWakesApplyAndStoresNothingItself) {
+    const int code = Show({
+        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
+        [this] {
+            EXPECT_EQ(driver.Shown(L"common/count"), L"4");
+            EXPECT_EQ(driver.Shown(L"common/name"), L"Anna");  // has no default
+            EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            ExpectNothingWritten();
+        },
+        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
+    });
+    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(host.Stored(L"common/count"), L"4");
+}
+
+TEST_F(PlainDialog, DefaultWakesApplyEvenWhenNothingDiffers) {
+    host.session->Put(SDT_userData, L"common", L"count", L"4");
+    Show({
+        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
+        [this] { driver.Press(IDC_APPLY_BUTTON); },
+        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
+        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
+    const int code = Show({
+        [this] { driver.Type(L"common/count", L"11"); },
+        [this] { driver.Press(IDOK); },
+        [this] {
+            ASSERT_EQ(driver.boxes.size(), 1U);
+            EXPECT_EQ(driver.boxes[0].caption, L"Count");
+            EXPECT_EQ(driver.boxes[0].owner, driver.Dialog().GetSafeHwnd());
+            auto* edit = DynamicDownCast<CEdit>(driver.Control(L"common/count"));
+            ASSERT_NE(edit, nullptr);
+            EXPECT_TRUE(driver.HasFocus(edit));
+            int start = -1;
+            int end = -1;
+            edit->GetSel(start, end);
+            EXPECT_EQ(start, 0);
+            EXPECT_EQ(end, 2);
+            ExpectNothingWritten();
+        },
+        [this] { driver.Type(L"common/count", L"10"); },
+        [this] { driver.Press(IDOK); },
+    });
+    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(host.Stored(L"common/count"), L"10");
+}
+
+// A control that takes the focus back (a password that was not repeated, say) keeps the dialog open without a word.
+TEST_F(PlainDialog, OkStaysOpenWhenTheFocusDoesNotFollow) {
+    Show({
+        [this] {
+            EXPECT_TRUE(driver.FocusRow(L"common/name"));
+            driver.Dialog().GetDlgItem(IDOK)->EnableWindow(false);  // a disabled button cannot take the focus
+            driver.PressKey(VK_RETURN);
+        },
+        [this] {
+            ExpectNothingWritten();
+            EXPECT_TRUE(driver.boxes.empty());
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+TEST_F(PlainDialog, AFailingSessionKeepsOkFromClosing) {
+    Show({
+        [this] {
+            host.session->SetFault([](const qv::SessionCall& call) {
+                return call.operation == SessionOperation::WriteData ? E_FAIL : S_OK;
+            });
+            // A value that cannot be written is passed over in silence; the dialog closes.
+            driver.Press(IDOK);
+        },
+    });
+    EXPECT_EQ(host.Stored(L"common/name"), L"Anna");
+}
+
+TEST_F(PlainDialog, CaptionsAreTranslated) {
+    const qv::Dictionary before =
+        qv::SetDictionary({{L"OK", L"Ja"}, {L"Apply", L"Anwenden"}, {L"Test settings", L"T"}});
+    Show({
+        [this] {
+            EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->GetWindowText(), L"Ja");
+            EXPECT_EQ(driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->GetWindowText(), L"Anwenden");
+            EXPECT_EQ(driver.Dialog().GetDlgItem(IDCANCEL)->GetWindowText(), L"Cancel");
+            EXPECT_EQ(driver.Frame().GetWindowText(), L"T");
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+    qv::SetDictionary(before);
+}
+
+TEST_F(PlainDialog, PlacementMessageWithoutARecordIsPassedOver) {
+    Show({
+        [this] {
+            const CRect before = driver.Frame().GetWindowRect();
+            EXPECT_EQ(driver.Frame().SendMessage(WM_USER + 2, 0, 0), 0);
+            EXPECT_EQ(driver.Frame().GetWindowRect().Width(), before.Width());
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+}  // namespace

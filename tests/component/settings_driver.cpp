@@ -1,0 +1,209 @@
+#include "tests/component/settings_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "framework/app.h"
+#include "qvclient/qvsettingsdialog/controls/settings_frame.h"
+
+namespace qvtest {
+namespace {
+
+std::wstring UnderOptionKey(std::wstring_view path) {
+    return std::wstring(kOptionKey) + L"/" + std::wstring(path);
+}
+
+std::pair<std::wstring, std::wstring> SplitKey(std::wstring_view itemKey) {
+    const std::size_t slash = itemKey.rfind(L'/');
+    return {std::wstring(itemKey.substr(0, slash)), std::wstring(itemKey.substr(slash + 1))};
+}
+
+// A page that is shown: a layout whose window exists.
+CWnd* AnyPage() {
+    for (const XLayout* layout : qv::LiveLayouts()) {
+        if (layout->GetParent() != nullptr && layout->GetParent()->IsLive()) return layout->GetParent();
+    }
+    return nullptr;
+}
+
+CPropertySheet* FindSheet() {
+    CWnd* page = AnyPage();
+    return page != nullptr ? DynamicDownCast<CPropertySheet>(page->GetParent()) : nullptr;
+}
+
+SettingsFrame* FindFrame() {
+    const CWnd* page = AnyPage();
+    return page != nullptr ? FindEnclosing<SettingsFrame>(*page) : nullptr;
+}
+
+}  // namespace
+
+TestHost::TestHost() : session(qv::MemorySessionData::Create()), users(qv::MultiUserManager::CreateWithAllRights()) {}
+
+void TestHost::DefinePage(std::wstring_view number, std::wstring_view title) {
+    session->Define(UnderOptionKey(L"pages"), number, title);
+}
+
+void TestHost::DefineItem(std::wstring_view itemKey, Attributes attributes) {
+    const std::wstring key = UnderOptionKey(itemKey);
+    session->Define(key, L"globaldata", L"0");
+    for (const auto& [name, text] : attributes)
+        session->Define(key, name, text);
+}
+
+void TestHost::DefinePlainPage() {
+    DefinePage(L"1", L"General");
+    DefineItem(L"common/flag", {{L"type", L"0"}, {L"label", L"Flag"}, {L"pagenumber", L"1"}, {L"ordernumber", L"1"}});
+    DefineItem(L"common/count", {{L"type", L"1"},
+                                 {L"label", L"Count"},
+                                 {L"pagenumber", L"1"},
+                                 {L"ordernumber", L"2"},
+                                 {L"default", L"4"},
+                                 {L"lowerbound", L"0"},
+                                 {L"upperbound", L"10"}});
+    DefineItem(L"common/ratio", {{L"type", L"2"},
+                                 {L"label", L"Ratio"},
+                                 {L"pagenumber", L"1"},
+                                 {L"ordernumber", L"3"},
+                                 {L"default", L"2"},
+                                 {L"lowerbound", L"0.5"},
+                                 {L"upperbound", L"2.5"}});
+    DefineItem(L"common/name", {{L"type", L"3"}, {L"label", L"Name"}, {L"pagenumber", L"1"}, {L"ordernumber", L"4"}});
+    DefineItem(L"common/unit", {{L"type", L"4"},
+                                {L"label", L"Unit"},
+                                {L"pagenumber", L"1"},
+                                {L"ordernumber", L"5"},
+                                {L"value1", L"mm|Millimetre"},
+                                {L"value2", L"cm|Centimetre"}});
+    session->Put(SDT_userData, L"common", L"flag", L"0");
+    session->Put(SDT_userData, L"common", L"count", L"7");
+    session->Put(SDT_userData, L"common", L"ratio", L"1.5");
+    session->Put(SDT_userData, L"common", L"name", L"Anna");
+    session->Put(SDT_userData, L"common", L"unit", L"mm");
+}
+
+std::wstring TestHost::Stored(std::wstring_view itemKey) const {
+    const auto [key, name] = SplitKey(itemKey);
+    const std::wstring* text = session->GetSaved(SDT_userData, key, name);
+    return text != nullptr ? *text : L"(none)";
+}
+
+SettingsDriver::SettingsDriver()
+    : m_user([] { PumpPending(); }), m_sinkBefore(qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
+          boxes.push_back(call);
+          return IDOK;
+      })) {}
+
+SettingsDriver::~SettingsDriver() {
+    qv::SetMessageBoxSink(m_sinkBefore);
+}
+
+int SettingsDriver::Run(const std::function<int()>& show, Steps steps) {
+    m_next = 0;
+    m_leftOpen = 0;
+    const IdleHandler before = SetIdleHandler([this, &steps](int) { return OnIdle(steps); });
+    const int result = show();
+    SetIdleHandler(before);
+    EXPECT_EQ(m_next, steps.size()) << "the dialog ended before its steps";
+    return result;
+}
+
+bool SettingsDriver::OnIdle(Steps& steps) {
+    if (m_inStep) return false;  // a loop inside a step
+    if (m_next < steps.size()) {
+        m_inStep = true;
+        steps[m_next++]();
+        m_inStep = false;
+        return true;
+    }
+    ADD_FAILURE() << "the dialog is still open after the last step";
+    constexpr int kGiveUp = 3;
+    if (++m_leftOpen == kGiveUp) std::abort();  // rather than wait for ever
+    if (SettingsFrame* frame = FindFrame()) frame->EndFrame(IDABORT);
+    return true;
+}
+
+CWnd& SettingsDriver::Frame() const {
+    return FindFrame()->FrameWindow();
+}
+
+CPropertySheet& SettingsDriver::Sheet() const {
+    return *FindSheet();
+}
+
+CWnd& SettingsDriver::Dialog() const {
+    return *Sheet().GetParent();
+}
+
+std::vector<std::wstring> SettingsDriver::TabTitles() const {
+    std::vector<std::wstring> titles;
+    const CTabCtrl* tab = Sheet().GetTabControl();
+    for (int i = 0; i < tab->GetItemCount(); ++i)
+        titles.push_back(tab->GetItemText(i));
+    return titles;
+}
+
+CWnd* SettingsDriver::Control(std::wstring_view itemKey) const {
+    for (const XLayout* layout : qv::LiveLayouts()) {
+        for (const XLayout::RowView& row : layout->GetRows()) {
+            if (row.column.name == itemKey) return row.control;
+        }
+    }
+    return nullptr;
+}
+
+std::wstring SettingsDriver::Shown(std::wstring_view itemKey) const {
+    CWnd* control = Control(itemKey);
+    if (control == nullptr) return L"(no control)";
+    if (const auto* combo = DynamicDownCast<CComboBox>(control)) {
+        return combo->GetCurSel() >= 0 ? combo->GetLBText(combo->GetCurSel()) : std::wstring();
+    }
+    if (const auto* button = DynamicDownCast<CButton>(control)) return button->GetCheck() != 0 ? L"1" : L"0";
+    return control->GetWindowText();
+}
+
+bool SettingsDriver::IsEnabled(int buttonId) const {
+    const CWnd* button = Dialog().GetDlgItem(buttonId);
+    return button != nullptr && button->IsWindowEnabled();
+}
+
+bool SettingsDriver::HasFocus(const CWnd* window) const {
+    return window != nullptr && ::GetFocus() == window->GetSafeHwnd();
+}
+
+bool SettingsDriver::Press(int buttonId) {
+    const CWnd* button = Dialog().GetDlgItem(buttonId);
+    return button != nullptr && m_user.Click(button->GetSafeHwnd());
+}
+
+bool SettingsDriver::PressKey(int virtualKey) {
+    return m_user.Press(virtualKey);
+}
+
+bool SettingsDriver::SwitchPage(int index) {
+    return m_user.ChooseTab(Sheet().GetTabControl()->GetSafeHwnd(), index);
+}
+
+bool SettingsDriver::FocusRow(std::wstring_view itemKey) {
+    const CWnd* control = Control(itemKey);
+    return control != nullptr && m_user.Focus(control->GetSafeHwnd());
+}
+
+bool SettingsDriver::Type(std::wstring_view itemKey, std::wstring_view text) {
+    if (!FocusRow(itemKey)) return false;
+    Control(itemKey)->SendMessage(EM_SETSEL, 0, -1);
+    return text.empty() ? m_user.Press(VK_DELETE) : m_user.Type(text);
+}
+
+bool SettingsDriver::Toggle(std::wstring_view itemKey) {
+    const CWnd* control = Control(itemKey);
+    return control != nullptr && m_user.Click(control->GetSafeHwnd());
+}
+
+bool SettingsDriver::Choose(std::wstring_view itemKey, int index) {
+    const CWnd* control = Control(itemKey);
+    return control != nullptr && m_user.Choose(control->GetSafeHwnd(), index);
+}
+
+}  // namespace qvtest
