@@ -1,0 +1,63 @@
+#include "app/component.h"
+
+#include <vector>
+
+#include "framework/text.h"
+#include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"
+
+namespace qv {
+
+namespace {
+
+constexpr const wchar_t* kCommand = L"tools/settings/change...";
+
+// The folder of the running program, with its separator.
+std::wstring ProgramFolder() {
+    std::vector<wchar_t> path(32768);
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const std::wstring file(path.data(), length);
+    return file.substr(0, file.find_last_of(L"\\/") + 1);
+}
+
+using GetClassObjectFunction = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+
+}  // namespace
+
+SettingsComponent::~SettingsComponent() {
+    if (m_object) m_object->ReleaseHost();
+    m_object.Reset();
+    if (m_library != nullptr) FreeLibrary(m_library);
+}
+
+bool SettingsComponent::Connect(ITPFHost* host, std::wstring& problem) {
+    const std::wstring file = ProgramFolder() + L"qvsettingsdialog.dll";
+    m_library = LoadLibraryW(file.c_str());
+    if (m_library == nullptr) {
+        problem = Format(L"%s could not be loaded (error %d)", file, GetLastError());
+        return false;
+    }
+    // The platform hands every exported function out as one type; the round trip through void* says that this is meant.
+    const auto getClassObject = reinterpret_cast<GetClassObjectFunction>(
+        reinterpret_cast<void*>(GetProcAddress(m_library, "DllGetClassObject")));
+    ComPtr<IClassFactory> factory;
+    if (getClassObject == nullptr ||
+        FAILED(getClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory,
+                              reinterpret_cast<void**>(factory.Put()))) ||
+        FAILED(factory->CreateInstance(nullptr, IID_ITPFObject, reinterpret_cast<void**>(m_object.Put())))) {
+        problem = L"qvsettingsdialog.dll does not offer the settings dialog";
+        return false;
+    }
+    if (FAILED(m_object->SetHost(host, nullptr)) || FAILED(m_object->ConnectServices(0, nullptr))) {
+        problem = L"the settings dialog could not connect to the host's services";
+        return false;
+    }
+    return true;
+}
+
+bool SettingsComponent::ChangeSettings() {
+    ComPtr<ITPFMenuCommand> command;
+    if (FAILED(m_object->QueryInterface(IID_ITPFMenuCommand, reinterpret_cast<void**>(command.Put())))) return false;
+    return command->ExecuteCommand(kCommand) == S_OK;
+}
+
+}  // namespace qv
