@@ -1,16 +1,15 @@
 #include "app/script_runner.h"
 
 #include <array>
-#include <fstream>
 
 #include "app/console.h"
 #include "app/dialog_view.h"
-#include "app/files.h"
 #include "framework/app.h"
 #include "framework/check_list_box.h"
 #include "framework/text.h"
 #include "host/libraries/message_box.h"
 #include "host/libraries/pickers.h"
+#include "host/services/whole_file.h"
 #include "platform/snapshot.h"
 #include "platform/user.h"
 
@@ -35,6 +34,12 @@ constexpr std::array kKeys{
     NamedNumber{L"del", VK_DELETE},  NamedNumber{L"back", VK_BACK},    NamedNumber{L"f1", VK_F1},
     NamedNumber{L"f4", VK_F4},
 };
+
+// A person whose input is dispatched at once, through the framework's translation of keys.
+const User& Person() {
+    static const User person(&PumpPending);
+    return person;
+}
 
 template <std::size_t N>
 const NamedNumber* FindName(const std::array<NamedNumber, N>& table, std::wstring_view name) {
@@ -154,9 +159,7 @@ void ScriptRunner::ShowPage(const DialogView& view, const ScriptAction& action) 
     const std::optional<int> page = view.FindPage(action.target);
     if (!page) return Fail(Format(L"line %d: there is no page \"%s\"", action.line, action.target));
     if (view.ActivePage() == *page) return;
-    RECT tab{};
-    SendMessageW(view.Tabs(), TCM_GETITEMRECT, static_cast<WPARAM>(*page), reinterpret_cast<LPARAM>(&tab));
-    User::ClickAt(view.Tabs(), {(tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2});
+    Person().ChooseTab(view.Tabs(), *page);
 }
 
 void ScriptRunner::Set(const DialogView& view, const ScriptAction& action) {
@@ -180,16 +183,13 @@ void ScriptRunner::SetRow(const DialogRow& row, const std::wstring& text) {
     const auto isOn = [](std::wstring_view word) { return EqualIgnoringCase(word, L"on"); };
     switch (row.kind) {
         case RowKind::Check:
-            if (isOn(text) != (ShownValue(row) == L"1")) User::Click(row.control);
+            if (isOn(text) != (ShownValue(row) == L"1")) Person().Click(row.control);
             return;
         case RowKind::Choice: {
-            SetFocus(row.control);
             const LRESULT entry = SendMessageW(row.control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                                reinterpret_cast<LPARAM>(text.c_str()));
             if (entry == CB_ERR) return Fail(Format(L"line %d: %s has no entry \"%s\"", line, row.item, text));
-            User::PressKey(VK_HOME);
-            for (LRESULT i = 0; i < entry; ++i)
-                User::PressKey(VK_DOWN);
+            Person().Choose(row.control, static_cast<int>(entry));
             return;
         }
         case RowKind::CheckList: {
@@ -199,11 +199,11 @@ void ScriptRunner::SetRow(const DialogRow& row, const std::wstring& text) {
             const int entry = list != nullptr ? list->FindStringExact(-1, name) : LB_ERR;
             if (entry == LB_ERR) return Fail(Format(L"line %d: %s has no entry \"%s\"", line, row.item, name));
             if (isOn(Trim(text.substr(std::min(blank, text.size())))) == (list->GetCheck(entry) == 1)) return;
-            SetFocus(row.control);
-            User::PressKey(VK_HOME);
+            Person().Focus(row.control);
+            Person().Press(VK_HOME);
             for (int i = 0; i < entry; ++i)
-                User::PressKey(VK_DOWN);
-            User::PressKey(VK_SPACE);
+                Person().Press(VK_DOWN);
+            Person().Press(VK_SPACE);
             return;
         }
         case RowKind::Colour:
@@ -212,13 +212,13 @@ void ScriptRunner::SetRow(const DialogRow& row, const std::wstring& text) {
         default:
             break;
     }
-    SetFocus(row.control);  // a chooser passes the focus on to its field
+    Person().Focus(row.control);  // a chooser passes the focus on to its field
     const HWND edit = ::GetFocus();
     SendMessageW(edit, EM_SETSEL, 0, -1);
     if (text.empty()) {
-        User::PressKey(VK_DELETE);
+        Person().Press(VK_DELETE);
     } else {
-        User::TypeText(text);
+        Person().Type(text);
     }
 }
 
@@ -242,16 +242,16 @@ void ScriptRunner::Press(const DialogView& view, const ScriptAction& action) {
     if (target == nullptr)
         return Fail(Format(L"line %d: there is nothing to press for \"%s\"", action.line, action.target));
     if (IsWindowEnabled(target) == FALSE) return Fail(Format(L"line %d: \"%s\" is greyed", action.line, action.target));
-    User::Click(target);
+    Person().Click(target);
 }
 
 void ScriptRunner::PressKey(const ScriptAction& action) {
     std::wstring_view name = action.target;
-    Modifiers modifiers;
+    User::Held modifiers;
     for (bool found = true; found;) {
         found = false;
-        const std::pair<std::wstring_view, bool Modifiers::*> prefixes[] = {
-            {L"SHIFT+", &Modifiers::shift}, {L"CTRL+", &Modifiers::control}, {L"ALT+", &Modifiers::alt}};
+        const std::pair<std::wstring_view, bool User::Held::*> prefixes[] = {
+            {L"SHIFT+", &User::Held::shift}, {L"CTRL+", &User::Held::control}, {L"ALT+", &User::Held::alt}};
         for (const auto& [prefix, member] : prefixes) {
             if (name.size() <= prefix.size() || !EqualIgnoringCase(name.substr(0, prefix.size()), prefix)) continue;
             modifiers.*member = found = true;
@@ -259,12 +259,12 @@ void ScriptRunner::PressKey(const ScriptAction& action) {
         }
     }
     if (const NamedNumber* key = FindName(kKeys, name)) {
-        User::PressKey(static_cast<UINT>(key->number), modifiers);
+        Person().Press(key->number, modifiers);
     } else if (name.size() == 1) {
         // Letters and digits have their capital's code as virtual key.
         const wchar_t letter =
             name[0] >= L'a' && name[0] <= L'z' ? static_cast<wchar_t>(name[0] - L'a' + L'A') : name[0];
-        User::PressKey(static_cast<UINT>(letter), modifiers);
+        Person().Press(letter, modifiers);
     } else {
         Fail(Format(L"line %d: unknown key \"%s\"", action.line, action.target));
     }
@@ -284,7 +284,7 @@ void ScriptRunner::Snapshot(const DialogView& view, const ScriptAction& action) 
 }
 
 void ScriptRunner::Dump(const DialogView& view, const ScriptAction& action) {
-    if (!WriteFileBytes(action.target, DumpDialog(view))) {
+    if (!ReplaceWholeFile(action.target, DumpDialog(view))) {
         Fail(Format(L"line %d: %s could not be written", action.line, action.target));
     }
 }

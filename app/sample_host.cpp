@@ -1,0 +1,79 @@
+#include "app/sample_host.h"
+
+#include "app/stored_values.h"
+#include "host/services/data_files.h"
+#include "host/services/file_session_data.h"
+#include "host/services/host_object.h"
+#include "host/services/multi_user_manager.h"
+
+namespace qv {
+
+namespace {
+
+// The key that the menu command opens.
+constexpr const wchar_t* kOptionKey = L"option-configuration";
+
+std::wstring Beside(const std::wstring& file, const wchar_t* name) {
+    return file.substr(0, file.find_last_of(L"\\/") + 1) + name;
+}
+
+bool Exists(const std::wstring& file) {
+    return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+}  // namespace
+
+// Translations and units are offered, not required: a definition file may come alone.
+std::wstring SampleHost::LoadTexts(const Options& options) {
+    const std::wstring translations = Beside(options.definitions, L"translations.json");
+    if (!options.language.empty()) {
+        if (!Exists(translations)) return translations + L" is needed for --language and is not there";
+        Dictionary dictionary;
+        if (std::wstring problem = LoadTranslations(translations, options.language, dictionary); !problem.empty()) {
+            return problem;
+        }
+        SetDictionary(std::move(dictionary));
+    }
+    const std::wstring units = Beside(options.definitions, L"units.json");
+    if (!Exists(units)) return {};
+    std::unique_ptr<XUAAdmin> database;
+    std::unique_ptr<XLMTranslDict> names;
+    std::wstring problem = LoadUnits(units, options.language, database, names);
+    if (problem.empty()) {
+        SetUnitDatabase(std::move(database));
+        SetUnitDictionary(std::move(names));
+    }
+    return problem;
+}
+
+ComPtr<IMultiUserManager> SampleHost::LoadUser(const Options& options, std::wstring& problem) {
+    if (options.users.empty()) return MultiUserManager::CreateWithAllRights().Get();
+    MultiUserManager::UserRights users;
+    problem = LoadUsers(options.users, users);
+    if (problem.empty() && users.find(options.user) == users.end()) {
+        problem = options.users + L" does not list the user \"" + options.user + L"\"";
+    }
+    return MultiUserManager::Create(std::move(users), options.user).Get();
+}
+
+bool SampleHost::Start(const Options& options, std::wstring& problem) {
+    m_data = options.data;
+    problem = LoadDefinitions(options.definitions, m_definitions);
+    if (problem.empty()) problem = LoadTexts(options);
+    if (!problem.empty()) return false;
+    const ComPtr<IMultiUserManager> user = LoadUser(options, problem);
+    if (!problem.empty()) return false;
+
+    const ComPtr<FileSessionData> sessionData = FileSessionData::Create(options.data, m_report);
+    sessionData->Definitions() = m_definitions;
+    const ComPtr<HostObject> host = HostObject::Create(sessionData.Get(), user);
+    return m_component.Connect(host.Get(), problem);
+}
+
+std::vector<std::wstring> SampleHost::ChangeSettings() {
+    const StoredValues before = ReadStoredValues(m_data);
+    if (!m_component.ChangeSettings()) return {L"the settings component did not take the command"};
+    return DescribeChanges(before, ReadStoredValues(m_data), m_definitions, kOptionKey);
+}
+
+}  // namespace qv

@@ -1,0 +1,36 @@
+// The sample host put together: definitions, stored values, users, units and translations from files, the host object
+// that hands them out, and the settings component connected to it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/component.h"
+#include "app/options.h"
+#include "host/interfaces/multi_user.h"
+#include "host/services/scope_data.h"
+
+namespace qv {
+
+class SampleHost {
+public:
+    // report: told of every data file that could not be used as it was.
+    explicit SampleHost(std::function<void(const std::wstring&)> report) : m_report(std::move(report)) {}
+
+    // False with one line that says what is wrong.
+    [[nodiscard]] bool Start(const Options& options, std::wstring& problem);
+    // Shows the dialog. The values that changed in the files of the data folder, one line each: scope, key/name = text.
+    [[nodiscard]] std::vector<std::wstring> ChangeSettings();
+
+private:
+    [[nodiscard]] std::wstring LoadTexts(const Options& options);
+    [[nodiscard]] ComPtr<IMultiUserManager> LoadUser(const Options& options, std::wstring& problem);
+
+    std::function<void(const std::wstring&)> m_report;
+    std::wstring m_data;
+    ScopeData m_definitions;
+    SettingsComponent m_component;
+};
+
+}  // namespace qv
