@@ -30,11 +30,10 @@ bool HasMessage() {
 bool RunIdle(int count) {
     ThreadState& thread = ThisThread();
     if (thread.procedureDepth == 0) DeleteTemporaryObjects();
-    // A copy, since the handler may set another one.
-    const IdleHandler handler = thread.idleHandler;
-    if (!handler) return false;
+    const std::shared_ptr<IdleHandler> handler = thread.idleHandler;
+    if (!*handler) return false;
     try {
-        return handler(count);
+        return (*handler)(count);
     } catch (...) {
         qv::detail::ReportException();
         return false;
@@ -98,7 +97,9 @@ void PumpPending() {
 }
 
 IdleHandler SetIdleHandler(IdleHandler handler) {
-    return std::exchange(ThisThread().idleHandler, std::move(handler));
+    auto previous = std::exchange(ThisThread().idleHandler, std::make_shared<IdleHandler>(std::move(handler)));
+    // The state of one that is running stays with it.
+    return previous.use_count() == 1 ? std::move(*previous) : *previous;
 }
 
 CWnd* GetMainWnd() {

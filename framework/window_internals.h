@@ -24,7 +24,8 @@ struct ThreadState {
     CWnd* toAttach = nullptr;      // waits for its window's first message
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
     CWnd* mainWindow = nullptr;
-    IdleHandler idleHandler;
+    // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
+    std::shared_ptr<IdleHandler> idleHandler = std::make_shared<IdleHandler>();
 };
 [[nodiscard]] ThreadState& ThisThread();
 

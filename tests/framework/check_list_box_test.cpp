@@ -1,0 +1,142 @@
+#include "framework/check_list_box.h"
+
+#include "tests/framework/test_windows.h"
+
+namespace {
+
+constexpr UINT kList = 300;
+
+class CheckParent : public TopWindow {
+public:
+    int changes = 0;
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{TopWindow::GetThisMessageMap(),
+                                    {on::Control<&CheckParent::OnCheckChange>(CLBN_CHKCHANGE, kList)}};
+        return &map;
+    }
+    void OnCheckChange() { ++changes; }
+};
+
+class CheckListBox : public testing::Test {
+protected:
+    void Make(DWORD selectionStyle) {
+        ASSERT_TRUE(list.Create(WS_VISIBLE | WS_TABSTOP | LBS_NOTIFY | LBS_SORT | LBS_NOINTEGRALHEIGHT | selectionStyle,
+                                {0, 0, 200, 150}, &parent, kList));
+        for (const wchar_t* text : {L"Delta", L"Alpha", L"Charlie", L"Bravo"})
+            list.AddString(text);
+    }
+    [[nodiscard]] std::wstring Checked() const {
+        std::wstring result;
+        for (int i = 0; i < list.GetCount(); ++i) {
+            if (list.GetCheck(i) == 1) result += list.GetText(i).front();
+        }
+        return result;
+    }
+    void ClickBox(int index) {
+        const CRect item = list.GetItemRect(index);
+        ASSERT_TRUE(MakeUser().ClickAt(list.m_hWnd, {item.left + 6, (item.top + item.bottom) / 2}));
+    }
+    void ClickText(int index) {
+        const CRect item = list.GetItemRect(index);
+        ASSERT_TRUE(MakeUser().ClickAt(list.m_hWnd, {item.left + 60, (item.top + item.bottom) / 2}));
+    }
+
+    CheckParent parent;
+    CCheckListBox list;
+    qv::User user = MakeUser();
+};
+
+TEST_F(CheckListBox, MarksStayWithTheirEntriesWhileTheListChanges) {
+    Make(0);
+    list.SetCheck(list.FindStringExact(-1, L"charlie"), 1);
+    list.SetItemData(list.FindStringExact(-1, L"Charlie"), 99);
+    EXPECT_EQ(list.GetItemData(list.AddString(L"Baker")), 0u);
+    EXPECT_EQ(Checked(), L"C");
+    list.SendMessage(LB_DELETESTRING, 0);
+    EXPECT_EQ(Checked(), L"C");
+    EXPECT_EQ(list.GetItemData(list.FindStringExact(-1, L"Charlie")), 99u) << "item data is the caller's own";
+    list.ResetContent();
+    list.AddString(L"x");
+    list.AddString(L"y");
+    list.AddString(L"z");
+    EXPECT_EQ(Checked(), L"");
+    EXPECT_EQ(list.GetCheck(99), 0);
+    EXPECT_EQ(parent.changes, 0) << "programs are not reported";
+}
+
+TEST_F(CheckListBox, SpaceAndTheBoxToggleAndAreReported) {
+    Make(0);
+    ASSERT_TRUE(user.Focus(list.m_hWnd));
+    list.SetCurSel(1);
+    user.Press(VK_SPACE);
+    EXPECT_EQ(Checked(), L"B");
+    EXPECT_EQ(parent.changes, 1);
+    ClickBox(3);
+    EXPECT_EQ(Checked(), L"BD");
+    EXPECT_EQ(list.GetCurSel(), 3);
+    EXPECT_EQ(parent.changes, 2);
+    ClickText(0);
+    EXPECT_EQ(Checked(), L"BD") << "the text only selects";
+    EXPECT_EQ(parent.changes, 2);
+    // Typing a blank does not look for an entry.
+    user.Type(L" ");
+    EXPECT_EQ(list.GetCurSel(), 0);
+}
+
+TEST_F(CheckListBox, ADoubleClickOnTheBoxTogglesTwice) {
+    Make(0);
+    const CRect item = list.GetItemRect(0);
+    const LPARAM point = MAKELPARAM(item.left + 6, item.top + 4);
+    list.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, point);
+    list.SendMessage(WM_LBUTTONUP, 0, point);
+    list.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, point);
+    list.SendMessage(WM_LBUTTONUP, 0, point);
+    EXPECT_EQ(Checked(), L"");
+    EXPECT_EQ(parent.changes, 2);
+}
+
+TEST_F(CheckListBox, SelectedEntriesToggleTogether) {
+    Make(LBS_EXTENDEDSEL | LBS_MULTIPLESEL);
+    ASSERT_TRUE(user.Focus(list.m_hWnd));
+    list.SetCheck(1, 1);
+    list.SendMessage(LB_SETSEL, TRUE, 0);
+    list.SendMessage(LB_SETSEL, TRUE, 1);
+    list.SendMessage(LB_SETSEL, TRUE, 2);
+    list.Enable(2, false);
+    list.SendMessage(LB_SETCARETINDEX, 0, 0);
+    user.Press(VK_SPACE);
+    EXPECT_EQ(Checked(), L"AB") << "all as the caret's entry, except the disabled one";
+    EXPECT_EQ(parent.changes, 1);
+    ClickBox(1);
+    EXPECT_EQ(Checked(), L"");
+    EXPECT_GT(list.SendMessage(LB_GETSEL, 0), 0) << "a click on a selected entry's box keeps the selection";
+    ClickBox(3);
+    EXPECT_EQ(Checked(), L"D");
+    EXPECT_EQ(list.SendMessage(LB_GETSEL, 0), 0);
+}
+
+TEST_F(CheckListBox, DisabledEntriesDoNotToggle) {
+    Make(0);
+    list.SetCheck(0, 1);
+    list.Enable(0, false);
+    ASSERT_TRUE(user.Focus(list.m_hWnd));
+    list.SetCurSel(0);
+    user.Press(VK_SPACE);
+    ClickBox(0);
+    EXPECT_EQ(Checked(), L"A");
+    EXPECT_EQ(parent.changes, 0);
+}
+
+TEST_F(CheckListBox, EntriesAreHighEnoughForBoxAndFont) {
+    Make(0);
+    const int before = list.GetItemRect(0).Height();
+    EXPECT_GE(before, ::MulDiv(13, static_cast<int>(::GetDpiForWindow(list.m_hWnd)), 96));
+    LOGFONTW description{};
+    description.lfHeight = -40;
+    HFONT font = ::CreateFontIndirectW(&description);
+    list.SetFont(font, true);
+    EXPECT_GE(list.GetItemRect(0).Height(), 40);
+    ::DeleteObject(font);
+}
+
+}  // namespace

@@ -1,0 +1,182 @@
+#include <stdexcept>
+
+#include "framework/controls.h"
+#include "tests/framework/template_builder.h"
+#include "tests/framework/test_windows.h"
+
+namespace {
+
+using Steps = std::vector<std::function<void()>>;
+
+const TemplateBuilder& Layout() {
+    static const TemplateBuilder layout =
+        TemplateBuilder(WS_POPUP | WS_CAPTION | WS_SYSMENU, 120, 80, u"dialog")
+            .Add(TemplateBuilder::Edit, 10, WS_TABSTOP, u"", 5, 5)
+            .Add(TemplateBuilder::Button, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, u"OK", 5, 40)
+            .Add(TemplateBuilder::Button, IDCANCEL, WS_TABSTOP | BS_PUSHBUTTON, u"Cancel", 60, 40);
+    return layout;
+}
+
+class ModalDialog : public CDialog {
+public:
+    explicit ModalDialog(CWnd* parent) { InitModalIndirect(Layout().Bytes(), parent); }
+    std::function<void()> onInit;
+    std::function<void()> onDestroy;
+    bool OnInitDialog() override {
+        const bool result = CDialog::OnInitDialog();
+        if (onInit) onInit();
+        return result;
+    }
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{CDialog::GetThisMessageMap(), {on::Destroy<&ModalDialog::OnDestroy>()}};
+        return &map;
+    }
+    void OnDestroy() {
+        if (onDestroy) onDestroy();
+        CDialog::OnDestroy();
+    }
+};
+
+INT_PTR RunWith(CDialog& dialog, Steps steps) {
+    const Script script(std::move(steps));
+    return dialog.DoModal();
+}
+
+TEST(ModalDialog, DisablesItsTopLevelOwnerAndGivesItsFocusBack) {
+    TopWindow top;
+    CEdit first;
+    CEdit second;
+    ASSERT_TRUE(first.Create(WS_VISIBLE, {0, 0, 90, 20}, &top, 1));
+    ASSERT_TRUE(second.Create(WS_VISIBLE, {0, 30, 90, 50}, &top, 2));
+    second.SetFocus();
+    // The parent is a control deep inside; its top-level window becomes the owner.
+    ModalDialog dialog(&first);
+    bool ownerEnabledAtEnd = false;
+    dialog.onDestroy = [&] { ownerEnabledAtEnd = top.IsWindowEnabled(); };
+    const auto result = RunWith(dialog, {[&] {
+                                    EXPECT_FALSE(top.IsWindowEnabled());
+                                    EXPECT_TRUE(dialog.IsWindowVisible());
+                                    EXPECT_EQ(::GetWindow(dialog.m_hWnd, GW_OWNER), top.m_hWnd);
+                                    EXPECT_EQ(::GetFocus(), dialog.GetDlgItem(10)->m_hWnd);
+                                    EXPECT_TRUE(MakeUser().Click(dialog.GetDlgItem(IDOK)->m_hWnd));
+                                }});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_TRUE(ownerEnabledAtEnd);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_EQ(::GetActiveWindow(), top.m_hWnd);
+    EXPECT_EQ(::GetFocus(), second.m_hWnd);
+}
+
+TEST(ModalDialog, WithoutParentIsOwnedByTheActiveWindow) {
+    TopWindow top;
+    ModalDialog dialog(nullptr);
+    RunWith(dialog, {[&] {
+                EXPECT_EQ(::GetWindow(dialog.m_hWnd, GW_OWNER), top.m_hWnd);
+                dialog.EndDialog(7);
+            }});
+    EXPECT_TRUE(top.IsWindowEnabled());
+}
+
+TEST(ModalDialog, LeavesADisabledOwnerDisabled) {
+    TopWindow top;
+    top.EnableWindow(false);
+    ModalDialog dialog(&top);
+    RunWith(dialog, {[&] { dialog.EndDialog(IDOK); }});
+    EXPECT_FALSE(top.IsWindowEnabled());
+}
+
+TEST(ModalDialog, EndsInEveryWay) {
+    TopWindow top;
+    const struct {
+        const char* name;
+        std::function<void(ModalDialog&)> act;
+        INT_PTR result;
+    } cases[] = {
+        {"code of EndDialog", [](ModalDialog& d) { d.EndDialog(77); }, 77},
+        {"cancel button", [](ModalDialog& d) { MakeUser().Click(d.GetDlgItem(IDCANCEL)->m_hWnd); }, IDCANCEL},
+        {"close box", [](ModalDialog& d) { d.PostMessage(WM_CLOSE); }, IDCANCEL},
+        {"escape", [](ModalDialog&) { MakeUser().Press(VK_ESCAPE); }, IDCANCEL},
+        {"enter in the edit", [](ModalDialog&) { MakeUser().Press(VK_RETURN); }, IDOK},
+        {"window destroyed", [](ModalDialog& d) { d.DestroyWindow(); }, IDCANCEL},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        ModalDialog dialog(&top);
+        EXPECT_EQ(RunWith(dialog, {[&] { c.act(dialog); }}), c.result);
+        EXPECT_TRUE(top.IsWindowEnabled());
+    }
+}
+
+TEST(ModalDialog, QuitMessageEndsItAndReachesTheLoopOutside) {
+    TopWindow top;
+    ModalDialog dialog(&top);
+    EXPECT_EQ(RunWith(dialog, {[] { ::PostQuitMessage(3); }}), IDCANCEL);
+    MSG message{};
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) {
+        ::DispatchMessageW(&message);
+    }
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(message.wParam, 3u);
+}
+
+TEST(ModalDialog, EndedDuringInitialisationIsNeverShown) {
+    TopWindow top;
+    ModalDialog dialog(&top);
+    bool shown = false;
+    dialog.onInit = [&] { dialog.EndDialog(5); };
+    dialog.onDestroy = [&] { shown = dialog.IsWindowVisible(); };
+    EXPECT_EQ(dialog.DoModal(), 5);
+    EXPECT_FALSE(shown);
+}
+
+TEST(ModalDialog, FailuresAreMinusOneAndFreeTheOwner) {
+    TopWindow top;
+    CDialog missing(4711, &top);
+    EXPECT_EQ(missing.DoModal(), -1);
+    EXPECT_TRUE(top.IsWindowEnabled());
+
+    const auto before = SetExceptionHandler([](const std::exception_ptr&) {});
+    ModalDialog throwing(&top);
+    throwing.onInit = [] { throw std::runtime_error("init"); };
+    EXPECT_EQ(throwing.DoModal(), -1);
+    SetExceptionHandler(before);
+    EXPECT_EQ(throwing.m_hWnd, nullptr);
+    EXPECT_TRUE(top.IsWindowEnabled());
+}
+
+TEST(ModalDialog, NestsAndRunsTwice) {
+    TopWindow top;
+    ModalDialog outer(&top);
+    ModalDialog inner(&outer);
+    INT_PTR innerResult = 0;
+    const Steps steps{[&] { innerResult = inner.DoModal(); },
+                      [&] {
+                          EXPECT_FALSE(outer.IsWindowEnabled());
+                          inner.EndDialog(1);
+                      },
+                      [&] {
+                          EXPECT_TRUE(outer.IsWindowEnabled());
+                          EXPECT_FALSE(top.IsWindowEnabled());
+                          outer.EndDialog(2);
+                      }};
+    for (int run = 0; run < 2; ++run) {
+        EXPECT_EQ(RunWith(outer, steps), 2);
+        EXPECT_EQ(innerResult, 1);
+    }
+}
+
+TEST(CenterWindow, UsesTheOwnerWhenItIsVisibleAndTheScreenOtherwise) {
+    TopWindow top({100, 100, 700, 500});
+    ModalDialog dialog(&top);
+    const auto middle = [](const CRect& rect) { return rect.left + rect.right; };
+    RunWith(dialog, {[&] {
+                dialog.SetWindowPos(nullptr, 0, 0, 200, 100, SWP_NOZORDER);
+                dialog.CenterWindow();
+                EXPECT_NEAR(middle(dialog.GetWindowRect()), middle(top.GetWindowRect()), 2);
+                dialog.CenterWindow(true);
+                EXPECT_NEAR(middle(dialog.GetWindowRect()), ::GetSystemMetrics(SM_CXSCREEN), 2);
+                dialog.EndDialog(0);
+            }});
+}
+
+}  // namespace

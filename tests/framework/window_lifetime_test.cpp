@@ -1,0 +1,237 @@
+#include <memory>
+
+#include "framework/controls.h"
+#include "framework/data_exchange.h"
+#include "framework/module_state.h"
+#include "framework/view.h"
+#include "tests/framework/template_builder.h"
+#include "tests/framework/test_windows.h"
+
+namespace {
+
+// Writes down what it hears from its window.
+class Listener : public CWnd {
+public:
+    explicit Listener(std::wstring& log) : m_log(log) {}
+    LRESULT answerToCreate = 0;
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{CWnd::GetThisMessageMap(),
+                                    {
+                                        on::Create<&Listener::OnCreate>(),
+                                        on::Destroy<&Listener::OnDestroy>(),
+                                        on::Message<&Listener::OnNcCreate>(WM_NCCREATE),
+                                    }};
+        return &map;
+    }
+    LRESULT OnNcCreate(WPARAM, LPARAM) {
+        m_log += L"nccreate;";
+        return Default();
+    }
+    int OnCreate(CREATESTRUCTW* cs) {
+        m_log += L"create;";
+        return answerToCreate != 0 ? static_cast<int>(answerToCreate) : CWnd::OnCreate(cs);
+    }
+    void OnDestroy() {
+        CWnd::OnDestroy();
+        m_log += name + L"destroy;";
+    }
+    void PostNcDestroy() override { m_log += L"gone;"; }
+    std::wstring name;
+
+private:
+    std::wstring& m_log;
+};
+
+TEST(Creation, ObjectHearsItsWindowsFirstMessages) {
+    TopWindow top;
+    for (const wchar_t* className : {static_cast<const wchar_t*>(nullptr), L"EDIT"}) {
+        std::wstring log;
+        Listener window(log);
+        ASSERT_TRUE(window.Create(className, L"t", 0, {0, 0, 10, 10}, &top, 7));
+        EXPECT_EQ(log, L"nccreate;create;");
+        EXPECT_EQ(CWnd::FromHandlePermanent(window.m_hWnd), &window);
+        EXPECT_EQ(window.GetWindowText(), L"t");
+        EXPECT_EQ(window.GetDlgCtrlID(), 7);
+        EXPECT_NE(window.GetStyle() & WS_CHILD, 0u);
+    }
+}
+
+TEST(Creation, RefusalLeavesNoWindowAndTellsTheObject) {
+    TopWindow top;
+    std::wstring log;
+    Listener refusing(log);
+    refusing.answerToCreate = -1;
+    EXPECT_FALSE(refusing.Create(nullptr, L"", 0, {0, 0, 10, 10}, &top, 1));
+    EXPECT_EQ(refusing.m_hWnd, nullptr);
+    EXPECT_TRUE(log.ends_with(L"gone;")) << log.size();
+    log.clear();
+    Listener unknown(log);
+    EXPECT_FALSE(unknown.Create(L"QvNoSuchClass", L"", 0, {0, 0, 10, 10}, &top, 1));
+    EXPECT_EQ(log, L"gone;");
+    // The next window is not mistaken for the one that failed.
+    CStatic label;
+    ASSERT_TRUE(label.Create(L"l", 0, {0, 0, 10, 10}, &top));
+    EXPECT_EQ(unknown.m_hWnd, nullptr);
+}
+
+TEST(Destruction, ParentsHearOfItBeforeTheirChildren) {
+    std::wstring log;
+    {
+        TopWindow top;
+        Listener outer(log);
+        Listener inner(log);
+        outer.name = L"outer-";
+        inner.name = L"inner-";
+        ASSERT_TRUE(outer.Create(nullptr, L"", 0, {0, 0, 10, 10}, &top, 1));
+        ASSERT_TRUE(inner.Create(nullptr, L"", 0, {0, 0, 10, 10}, &outer, 1));
+        log.clear();
+        outer.DestroyWindow();
+        EXPECT_EQ(inner.m_hWnd, nullptr);
+    }
+    EXPECT_EQ(log, L"outer-destroy;inner-destroy;gone;gone;");
+}
+
+TEST(Destruction, ObjectTakesItsWindowAlong) {
+    TopWindow top;
+    auto edit = std::make_unique<CEdit>();
+    ASSERT_TRUE(edit->Create(0, {0, 0, 10, 10}, &top, 1));
+    HWND handle = edit->m_hWnd;
+    edit.reset();
+    EXPECT_FALSE(::IsWindow(handle));
+    EXPECT_EQ(CWnd::FromHandlePermanent(handle), nullptr);
+}
+
+TEST(Handles, TemporaryObjectLeavesItsWindowAlone) {
+    TopWindow top;
+    HWND handle = ::CreateWindowExW(0, L"EDIT", L"raw", WS_CHILD, 0, 0, 10, 10, top.m_hWnd, nullptr, nullptr, nullptr);
+    ASSERT_NE(handle, nullptr);
+    EXPECT_EQ(CWnd::FromHandlePermanent(handle), nullptr);
+    EXPECT_EQ(CWnd::FromHandle(handle)->GetWindowText(), L"raw");
+    DeleteTemporaryObjects();
+    EXPECT_TRUE(::IsWindow(handle));
+    EXPECT_EQ(CWnd::FromHandle(nullptr), nullptr);
+}
+
+class UpperCaseEdit : public CEdit {
+public:
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{CEdit::GetThisMessageMap(), {on::Message<&UpperCaseEdit::OnChar>(WM_CHAR)}};
+        return &map;
+    }
+    LRESULT OnChar(WPARAM wParam, LPARAM lParam) { return DefWindowProc(WM_CHAR, wParam - (L'a' - L'A'), lParam); }
+};
+
+TEST(Subclassing, RoutesMessagesUntilItIsUndone) {
+    TopWindow top;
+    HWND handle = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 90, 20, top.m_hWnd, reinterpret_cast<HMENU>(9),
+                                    nullptr, nullptr);
+    UpperCaseEdit edit;
+    CWnd other;
+    ASSERT_TRUE(edit.SubclassDlgItem(9, &top));
+    EXPECT_FALSE(other.SubclassWindow(handle)) << "two objects for one window";
+    EXPECT_FALSE(other.Attach(handle));
+    edit.SendMessage(WM_CHAR, L'a');
+    EXPECT_EQ(edit.UnsubclassWindow(), handle);
+    ::SendMessageW(handle, WM_CHAR, L'a', 0);
+    EXPECT_EQ(CWnd::FromHandle(handle)->GetWindowText(), L"Aa");
+    EXPECT_EQ(edit.m_hWnd, nullptr);
+}
+
+TEST(View, DeletesItselfWithItsWindowAndWhenThereIsNone) {
+    static int alive;
+    alive = 0;
+    class CountedView : public CView {
+    public:
+        CountedView() { ++alive; }
+        ~CountedView() override { --alive; }
+    };
+    TopWindow top;
+    auto* view = new CountedView;
+    ASSERT_TRUE(view->Create(nullptr, L"", WS_VISIBLE, {0, 0, 10, 10}, &top, 1));
+    view->DestroyWindow();
+    EXPECT_EQ(alive, 0);
+    EXPECT_FALSE((new CountedView)->Create(L"QvNoSuchClass", L"", 0, {0, 0, 10, 10}, &top, 1));
+    EXPECT_EQ(alive, 0);
+}
+
+TEST(ModuleState, WindowHandlesItsMessagesInTheStateItWasMadeIn) {
+    static HINSTANCE seen;
+    class Asker : public CWnd {
+    public:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_USER) seen = GetResourceHandle();
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+    };
+    TopWindow top;
+    ModuleState component{::GetModuleHandleW(nullptr), nullptr};
+    auto* const marker = reinterpret_cast<HINSTANCE>(0x30000);
+    Asker window;
+    {
+        const ModuleStateSwitch state(component);
+        ASSERT_TRUE(window.Create(nullptr, L"", 0, {0, 0, 10, 10}, &top, 1));
+    }
+    component.resources = marker;
+    ModuleState host{reinterpret_cast<HINSTANCE>(0x40000), nullptr};
+    const ModuleStateSwitch state(host);
+    window.SendMessage(WM_USER);
+    EXPECT_EQ(seen, marker);
+    EXPECT_EQ(GetResourceHandle(), host.resources);
+    component.resources = nullptr;
+}
+
+class ExchangingDialog : public CDialog {
+public:
+    CEdit edit;
+    std::wstring text = L"start";
+    int check = 1;
+    void DoDataExchange(CDataExchange& exchange) override {
+        CDialog::DoDataExchange(exchange);
+        DDX_Control(exchange, 10, edit);
+        DDX_Text(exchange, 10, text);
+        DDX_Check(exchange, 11, check);
+        if (exchange.IsSaving() && text.empty()) exchange.Fail(10);
+    }
+};
+
+TEST(DataExchange, RunsBothWaysAndAFailureFocusesTheControl) {
+    TopWindow top;
+    const TemplateBuilder layout = TemplateBuilder(WS_POPUP | WS_VISIBLE, 100, 80)
+                                       .Add(TemplateBuilder::Edit, 10, WS_TABSTOP, u"", 5, 5)
+                                       .Add(TemplateBuilder::Button, 11, WS_TABSTOP | BS_AUTOCHECKBOX, u"c", 5, 25);
+    ExchangingDialog dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(layout.Bytes(), &top));
+    EXPECT_EQ(dialog.edit.GetWindowText(), L"start");
+    EXPECT_EQ(::IsDlgButtonChecked(dialog.m_hWnd, 11), 1u);
+    dialog.edit.SetWindowText(L"changed");
+    ::CheckDlgButton(dialog.m_hWnd, 11, 0);
+    EXPECT_TRUE(dialog.UpdateData());
+    EXPECT_EQ(dialog.text, L"changed");
+    EXPECT_EQ(dialog.check, 0);
+    dialog.edit.SetWindowText(L"");
+    ::SetFocus(dialog.GetDlgItem(11)->m_hWnd);
+    EXPECT_FALSE(dialog.UpdateData());
+    EXPECT_EQ(::GetFocus(), dialog.edit.m_hWnd);
+}
+
+TEST(Accessibility, IsAnsweredByTheStandardObject) {
+    TopWindow top;
+    CStatic label;
+    ASSERT_TRUE(label.Create(L"Name", WS_VISIBLE, {10, 10, 60, 30}, &top));
+    LONG count = 0;
+    EXPECT_EQ(top.get_accChildCount(&count), S_OK);
+    EXPECT_EQ(count, 1);
+    LONG left = 0, topEdge = 0, width = 0, height = 0;
+    VARIANT self{};
+    V_VT(&self) = VT_I4;
+    V_I4(&self) = CHILDID_SELF;
+    EXPECT_EQ(top.accLocation(&left, &topEdge, &width, &height, self), S_OK);
+    EXPECT_EQ(width, top.GetClientRect().Width());
+    BSTR name = nullptr;
+    EXPECT_EQ(label.get_accName(self, &name), S_OK);
+    EXPECT_STREQ(name, L"Name");
+    SysFreeString(name);
+    EXPECT_EQ(top.get_accChildCount(nullptr), E_POINTER);
+}
+
+}  // namespace
