@@ -20,10 +20,6 @@ int ScaledFor(HWND window, int pixels) {
     return dpi > 0 ? pixels * dpi / 96 : pixels;
 }
 
-bool IsEnter(const MSG& message) {
-    return (message.message == WM_KEYDOWN || message.message == WM_CHAR) && message.wParam == VK_RETURN;
-}
-
 }  // namespace
 
 QV_RUNTIME_CLASS(XBaseSearchCtrl, CWnd)
@@ -194,31 +190,6 @@ void XBaseSearchCtrl::UpdateWarning() {
     if (missing == m_showsWarning) return;
     m_showsWarning = missing;
     m_edit.Invalidate();
-}
-
-const MessageMap* XBaseSearchCtrl::BrowseButton::GetThisMessageMap() {
-    static const MessageMap map{CButton::GetThisMessageMap(),
-                                {
-                                    on::Message<&BrowseButton::OnGetDlgCode>(WM_GETDLGCODE),
-                                    on::Message<&BrowseButton::OnKeyDown>(WM_KEYDOWN),
-                                }};
-    return &map;
-}
-
-const MessageMap* XBaseSearchCtrl::BrowseButton::GetMessageMap() const {
-    return GetThisMessageMap();
-}
-
-LRESULT XBaseSearchCtrl::BrowseButton::OnGetDlgCode(WPARAM, LPARAM lParam) {
-    const LRESULT code = Default();
-    const auto* message = reinterpret_cast<const MSG*>(lParam);
-    return message != nullptr && IsEnter(*message) ? code | DLGC_WANTMESSAGE : code;
-}
-
-LRESULT XBaseSearchCtrl::BrowseButton::OnKeyDown(WPARAM wParam, LPARAM) {
-    if (wParam != VK_RETURN) return Default();
-    SendMessage(BM_CLICK);
-    return 0;
 }
 
 bool XSearchFolderCtrl::CheckFileExist(const std::wstring& path) const {

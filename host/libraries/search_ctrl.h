@@ -47,18 +47,6 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
-    // The browse button. It answers Enter itself, because the platform's dialog manager would report that press to the
-    // page rather than to the chooser.
-    class BrowseButton : public CButton {
-    public:
-        const MessageMap* GetMessageMap() const override;
-        static const MessageMap* GetThisMessageMap();
-
-    private:
-        LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
-        LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
-    };
-
     LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
     LRESULT OnGetText(WPARAM wParam, LPARAM lParam);
     LRESULT OnGetTextLength(WPARAM wParam, LPARAM lParam);
@@ -73,7 +61,7 @@ private:
     void UpdateWarning();
 
     CEdit m_edit;
-    BrowseButton m_button;
+    CButton m_button;
     std::wstring m_dialogTitle;
     std::wstring m_dialogOkText;
     bool m_validate = false;

@@ -7,6 +7,7 @@
 #include "platform/headless/controls/list_box.h"
 #include "platform/headless/controls/scroll_bar.h"
 #include "platform/headless/controls/static.h"
+#include "platform/headless/controls/tab_control.h"
 
 namespace qv::headless {
 
@@ -31,6 +32,10 @@ void RegisterStandardControls() {
     Register(L"ComboBox", ControlProc<ComboBox>, CS_DBLCLKS);
     Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
     Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
+}
+
+void RegisterTabControl() {
+    Register(WC_TABCONTROLW, ControlProc<TabControl>, CS_DBLCLKS);
 }
 
 }  // namespace qv::headless

@@ -4,5 +4,7 @@
 namespace qv::headless {
 
 void RegisterStandardControls();
+// The tab control, when a program asks for the common controls.
+void RegisterTabControl();
 
 }  // namespace qv::headless

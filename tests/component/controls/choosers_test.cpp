@@ -1,0 +1,371 @@
+#include <memory>
+#include <optional>
+
+#include "framework/gdi.h"
+#include "host/libraries/pickers.h"
+#include "qvclient/qvsettingsdialog/controls/search_controls.h"
+#include "tests/component/controls/controls_fixture.h"
+
+namespace {
+
+// A real folder with one file in it, gone with the object.
+class TempFolder {
+public:
+    TempFolder() {
+        wchar_t base[MAX_PATH] = {};
+        wchar_t name[MAX_PATH] = {};
+        ::GetTempPathW(MAX_PATH, base);
+        ::GetTempFileNameW(base, L"qvc", 0, name);
+        m_path = name;
+        ::DeleteFileW(name);
+        ::CreateDirectoryW(name, nullptr);
+        const HANDLE created =
+            ::CreateFileW(File().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (created != INVALID_HANDLE_VALUE) ::CloseHandle(created);
+    }
+    ~TempFolder() {
+        ::DeleteFileW(File().c_str());
+        ::RemoveDirectoryW(m_path.c_str());
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    [[nodiscard]] const std::wstring& Path() const { return m_path; }
+    [[nodiscard]] std::wstring File() const { return m_path + L"\\file.txt"; }
+    [[nodiscard]] std::wstring Missing() const { return m_path + L"\\missing"; }
+
+private:
+    std::wstring m_path;
+};
+
+std::wstring SystemLine(DWORD error) {
+    wchar_t text[512] = {};
+    ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                     MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
+    const std::wstring whole = text;
+    EXPECT_FALSE(whole.empty());
+    return whole.substr(0, whole.find_first_of(L"\r\n"));
+}
+
+std::wstring FolderReason(const std::wstring& path) {
+    WIN32_FIND_DATAW found{};
+    EXPECT_EQ(::FindFirstFileW((path + L"\\*.*").c_str(), &found), INVALID_HANDLE_VALUE);
+    return SystemLine(::GetLastError());
+}
+
+std::wstring FileReason(const std::wstring& path) {
+    EXPECT_EQ(::CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr), INVALID_HANDLE_VALUE);
+    return SystemLine(::GetLastError());
+}
+
+class Choosers : public ControlsTest {
+protected:
+    void SetUp() override {
+        ControlsTest::SetUp();
+        const auto answerPath = [this](const qv::PathPickerRequest& request) {
+            requests.push_back(request);
+            return answer;
+        };
+        m_pickersBefore = qv::SetPickerSink({answerPath, answerPath, {}});
+    }
+    void TearDown() override {
+        qv::SetPickerSink(std::move(m_pickersBefore));
+        ControlsTest::TearDown();
+    }
+
+    template <class Chooser>
+    static void Prepare(Chooser& chooser, const std::wstring& path, bool check = true) {
+        chooser.SetCheckPath(check);
+        chooser.SetLabel(L"Label");
+        chooser.SetInitValue(path);
+    }
+    // The box that the last step showed, if any; forgotten afterwards.
+    std::optional<std::wstring> TakeBox() {
+        if (boxes.empty()) return std::nullopt;
+        EXPECT_EQ(boxes.size(), 1U);
+        EXPECT_EQ(boxes[0].kind, qv::MessageBoxCall::Kind::Info);
+        EXPECT_EQ(boxes[0].caption, L"Label");
+        EXPECT_EQ(boxes[0].owner, ::GetActiveWindow());
+        EXPECT_EQ(boxes[0].flags, 0U);
+        const std::wstring text = boxes[0].text;
+        boxes.clear();
+        return text;
+    }
+    static CWnd* Field(const CWnd& chooser) { return CWnd::FromHandlePermanent(::GetWindow(chooser.m_hWnd, GW_CHILD)); }
+    static CWnd* Button(const CWnd& chooser) {
+        return CWnd::FromHandlePermanent(::GetWindow(::GetWindow(chooser.m_hWnd, GW_CHILD), GW_HWNDNEXT));
+    }
+
+    TempFolder folder;
+    std::optional<std::wstring> answer;
+    std::vector<qv::PathPickerRequest> requests;
+
+private:
+    qv::PickerSink m_pickersBefore;
+};
+
+// Hands the path in as the value, as the default and as the user's input, and tells which boxes came and what Default
+// shows.
+struct Expected {
+    std::optional<std::wstring> initBox;
+    std::optional<std::wstring> defaultBox;
+    std::wstring shownDefault;
+    std::optional<std::wstring> okBox;
+};
+
+TEST_F(Choosers, CheckFoldersAtEachPhaseInTheirOwnWords) {
+    const std::wstring missing = FolderReason(folder.Missing());
+    const std::wstring file = FolderReason(folder.File());
+    struct Case {
+        const char* name;
+        std::wstring path;
+        std::wstring report;  // empty: the folder passes
+    };
+    const Case cases[] = {
+        {"existing", folder.Path(), L""},       {"trailing backslash", folder.Path() + L"\\", L""},
+        {"missing", folder.Missing(), missing}, {"a file", folder.File(), file},
+        {"empty", L"", L"Empty path"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        const bool passes = each.report.empty();
+        const auto box = [&](const std::wstring& start) {
+            return passes ? std::nullopt : std::optional(start + L"Label\n" + each.report);
+        };
+        XDynFolderSearchCtrl chooser;
+        Prepare(chooser, each.path);
+        EXPECT_EQ(TakeBox(), box(L"Checking initvalue:"));
+        chooser.SetDefaultValue(each.path);
+        EXPECT_EQ(TakeBox(), box(L"Checking defaultvalue:"));
+        Show(chooser);
+        EXPECT_EQ(chooser.ValidateValue(), passes);
+        EXPECT_EQ(TakeBox(), box(L""));
+        EXPECT_EQ(chooser.GetValue(), each.path) << "a value that fails stays";
+        chooser.ShowDefaultValue();
+        EXPECT_EQ(chooser.GetValue(), passes ? each.path : each.report);
+    }
+}
+
+TEST_F(Choosers, CheckFilesAtEachPhaseInTheirOwnWords) {
+    const std::wstring missing = FileReason(folder.Missing());
+    const std::wstring directory = FileReason(folder.Path());
+    struct Case {
+        const char* name;
+        std::wstring path;
+        std::wstring report;  // empty: the file passes
+    };
+    const Case cases[] = {
+        {"existing", folder.File(), L""},
+        {"missing", folder.Missing(), missing},
+        {"a folder", folder.Path(), directory},
+        {"empty", L"", L"Empty filename"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        const bool passes = each.report.empty();
+        const auto box = [&](const std::wstring& start) {
+            return passes ? std::nullopt : std::optional(start + L"Label\n" + each.report);
+        };
+        XDynSearchFileCtrl chooser;
+        Prepare(chooser, each.path);
+        EXPECT_EQ(TakeBox(), box(L"Checking initvalue:"));
+        chooser.SetDefaultValue(each.path);
+        EXPECT_EQ(TakeBox(), box(L"Checking defaultvalue:"));
+        Show(chooser);
+        EXPECT_EQ(chooser.ValidateValue(), passes);
+        // Deliberate: the path alone, even when that is an empty box.
+        EXPECT_EQ(TakeBox(), passes ? std::nullopt : std::optional(each.path));
+        EXPECT_EQ(chooser.GetValue(), each.path);
+        chooser.ShowDefaultValue();
+        EXPECT_EQ(chooser.GetValue(), passes ? each.path : each.report);
+    }
+}
+
+TEST_F(Choosers, AFileHeldOpenByAnotherFailsAndTheCheckItselfHoldsNothing) {
+    XDynSearchFileCtrl chooser;
+    Prepare(chooser, folder.File());
+    Show(chooser);
+    const HANDLE other = ::CreateFileW(folder.File().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE) << "the check left the file open";
+    EXPECT_FALSE(chooser.ValidateValue());
+    EXPECT_EQ(TakeBox(), folder.File());
+    ::CloseHandle(other);
+    EXPECT_TRUE(chooser.ValidateValue());
+}
+
+TEST_F(Choosers, WithoutTheCheckNothingIsSaid) {
+    XDynFolderSearchCtrl folderChooser;
+    Prepare(folderChooser, folder.Missing(), false);
+    folderChooser.SetDefaultValue(L"");
+    Show(folderChooser);
+    EXPECT_TRUE(folderChooser.ValidateValue());
+    EXPECT_FALSE(folderChooser.ShowsWarning());
+    XDynSearchFileCtrl fileChooser;
+    Prepare(fileChooser, folder.Missing(), false);
+    fileChooser.SetDefaultValue(folder.Missing());
+    Show(fileChooser);
+    EXPECT_TRUE(fileChooser.ValidateValue());
+    fileChooser.ShowDefaultValue();
+    EXPECT_EQ(fileChooser.GetValue(), folder.Missing());
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(Choosers, TranslateTheirTextsButNotThePlatforms) {
+    qv::SetDictionary({{L"Checking initvalue:", L"Wert:"},
+                       {L"Checking defaultvalue:", L"Vorgabe:"},
+                       {L"Empty path", L"Leer"},
+                       {L"Select Path", L"Ordner"},
+                       {L"Select", L"Nehmen"}});
+    XDynFolderSearchCtrl chooser;
+    Prepare(chooser, L"");
+    EXPECT_EQ(TakeBox(), L"Wert:Label\nLeer");
+    chooser.SetDefaultValue(folder.Missing());
+    EXPECT_EQ(TakeBox(), L"Vorgabe:Label\n" + FolderReason(folder.Missing()));
+    Show(chooser);
+    Button(chooser)->SendMessage(BM_CLICK);
+    ASSERT_EQ(requests.size(), 1U);
+    EXPECT_EQ(requests[0].title, L"Ordner");
+    EXPECT_EQ(requests[0].okText, L"Nehmen");
+}
+
+TEST_F(Choosers, BrowsingStartsAtTheFieldsTextAndReportsAChoice) {
+    XDynSearchFileCtrl chooser;
+    Prepare(chooser, L"old", false);
+    Show(chooser);
+    answer = folder.File();
+    Button(chooser)->SendMessage(BM_CLICK);
+    ASSERT_EQ(requests.size(), 1U);
+    EXPECT_EQ(requests[0].owner, page.m_hWnd);
+    EXPECT_EQ(requests[0].title, L"Select File");
+    EXPECT_EQ(requests[0].okText, L"Select");
+    EXPECT_EQ(requests[0].initial, L"old");
+    EXPECT_EQ(chooser.GetValue(), folder.File());
+    ASSERT_FALSE(page.Taken(EN_CHANGE).empty());
+    const PageNotification change = page.Taken(EN_CHANGE).front();
+    EXPECT_EQ(change.id, kControlId);
+    EXPECT_NE(DynamicDownCast<CEdit>(CWnd::FromHandlePermanent(change.control)), nullptr);
+}
+
+TEST_F(Choosers, ACancelledPickerChangesAndReportsNothing) {
+    wchar_t before[MAX_PATH] = {};
+    ::GetCurrentDirectoryW(MAX_PATH, before);
+    auto silent = qv::SetPickerSink({[&](const qv::PathPickerRequest&) {
+                                         ::SetCurrentDirectoryW(folder.Path().c_str());
+                                         return std::optional<std::wstring>();
+                                     },
+                                     {},
+                                     {}});
+    XDynFolderSearchCtrl chooser;
+    Prepare(chooser, L"old", false);
+    Show(chooser);
+    chooser.SetFocus();
+    Button(chooser)->SendMessage(BM_CLICK);
+    EXPECT_EQ(chooser.GetValue(), L"old");
+    EXPECT_TRUE(page.Taken(EN_CHANGE).empty());
+    EXPECT_TRUE(page.Taken(BN_CLICKED).empty());
+    EXPECT_EQ(::GetFocus(), Button(chooser)->m_hWnd);
+    wchar_t after[MAX_PATH] = {};
+    ::GetCurrentDirectoryW(MAX_PATH, after);
+    EXPECT_STREQ(after, before);
+    qv::SetPickerSink(std::move(silent));
+}
+
+TEST_F(Choosers, FocusTextAndTabOrderAreTheFields) {
+    XDynFolderSearchCtrl chooser;
+    Prepare(chooser, L"text", false);
+    Show(chooser);
+    chooser.SetFocus();
+    EXPECT_EQ(::GetFocus(), Field(chooser)->m_hWnd);
+    EXPECT_EQ(Field(chooser)->GetWindowText(), L"text");
+    EXPECT_EQ(chooser.GetWindowTextLength(), 4);
+    EXPECT_EQ(::GetNextDlgTabItem(page.m_hWnd, Field(chooser)->m_hWnd, FALSE), Button(chooser)->m_hWnd);
+    chooser.SelectDataInEditCtrl();
+    int start = -1;
+    int end = -1;
+    DynamicDownCast<CEdit>(Field(chooser))->GetSel(start, end);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(end, 4);
+}
+
+TEST_F(Choosers, FieldAndButtonFillTheControlAndFollowItsFont) {
+    XDynFolderSearchCtrl chooser;
+    Show(chooser);
+    const auto expectFilled = [&](int cx, int cy) {
+        chooser.MoveWindow(0, 0, cx, cy);
+        const CRect whole = chooser.GetWindowRect();
+        const CRect field = Field(chooser)->GetWindowRect();
+        const CRect button = Button(chooser)->GetWindowRect();
+        EXPECT_EQ(field.left, whole.left);
+        EXPECT_EQ(button.right, whole.right);
+        EXPECT_LE(field.right, button.left);
+        EXPECT_EQ(field.Height(), cy);
+        EXPECT_EQ(button.Height(), cy);
+        return button.Width();
+    };
+    const int usual = expectFilled(300, 24);
+    EXPECT_GT(usual, 0);
+    EXPECT_LT(usual, 150);
+    LOGFONTW description{};
+    description.lfHeight = -60;
+    const HFONT large = ::CreateFontIndirectW(&description);
+    chooser.SetFont(large, true);
+    EXPECT_EQ(Field(chooser)->GetFont(), large);
+    EXPECT_EQ(chooser.GetFont(), large);
+    EXPECT_GT(expectFilled(300, 24), usual);
+    expectFilled(10, 24);
+    expectFilled(0, 24);
+    chooser.DestroyWindow();
+    ::DeleteObject(large);
+}
+
+TEST_F(Choosers, AFieldThatNamesNothingIsDrawnInAWarningColor) {
+    XDynFolderSearchCtrl chooser;
+    Prepare(chooser, folder.Path());
+    Show(chooser);
+    CClientDC dc(*Field(chooser));
+    const auto drawnColor = [&] {
+        ::SetTextColor(dc.Get(), ::GetSysColor(COLOR_WINDOWTEXT));
+        chooser.SendMessage(WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.Get()),
+                            reinterpret_cast<LPARAM>(Field(chooser)->m_hWnd));
+        return ::GetTextColor(dc.Get());
+    };
+    const COLORREF usual = drawnColor();
+    EXPECT_FALSE(chooser.ShowsWarning());
+    Field(chooser)->SetWindowText(folder.Missing());
+    EXPECT_TRUE(chooser.ShowsWarning());
+    EXPECT_NE(drawnColor(), usual);
+    Field(chooser)->SetWindowText(folder.Path());
+    EXPECT_FALSE(chooser.ShowsWarning());
+    EXPECT_EQ(drawnColor(), usual);
+    Field(chooser)->SetWindowText(folder.File());
+    EXPECT_TRUE(chooser.ShowsWarning()) << "a file is no folder";
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(Choosers, ReadOnlyShowsItsValueAndDoesNotBrowse) {
+    XDynFolderSearchCtrl chooser;
+    Prepare(chooser, L"value", false);
+    chooser.SetReadOnly(true);
+    Show(chooser);
+    EXPECT_EQ(chooser.GetValue(), L"value");
+    EXPECT_NE(Field(chooser)->GetStyle() & ES_READONLY, 0U);
+    EXPECT_FALSE(Button(chooser)->IsWindowEnabled());
+    Button(chooser)->SendMessage(BM_CLICK);
+    EXPECT_TRUE(requests.empty());
+    chooser.EnableWindow(false);
+    chooser.EnableWindow(true);
+    EXPECT_FALSE(Button(chooser)->IsWindowEnabled());
+    EXPECT_TRUE(Field(chooser)->IsWindowEnabled());
+}
+
+TEST_F(Choosers, TheObjectTakesItsWindowsAlong) {
+    auto chooser = std::make_unique<XDynSearchFileCtrl>();
+    Show(*chooser);
+    const HWND windows[] = {chooser->m_hWnd, Field(*chooser)->m_hWnd, Button(*chooser)->m_hWnd};
+    Field(*chooser)->SetFocus();
+    chooser.reset();
+    for (const HWND window : windows)
+        EXPECT_FALSE(::IsWindow(window));
+}
+
+}  // namespace
