@@ -51,7 +51,11 @@ int CPropertySheet::OnCreate(CREATESTRUCTW* cs) {
 
 bool CPropertySheet::OnInitDialog() {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | TCS_MULTILINE;
-    if (!m_tab.Create(kStyle, GetClientRect(), this, kTabControlId)) return true;
+    // Users size the tab control to the sheet less ten pixels and never move it: half of them stay on each side.
+    constexpr int kMargin = 5;
+    const CRect client = GetClientRect();
+    const CRect tabs(kMargin, kMargin, client.Width() - kMargin, client.Height() - kMargin);
+    if (!m_tab.Create(kStyle, tabs, this, kTabControlId)) return true;
     m_tab.SetFont(m_font, false);
     for (int i = 0; i < GetPageCount(); ++i)
         m_tab.InsertItem(i, L"");
