@@ -94,6 +94,7 @@ int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
 
 void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
     promptSize = metrics.LabelSize(column.prompt, metrics.X(kMaxPromptUnits));
+    promptSize.cx += metrics.Scale(2);  // a last letter may reach beyond its own width
     const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
     if (isCheckBox) {
         prompt = std::make_unique<CheckBoxPrompt>(control);
@@ -110,6 +111,7 @@ void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
 void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id) {
     if (isPlaceholder) {
         if (!HasControl()) return;
+        if (metrics.Font() != nullptr && control->GetFont() == nullptr) control->SetFont(metrics.Font(), false);
         // A container of controls is entered through the stops inside it.
         if ((control->GetExStyle() & WS_EX_CONTROLPARENT) == 0) control->ModifyStyle(0, WS_TABSTOP);
         if ((control->GetStyle() & WS_VISIBLE) == 0) control->ShowWindow(SW_SHOWNA);
