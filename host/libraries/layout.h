@@ -136,11 +136,12 @@ private:
         int lineHeight = 0;
         int lineControlHeight = 0;  // of the tallest control of one line: the height of an ordinary row
         int rowGap = 0;
-        int tallPromptTop = 0;  // from the top of a tall control to its prompt's
-        int height = 0;         // of all rows at their least
+        int height = 0;  // of all rows at their least
     };
     [[nodiscard]] Row* Find(std::wstring_view name) const;
     void Measure(const qv::LayoutMetrics& metrics);
+    // From the row's top.
+    [[nodiscard]] int ControlTop(const Row& row) const;
     [[nodiscard]] int PromptTop(const Row& row) const;
     [[nodiscard]] int RowHeight(const Row& row, int controlHeight) const;
 

@@ -58,7 +58,6 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     m_measures = {};
     m_measures.lineHeight = metrics.LineHeight();
     m_measures.rowGap = metrics.Y(kRowGapUnits);
-    m_measures.tallPromptTop = metrics.Scale(3);
 
     const int usual = std::max(metrics.Scale(kCommonWidth), kCommonCharacters * metrics.AverageWidth());
     int common = usual;
@@ -80,8 +79,12 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     if (!m_rows.empty()) m_measures.height += static_cast<int>(m_rows.size() - 1) * m_measures.rowGap;
 }
 
+int XLayout::ControlTop(const Row& row) const {
+    return std::max(0, (m_measures.lineControlHeight - row.minHeight) / 2);
+}
+
 int XLayout::PromptTop(const Row& row) const {
-    return row.isTall ? m_measures.tallPromptTop : (m_measures.lineControlHeight - m_measures.lineHeight) / 2;
+    return row.textTop ? ControlTop(row) + *row.textTop : (m_measures.lineControlHeight - m_measures.lineHeight) / 2;
 }
 
 int XLayout::RowHeight(const Row& row, int controlHeight) const {
@@ -129,7 +132,7 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
             mover.Move(*row->prompt, row->promptPlace, place, 0);
         }
         if (row->HasControl()) {
-            const int controlTop = top + std::max(0, (m_measures.lineControlHeight - height) / 2);
+            const int controlTop = top + ControlTop(*row);
             const CRect place(controlLeft, controlTop, controlLeft + width, controlTop + height);
             mover.Move(*row->control, row->controlPlace, place, row->droppedHeight);
         }

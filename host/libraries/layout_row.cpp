@@ -2,7 +2,10 @@
 #include "host/libraries/layout_row.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
+
+#include "framework/text.h"
 
 namespace {
 
@@ -10,7 +13,7 @@ const CRect kNowhere;
 constexpr LONG kSelf = 0;  // a control itself, not a part of it, to an accessibility client
 constexpr UINT kStaticId = 0xFFFF;
 constexpr int kDroppedEntries = 12;
-constexpr int kMaxPromptUnits = 160;  // dialog units; longer prompts are broken between words
+constexpr int kMaxPromptUnits = 140;  // dialog units; longer prompts are broken between words
 
 // Characters that fit the longest double that is typed by hand: fifteen significant ones and a sign.
 constexpr int kDoubleCharacters = 16;
@@ -145,8 +148,17 @@ int XLayout::Row::EntriesWidth(const qv::LayoutMetrics& metrics) const {
     return widest + ::GetSystemMetrics(SM_CXVSCROLL) + metrics.X(6);
 }
 
+bool XLayout::Row::HasTextField() const {
+    if (!HasControl()) return false;
+    std::array<wchar_t, 16> className{};
+    ::GetClassNameW(control->m_hWnd, className.data(), static_cast<int>(className.size()));
+    return qv::EqualIgnoringCase(className.data(), L"EDIT") ||
+           ::FindWindowExW(control->m_hWnd, nullptr, L"EDIT", nullptr) != nullptr;
+}
+
 void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
-    const int editHeight = metrics.Y(14);
+    // As high as a combo box: a field writes at its top, and the more room it has below, the worse it looks.
+    const int editHeight = metrics.LineHeight() + 2 * ::GetSystemMetrics(SM_CYEDGE) + metrics.Scale(4);
     int width = commonWidth;
     int height = editHeight;
     if (!isPlaceholder && column.controlType == kCheckBox) {
@@ -171,6 +183,9 @@ void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
         minWidth = maxWidth = BoundOr(column.minWidth, width, metrics);
     }
     isTall = GrowsInHeight();
+    // A list's first entry stands a little lower than its edge, and so does the text of a field: at its top, however
+    // high the field is.
+    if (isTall || HasTextField()) textTop = ::GetSystemMetrics(SM_CYEDGE) + 1;
     if (isTall) {
         minHeight = BoundOr(column.minHeight, 3 * metrics.LineHeight(), metrics);
         maxHeight = std::max(minHeight, BoundOr(column.maxHeight, INT_MAX, metrics));

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <memory>
+#include <optional>
 
 #include "host/libraries/layout.h"
 #include "host/libraries/layout_metrics.h"
@@ -17,6 +18,8 @@ struct XLayout::Row {
         return column.resizeMode == kResizeWidth || column.resizeMode == kResizeBoth;
     }
     [[nodiscard]] bool GrowsInHeight() const { return column.resizeMode == kResizeBoth; }
+    // The control is a text field or holds one.
+    [[nodiscard]] bool HasTextField() const;
 
     void CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics);
     // Makes the row's own control; a placeholder has one already and is only shown.
@@ -39,8 +42,10 @@ struct XLayout::Row {
     int minWidth = 0, maxWidth = 0;
     int minHeight = 0, maxHeight = 0;
     int droppedHeight = 0;  // of a combo box: what its window's height counts for the list
-    // A control of one line is centred on the page's line; a taller one stands at the top of its row.
+    // A control of one line is centred in its row; a taller one stands at the top.
     bool isTall = false;
+    // From the control's top to its first line of text, where that is not in the middle; the prompt stands beside it.
+    std::optional<int> textTop;
 
     CRect promptPlace, controlPlace;
 };
