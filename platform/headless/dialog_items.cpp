@@ -23,11 +23,11 @@ void CollectTabStops(const Window& parent, std::vector<const Window*>& stops, co
         if (IsContainer(*child)) {
             if (usable || IsDescendant(child, always)) CollectTabStops(*child, stops, always);
             if (child == always) stops.push_back(child);
+        } else if (child != always && IsDescendant(child, always)) {
+            // The focus lies inside a composite control and stands in its place.
+            stops.push_back(always);
         } else if ((usable && (child->style & WS_TABSTOP)) || child == always) {
             stops.push_back(child);
-        } else if (IsDescendant(child, always)) {
-            // The focus lies inside a composite control, which stands for it.
-            stops.push_back(always);
         }
     }
 }

@@ -132,6 +132,20 @@ void HandleEnter(HWND dialog) {
     command(IDOK, GetDlgItem(dialog, IDOK));
 }
 
+void HandleTab(HWND dialog) {
+    const bool previous = GetKeyState(VK_SHIFT) < 0;
+    SendMessageW(dialog, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    if (DialogOf(dialog)) {
+        SendMessageW(dialog, WM_NEXTDLGCTL, previous, 0);
+        return;
+    }
+    // A window that is no dialog can be walked through all the same; it has no default button to follow the focus.
+    const HWND next = GetNextDlgTabItem(dialog, GetFocus(), previous);
+    if (!next) return;
+    if (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) SendMessageW(next, EM_SETSEL, 0, -1);
+    SetFocus(next);
+}
+
 // True when the key is used up.
 bool HandleKeyDown(HWND dialog, const MSG& message) {
     const LRESULT code = SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
@@ -139,8 +153,7 @@ bool HandleKeyDown(HWND dialog, const MSG& message) {
     switch (message.wParam) {
         case VK_TAB:
             if (code & DLGC_WANTTAB) return false;
-            SendMessageW(dialog, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-            SendMessageW(dialog, WM_NEXTDLGCTL, GetKeyState(VK_SHIFT) < 0, 0);
+            HandleTab(dialog);
             return true;
         case VK_LEFT:
         case VK_RIGHT:
