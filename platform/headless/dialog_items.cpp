@@ -32,15 +32,27 @@ void CollectTabStops(const Window& parent, std::vector<const Window*>& stops, co
     }
 }
 
-// The siblings of one group in order: from the one that begins it to the one before the next beginning.
-std::vector<const Window*> GroupOf(const Window& member) {
-    const Window* start = &member;
-    while (!(start->style & WS_GROUP) && start->previous)
-        start = start->previous;
-    std::vector<const Window*> group{start};
-    for (const Window* next = start->next; next && !(next->style & WS_GROUP); next = next->next)
-        group.push_back(next);
-    return group;
+// All controls in order, with those of containers in the place of the container.
+void CollectControls(const Window& parent, std::vector<const Window*>& controls) {
+    for (const Window* child = parent.first; child; child = child->next) {
+        if (IsContainer(*child) && child->first) {
+            CollectControls(*child, controls);
+        } else {
+            controls.push_back(child);
+        }
+    }
+}
+
+// The controls of one group in order: from the one that begins it to the one before the next beginning.
+std::vector<const Window*> GroupOf(const Window& root, const Window& member) {
+    std::vector<const Window*> controls;
+    CollectControls(root, controls);
+    const auto begins = [](const Window* window) { return (window->style & WS_GROUP) != 0; };
+    const auto at = std::find(controls.begin(), controls.end(), &member);
+    if (at == controls.end()) return {&member};
+    auto start = at;
+    while (start != controls.begin() && !begins(*start)) --start;
+    return {start, std::find_if(std::next(at), controls.end(), begins)};
 }
 
 }  // namespace
@@ -91,7 +103,7 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
             from = from->first;
         if (!from) return nullptr;
         // Nothing to start from: the first usable control of the first group, or its last.
-        const std::vector<const Window*> group = GroupOf(*from);
+        const std::vector<const Window*> group = GroupOf(*root, *from);
         const auto usable = [](const Window* window) { return IsUsable(*window); };
         if (previous) {
             const auto last = std::find_if(group.rbegin(), group.rend(), usable);
@@ -100,7 +112,7 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
         const auto first = std::find_if(group.begin(), group.end(), usable);
         return first == group.end() ? group.front()->handle : (*first)->handle;
     }
-    const std::vector<const Window*> group = GroupOf(*from);
+    const std::vector<const Window*> group = GroupOf(*root, *from);
     const std::size_t count = group.size();
     const auto start = static_cast<std::size_t>(std::find(group.begin(), group.end(), from) - group.begin());
     for (std::size_t step = 1; step < count; ++step) {

@@ -88,7 +88,10 @@ HWND FindDefaultButton(HWND dialog) {
 
 // The ring around the default button moves: buttons of the push kinds change their style.
 void SetDefaultButton(HWND dialog, HWND button) {
-    const HWND old = FindDefaultButton(dialog);
+    const DialogState* state = DialogOf(dialog);
+    HWND old = state && state->hasDefault ? GetDlgItem(dialog, state->defaultId) : nullptr;
+    // A dialog inside this one keeps the ring of its own default button while this dialog's own is set.
+    if (!IsDefaultButton(old)) old = FindDefaultButton(dialog);
     if (old == button && button) return;
     const auto setStyle = [](HWND control, DWORD style) {
         const Window* window = Peek(control);
@@ -324,7 +327,7 @@ HWND CreateDialogIndirectParamW(HINSTANCE instance, const DLGTEMPLATE* dialogTem
                                 LPARAM param) {
     if (!dialogTemplate) return nullptr;
     const DialogTemplate source = ReadDialogTemplate(dialogTemplate);
-    DWORD style = source.style & ~static_cast<DWORD>(WS_VISIBLE);
+    const DWORD style = (source.style & ~static_cast<DWORD>(WS_VISIBLE)) | DS_3DLOOK;
     DWORD exStyle = source.exStyle;
     if (style & DS_MODALFRAME) exStyle |= WS_EX_DLGMODALFRAME;
     if ((style & DS_CONTROL) || !(style & WS_CHILD)) exStyle |= WS_EX_CONTROLPARENT;

@@ -42,6 +42,7 @@ int ApplyInfo(HWND handle, int which, const SCROLLINFO& info) {
     Window* window = Peek(handle);
     ScrollBar& bar = window->bars[which];
     bar.known = true;
+    const ScrollBar before = bar;
     if (info.fMask & SIF_PAGE) bar.page = info.nPage;
     if (info.fMask & SIF_POS) bar.position = info.nPos;
     if (info.fMask & SIF_RANGE) {
@@ -52,13 +53,16 @@ int ApplyInfo(HWND handle, int which, const SCROLLINFO& info) {
     }
     Clamp(bar);
     const int position = bar.position;
+    // Numbers that stay as they are neither hide nor show a bar.
+    const bool changed = bar.minimum != before.minimum || bar.maximum != before.maximum || bar.page != before.page ||
+                         bar.position != before.position;
     if (info.fMask & (SIF_RANGE | SIF_PAGE | SIF_DISABLENOSCROLL)) {
         const bool nothingToScroll = bar.minimum >= LastPosition(bar);
         const bool onlyDisables = (info.fMask & SIF_DISABLENOSCROLL) != 0;
         bar.disabled = nothingToScroll && onlyDisables;
         // A change of the page alone may hide a bar, but does not bring it back.
         const bool onlyPage = info.fMask == SIF_PAGE;
-        if (nothingToScroll ? !onlyDisables : !onlyPage) Show(handle, StyleOf(which), !nothingToScroll);
+        if (changed && (nothingToScroll ? !onlyDisables : !onlyPage)) Show(handle, StyleOf(which), !nothingToScroll);
     }
     return position;
 }

@@ -1,0 +1,346 @@
+// Dialogs from templates: creation, units, focus, and what keys do in them.
+#include <algorithm>
+#include <optional>
+
+#include "platform/user.h"
+#include "tests/platform/dialog_template.h"
+#include "tests/platform/window_fixture.h"
+
+namespace qv::test {
+
+namespace {
+
+constexpr DWORD kControl = WS_CHILD | WS_VISIBLE;
+constexpr DWORD kStop = kControl | WS_TABSTOP;
+constexpr DWORD kDialog = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_SETFONT | DS_MODALFRAME;
+
+enum Id { kLabel = 100, kName, kFirst = 103, kSecond, kThird, kCheck, kApply, kLines, kEditInside = 201, kPush };
+
+struct Command {
+    int id;
+    int code;
+    bool operator==(const Command&) const = default;
+};
+
+// What the dialog procedure under test saw, and how it answers.
+struct Record {
+    std::vector<Command> commands;
+    int initFocus = -1;
+    LPARAM initParam = 0;
+    INT_PTR initAnswer = TRUE;
+};
+Record g_record;
+
+INT_PTR CALLBACK DialogProcedure(HWND, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        g_record.initFocus = GetDlgCtrlID(reinterpret_cast<HWND>(wParam));
+        g_record.initParam = lParam;
+        return g_record.initAnswer;
+    }
+    // Notifications of edit controls are of no interest here.
+    if (message == WM_COMMAND && HIWORD(wParam) < 0x100) {
+        g_record.commands.push_back({LOWORD(wParam), HIWORD(wParam)});
+        return TRUE;
+    }
+    return FALSE;
+}
+
+DialogTemplateBuilder Template(DialogTemplateBuilder::Layout layout = DialogTemplateBuilder::Layout::Extended) {
+    DialogTemplateBuilder dialog(kDialog, L"Dialog", layout);
+    dialog.Add(L"Static", L"&Name", kControl, kLabel, {5, 5, 50, 15})
+        .Add(L"Edit", L"text", kStop | ES_AUTOHSCROLL, kName, {60, 5, 120, 17})
+        .Add(L"Button", L"R&1", kStop | WS_GROUP | BS_AUTORADIOBUTTON, kFirst, {5, 20, 50, 30})
+        .Add(L"Button", L"R&2", kControl | BS_AUTORADIOBUTTON, kSecond, {5, 30, 50, 40})
+        .Add(L"Button", L"R&3", kControl | BS_AUTORADIOBUTTON, kThird, {5, 40, 50, 50})
+        .Add(L"Button", L"&Check", kStop | WS_GROUP | BS_AUTOCHECKBOX, kCheck, {5, 50, 50, 60})
+        .Add(L"Button", L"OK", kStop | WS_GROUP | BS_DEFPUSHBUTTON, IDOK, {5, 100, 50, 114})
+        .Add(L"Button", L"Cancel", kStop | BS_PUSHBUTTON, IDCANCEL, {55, 100, 100, 114})
+        .Add(L"Button", L"&Apply", kStop | WS_DISABLED, kApply, {105, 100, 150, 114})
+        .Add(L"Edit", L"", kStop | ES_MULTILINE | ES_WANTRETURN, kLines, {60, 20, 120, 40});
+    return dialog;
+}
+
+}  // namespace
+
+class Dialog : public WindowFixture {
+protected:
+    Dialog() : m_user([this] { PumpMessages([this](MSG& message) { return IsDialogMessageW(m_dialog, &message); }); }) {
+        g_record = {};
+        m_dialog =
+            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), Template().Get(), nullptr, DialogProcedure, 77);
+    }
+    ~Dialog() override {
+        if (IsWindow(m_dialog)) DestroyWindow(m_dialog);
+    }
+
+    [[nodiscard]] HWND Item(int id) const { return GetDlgItem(m_dialog, id); }
+    [[nodiscard]] static int FocusId() { return GetFocus() ? GetDlgCtrlID(GetFocus()) : -1; }
+    // Which button wears the ring of the default.
+    [[nodiscard]] int Ring() const {
+        for (HWND child = GetWindow(m_dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            if (SendMessageW(child, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) return GetDlgCtrlID(child);
+        }
+        return 0;
+    }
+    std::vector<Command> TakeCommands() { return std::exchange(g_record.commands, {}); }
+
+    // An inner dialog behind the name field: a container whose controls belong to the outer tab order.
+    HWND AddInner() {
+        DialogTemplateBuilder inner(kControl | DS_CONTROL | DS_SETFONT, L"", DialogTemplateBuilder::Layout::Plain, 80,
+                                    50);
+        inner.Add(L"Edit", L"", kStop, kEditInside, {0, 0, 40, 12})
+            .Add(L"Button", L"&Push", kStop, kPush, {0, 20, 40, 34});
+        const HWND window =
+            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), inner.Get(), m_dialog, DialogProcedure, 5);
+        SetWindowPos(window, Item(kName), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        return window;
+    }
+
+    HWND m_dialog = nullptr;
+    User m_user;
+};
+
+TEST_F(Dialog, StartsWithItsFirstTabStopAndTheParameter) {
+    EXPECT_EQ(g_record.initFocus, kName);
+    EXPECT_EQ(g_record.initParam, 77);
+    EXPECT_EQ(FocusId(), kName);
+    EXPECT_TRUE(IsWindowVisible(m_dialog));
+    EXPECT_EQ(GetActiveWindow(), m_dialog);
+    EXPECT_EQ(Ring(), IDOK);
+    EXPECT_NE(GetWindowLongW(m_dialog, GWL_EXSTYLE) & WS_EX_CONTROLPARENT, 0);
+    EXPECT_NE(GetWindowLongW(m_dialog, GWL_EXSTYLE) & WS_EX_DLGMODALFRAME, 0);
+    EXPECT_EQ(SendMessageW(Item(kName), WM_GETFONT, 0, 0), SendMessageW(m_dialog, WM_GETFONT, 0, 0));
+    // The text field is ready to be typed over.
+    const LRESULT selection = SendMessageW(Item(kName), EM_GETSEL, 0, 0);
+    EXPECT_EQ(HIWORD(selection), 4);
+}
+
+TEST_F(Dialog, ItemsStandWhereDialogUnitsSay) {
+    for (const auto layout : {DialogTemplateBuilder::Layout::Plain, DialogTemplateBuilder::Layout::Extended}) {
+        DestroyWindow(m_dialog);
+        m_dialog =
+            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), Template(layout).Get(), nullptr, DialogProcedure, 0);
+        RECT units{60, 5, 120, 17};
+        ASSERT_TRUE(MapDialogRect(m_dialog, &units));
+        RECT place{};
+        GetWindowRect(Item(kName), &place);
+        MapWindowPoints(nullptr, m_dialog, reinterpret_cast<POINT*>(&place), 2);
+        EXPECT_EQ(place.left, units.left);
+        EXPECT_EQ(place.top, units.top);
+        EXPECT_NEAR(place.right, units.right, 1);
+        EXPECT_NEAR(place.bottom, units.bottom, 1);
+        RECT whole{0, 0, 200, 150};
+        MapDialogRect(m_dialog, &whole);
+        RECT client{};
+        GetClientRect(m_dialog, &client);
+        EXPECT_EQ(client.right, whole.right);
+        EXPECT_EQ(client.bottom, whole.bottom);
+    }
+}
+
+TEST_F(Dialog, LeavesTheFocusAloneWhenItsProcedureSaysSo) {
+    DestroyWindow(m_dialog);
+    g_record.initAnswer = FALSE;
+    const DialogTemplateBuilder hidden(WS_POPUP | DS_SETFONT, L"hidden");
+    m_dialog = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), hidden.Get(), nullptr, DialogProcedure, 0);
+    EXPECT_FALSE(IsWindowVisible(m_dialog));
+    EXPECT_NE(GetActiveWindow(), m_dialog);
+}
+
+TEST_F(Dialog, TabGoesAroundAndMovesTheRing) {
+    struct Step {
+        int focus;
+        int ring;
+    };
+    const Step forward[] = {{kFirst, IDOK},       {kCheck, IDOK}, {IDOK, IDOK},
+                            {IDCANCEL, IDCANCEL}, {kLines, IDOK}, {kName, IDOK}};
+    for (const Step& step : forward) {
+        m_user.Press(VK_TAB);
+        EXPECT_EQ(FocusId(), step.focus);
+        EXPECT_EQ(Ring(), step.ring) << "at " << step.focus;
+    }
+    for (auto step = std::rbegin(forward) + 1; step != std::rend(forward); ++step) {
+        m_user.Press(VK_TAB, {.shift = true});
+        EXPECT_EQ(FocusId(), step->focus);
+        EXPECT_EQ(Ring(), step->ring) << "back at " << step->focus;
+    }
+    EnableWindow(Item(kCheck), FALSE);
+    ShowWindow(Item(IDOK), SW_HIDE);
+    m_user.Press(VK_TAB);
+    EXPECT_EQ(FocusId(), IDCANCEL) << "hidden and disabled ones are passed over";
+}
+
+TEST_F(Dialog, KeysDoWhatTheyMean) {
+    struct Case {
+        const char* name;
+        int focus;
+        int key;
+        User::Held held;
+        int focusAfter;
+        std::vector<Command> commands;
+    };
+    const User::Held none;
+    const User::Held alt{.alt = true};
+    const Case cases[] = {
+        {"enter in a field", kName, VK_RETURN, none, kName, {{IDOK, BN_CLICKED}}},
+        {"enter in a field of lines", kLines, VK_RETURN, none, kLines, {}},
+        {"enter on a check box", kCheck, VK_RETURN, none, kCheck, {{IDOK, BN_CLICKED}}},
+        {"enter on a button", IDCANCEL, VK_RETURN, none, IDCANCEL, {{IDCANCEL, BN_CLICKED}}},
+        {"escape", kCheck, VK_ESCAPE, none, kCheck, {{IDCANCEL, BN_CLICKED}}},
+        {"space on a check box", kCheck, VK_SPACE, none, kCheck, {{kCheck, BN_CLICKED}}},
+        {"arrow in a group", IDOK, VK_RIGHT, none, IDCANCEL, {}},
+        {"arrow past a disabled button", IDCANCEL, VK_RIGHT, none, kLines, {}},
+        {"arrow in a field stays there", kName, VK_RIGHT, none, kName, {}},
+        {"mnemonic of a label", kCheck, 'N', alt, kName, {}},
+        {"mnemonic of a check box", kName, 'C', alt, kCheck, {{kCheck, BN_CLICKED}}},
+        {"mnemonic without alt", IDOK, 'C', none, kCheck, {{kCheck, BN_CLICKED}}},
+        {"letter in a field is text", kName, 'C', none, kName, {}},
+        {"mnemonic of a disabled button", kName, 'A', alt, kName, {}},
+        {"mnemonic nobody has", kName, 'Z', alt, kName, {}},
+    };
+    for (const Case& test : cases) {
+        SendMessageW(m_dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(test.focus)), TRUE);
+        TakeCommands();
+        EXPECT_TRUE(m_user.Press(test.key, test.held)) << test.name;
+        EXPECT_EQ(FocusId(), test.focusAfter) << test.name;
+        EXPECT_EQ(TakeCommands(), test.commands) << test.name;
+    }
+}
+
+TEST_F(Dialog, ArrowsWalkThroughRadioButtonsAndCheckThem) {
+    SetFocus(Item(kFirst));
+    const struct {
+        int key;
+        int now;
+    } steps[] = {{VK_DOWN, kSecond}, {VK_RIGHT, kThird}, {VK_DOWN, kFirst}, {VK_UP, kThird}, {VK_LEFT, kSecond}};
+    for (const auto& step : steps) {
+        m_user.Press(step.key);
+        EXPECT_EQ(FocusId(), step.now);
+        for (const int id : {kFirst, kSecond, kThird}) {
+            EXPECT_EQ(SendMessageW(Item(id), BM_GETCHECK, 0, 0), id == step.now ? BST_CHECKED : BST_UNCHECKED) << id;
+        }
+    }
+}
+
+TEST_F(Dialog, TheDefaultButtonCanBeChangedAndMustBeEnabled) {
+    EXPECT_EQ(SendMessageW(m_dialog, DM_GETDEFID, 0, 0), MAKELONG(IDOK, DC_HASDEFID));
+    EnableWindow(Item(kApply), TRUE);
+    SendMessageW(m_dialog, DM_SETDEFID, kApply, 0);
+    EXPECT_EQ(Ring(), kApply);
+    m_user.Press(VK_RETURN);
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kApply, BN_CLICKED}}));
+    EnableWindow(Item(kApply), FALSE);
+    m_user.Press(VK_RETURN);
+    EXPECT_EQ(TakeCommands(), std::vector<Command>{});
+}
+
+TEST_F(Dialog, ClosingIsCancelling) {
+    SendMessageW(m_dialog, WM_CLOSE, 0, 0);
+    PumpMessages();
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{IDCANCEL, 0}}));
+    EXPECT_TRUE(IsWindow(m_dialog));
+}
+
+TEST_F(Dialog, AnInnerDialogBelongsToTheTabOrder) {
+    const HWND inner = AddInner();
+    SetFocus(Item(kName));
+    for (const int id : {int{kEditInside}, int{kPush}, int{kFirst}}) {
+        m_user.Press(VK_TAB);
+        EXPECT_EQ(FocusId(), id);
+    }
+    m_user.Press(VK_TAB, {.shift = true});
+    EXPECT_EQ(FocusId(), kPush);
+    TakeCommands();
+    m_user.Press(VK_RETURN);
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kPush, BN_CLICKED}}));
+    SetFocus(GetDlgItem(inner, kEditInside));
+    m_user.Press('N', {.alt = true});
+    EXPECT_EQ(FocusId(), kName) << "a mnemonic of the outer dialog";
+    TakeCommands();
+    m_user.Press('P', {.alt = true});
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kPush, BN_CLICKED}})) << "a mnemonic of the inner dialog";
+    // Keys that come by way of the inner dialog are the outer one's too.
+    SetFocus(GetDlgItem(inner, kPush));
+    const User through([&] { PumpMessages([&](MSG& message) { return IsDialogMessageW(inner, &message); }); });
+    through.Press(VK_TAB);
+    EXPECT_EQ(FocusId(), kFirst);
+    for (const bool hidden : {true, false}) {
+        if (hidden) {
+            ShowWindow(inner, SW_HIDE);
+        } else {
+            ShowWindow(inner, SW_SHOW);
+            EnableWindow(inner, FALSE);
+        }
+        SetFocus(Item(kName));
+        m_user.Press(VK_TAB);
+        EXPECT_EQ(FocusId(), kFirst) << (hidden ? "hidden" : "disabled");
+    }
+}
+
+TEST_F(Dialog, RemembersItsFocusWhileAnotherWindowIsActive) {
+    SetFocus(Item(kLines));
+    const HWND other = Make("other", WS_POPUP | WS_VISIBLE);
+    SetActiveWindow(other);
+    EXPECT_EQ(GetFocus(), other);
+    SetActiveWindow(m_dialog);
+    EXPECT_EQ(FocusId(), kLines);
+}
+
+TEST_F(Dialog, NextItemsByTabAndByGroup) {
+    const auto tab = [&](int from, bool back) { return GetDlgCtrlID(GetNextDlgTabItem(m_dialog, Item(from), back)); };
+    const auto group = [&](int from, bool back) {
+        return GetDlgCtrlID(GetNextDlgGroupItem(m_dialog, Item(from), back));
+    };
+    EXPECT_EQ(GetDlgCtrlID(GetNextDlgTabItem(m_dialog, nullptr, FALSE)), kName);
+    EXPECT_EQ(tab(kSecond, false), kCheck) << "from a control that is no tab stop";
+    EXPECT_EQ(tab(kSecond, true), kFirst);
+    EXPECT_EQ(tab(kLines, false), kName);
+    EXPECT_EQ(group(kFirst, false), kSecond);
+    EXPECT_EQ(group(kFirst, true), kThird);
+    EXPECT_EQ(group(kCheck, false), kCheck) << "alone in its group";
+    EXPECT_EQ(group(kLabel, false), kName);
+}
+
+TEST_F(Dialog, ItemsAnswerByIdentifier) {
+    SetDlgItemInt(m_dialog, kName, static_cast<UINT>(-42), TRUE);
+    BOOL translated = FALSE;
+    EXPECT_EQ(static_cast<int>(GetDlgItemInt(m_dialog, kName, &translated, TRUE)), -42);
+    EXPECT_TRUE(translated);
+    SetDlgItemTextW(m_dialog, kName, L"abc");
+    GetDlgItemInt(m_dialog, kName, &translated, TRUE);
+    EXPECT_FALSE(translated);
+    CheckRadioButton(m_dialog, kFirst, kThird, kSecond);
+    EXPECT_EQ(IsDlgButtonChecked(m_dialog, kSecond), UINT{BST_CHECKED});
+    EXPECT_EQ(GetDlgItem(m_dialog, 4711), nullptr);
+}
+
+TEST_F(Dialog, AnUnknownControlClassRefusesTheDialogUnlessItAllowsThat) {
+    for (const bool allowed : {false, true}) {
+        DialogTemplateBuilder broken(WS_POPUP | DS_SETFONT | (allowed ? DWORD{DS_NOFAILCREATE} : 0), L"broken");
+        broken.Add(L"NoSuchClass", L"", kControl, 1);
+        const HWND window =
+            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), broken.Get(), nullptr, DialogProcedure, 0);
+        EXPECT_EQ(window != nullptr, allowed);
+        if (window) DestroyWindow(window);
+    }
+}
+
+TEST_F(Dialog, AClickReachesOnlyWhatAPersonCouldReach) {
+    EXPECT_TRUE(m_user.Click(Item(kCheck)));
+    EXPECT_EQ(IsDlgButtonChecked(m_dialog, kCheck), UINT{BST_CHECKED});
+    EXPECT_EQ(FocusId(), kCheck);
+    TakeCommands();
+    EXPECT_FALSE(m_user.Click(Item(kApply)));
+    EnableWindow(m_dialog, FALSE);
+    EXPECT_FALSE(m_user.Click(Item(IDOK)));
+    EXPECT_EQ(TakeCommands(), std::vector<Command>{});
+    EnableWindow(m_dialog, TRUE);
+    ASSERT_TRUE(m_user.Focus(Item(kName)));
+    SendMessageW(Item(kName), EM_SETSEL, 0, -1);
+    EXPECT_TRUE(m_user.Type(L"new"));
+    wchar_t text[16] = {};
+    GetDlgItemTextW(m_dialog, kName, text, 16);
+    EXPECT_STREQ(text, L"new");
+}
+
+}  // namespace qv::test

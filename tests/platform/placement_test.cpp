@@ -1,0 +1,270 @@
+// Rectangles, frames, z-order, limits and placement records.
+#include <algorithm>
+
+#include "tests/platform/window_fixture.h"
+
+namespace qv::test {
+
+class Placement : public WindowFixture {
+protected:
+    static RECT RectOf(HWND window) {
+        RECT rect{};
+        GetWindowRect(window, &rect);
+        return rect;
+    }
+    static RECT ClientOf(HWND window) {
+        RECT rect{};
+        GetClientRect(window, &rect);
+        return rect;
+    }
+    static RECT WorkArea() {
+        RECT area{};
+        SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+        return area;
+    }
+    static WINDOWPLACEMENT PlacementOf(HWND window) {
+        WINDOWPLACEMENT placement{};
+        placement.length = sizeof placement;
+        EXPECT_TRUE(GetWindowPlacement(window, &placement));
+        return placement;
+    }
+};
+
+void ExpectRect(const RECT& rect, LONG left, LONG top, LONG right, LONG bottom) {
+    EXPECT_EQ(rect.left, left);
+    EXPECT_EQ(rect.top, top);
+    EXPECT_EQ(rect.right, right);
+    EXPECT_EQ(rect.bottom, bottom);
+}
+
+TEST_F(Placement, TheClientAreaIsWhatTheFrameLeaves) {
+    struct Case {
+        const char* name;
+        DWORD style;
+        DWORD exStyle;
+    };
+    const Case cases[] = {
+        {"no frame", WS_POPUP, 0},
+        {"border", WS_POPUP | WS_BORDER, 0},
+        {"dialog frame", WS_POPUP | WS_CAPTION, WS_EX_DLGMODALFRAME},
+        {"sizing frame", WS_OVERLAPPEDWINDOW, 0},
+        {"sunken", WS_POPUP, WS_EX_CLIENTEDGE},
+        {"static edge", WS_POPUP, WS_EX_STATICEDGE},
+        {"tool window", WS_POPUP | WS_CAPTION, WS_EX_TOOLWINDOW},
+    };
+    for (const Case& test : cases) {
+        RECT wanted{0, 0, 200, 100};
+        AdjustWindowRectEx(&wanted, test.style, FALSE, test.exStyle);
+        const HWND window =
+            Make("window", test.style, nullptr,
+                 {50, 60, 50 + wanted.right - wanted.left, 60 + wanted.bottom - wanted.top}, test.exStyle);
+        ExpectRect(ClientOf(window), 0, 0, 200, 100);
+        POINT origin{};
+        ClientToScreen(window, &origin);
+        EXPECT_EQ(origin.x, 50 - wanted.left) << test.name;
+        EXPECT_EQ(origin.y, 60 - wanted.top) << test.name;
+    }
+}
+
+TEST_F(Placement, ScrollBarsTakeRoomOnlyWhileTheirStyleIsSet) {
+    const HWND top = Top("top");
+    const HWND child = Make("child", WS_CHILD | WS_VISIBLE | WS_VSCROLL, top, {0, 0, 100, 80});
+    const int bar = GetSystemMetrics(SM_CXVSCROLL);
+    ExpectRect(ClientOf(child), 0, 0, 100 - bar, 80);
+    ShowScrollBar(child, SB_BOTH, TRUE);
+    ExpectRect(ClientOf(child), 0, 0, 100 - bar, 80 - GetSystemMetrics(SM_CYHSCROLL));
+    ShowScrollBar(child, SB_BOTH, FALSE);
+    ExpectRect(ClientOf(child), 0, 0, 100, 80);
+}
+
+TEST_F(Placement, PointsMapBetweenWindowsAndTheScreen) {
+    const HWND top = Top("top");
+    const HWND panel = Make("panel", WS_CHILD | WS_VISIBLE | WS_BORDER, top, {20, 30, 220, 130});
+    const HWND inner = Make("inner", WS_CHILD | WS_VISIBLE, panel, {7, 9, 57, 49});
+    RECT rect = RectOf(inner);
+    MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&rect), 2);
+    ExpectRect(rect, 7, 9, 57, 49);
+    MapWindowPoints(panel, top, reinterpret_cast<POINT*>(&rect), 2);
+    ExpectRect(rect, 28, 40, 78, 80);
+    POINT point{1, 2};
+    ClientToScreen(inner, &point);
+    ScreenToClient(top, &point);
+    EXPECT_EQ(point.x, 29);
+    EXPECT_EQ(point.y, 42);
+    // Moving the parent takes the children along.
+    const RECT before = RectOf(inner);
+    SetWindowPos(top, nullptr, 60, 80, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    const RECT after = RectOf(inner);
+    EXPECT_EQ(after.left - before.left, 50);
+    EXPECT_EQ(after.top - before.top, 60);
+}
+
+TEST_F(Placement, SizesObeyTheLimitsOfTheWindow) {
+    const HWND top = Top("top");
+    MoveWindow(top, 10, 10, 5, 5, TRUE);
+    const RECT least = RectOf(top);
+    EXPECT_EQ(least.right - least.left, GetSystemMetrics(SM_CXMINTRACK));
+    EXPECT_EQ(least.bottom - least.top, GetSystemMetrics(SM_CYMINTRACK));
+    m_handler = [](HWND, UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+        if (message != WM_GETMINMAXINFO) return false;
+        auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
+        limits->ptMinTrackSize = {300, 250};
+        limits->ptMaxTrackSize = {400, 350};
+        return true;
+    };
+    MoveWindow(top, 10, 10, 20, 30, TRUE);
+    ExpectRect(RectOf(top), 10, 10, 310, 260);
+    MoveWindow(top, 10, 10, 2000, 3000, TRUE);
+    ExpectRect(RectOf(top), 10, 10, 410, 360);
+}
+
+TEST_F(Placement, ChildrenAreOrderedAsCreatedUntilSomebodyMovesThem) {
+    const HWND top = Top("top");
+    const HWND a = Child("a", top);
+    const HWND b = Child("b", top);
+    const HWND c = Child("c", top);
+    const auto order = [&] {
+        std::vector<HWND> windows;
+        for (HWND window = GetWindow(top, GW_CHILD); window; window = GetWindow(window, GW_HWNDNEXT)) {
+            windows.push_back(window);
+        }
+        return windows;
+    };
+    constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    EXPECT_EQ(order(), (std::vector<HWND>{a, b, c}));
+    SetWindowPos(c, HWND_TOP, 0, 0, 0, 0, kInPlace);
+    EXPECT_EQ(order(), (std::vector<HWND>{c, a, b}));
+    SetWindowPos(c, a, 0, 0, 0, 0, kInPlace);
+    EXPECT_EQ(order(), (std::vector<HWND>{a, c, b}));
+    SetWindowPos(a, HWND_BOTTOM, 0, 0, 0, 0, kInPlace);
+    EXPECT_EQ(order(), (std::vector<HWND>{c, b, a}));
+    EXPECT_EQ(GetWindow(b, GW_HWNDFIRST), c);
+    EXPECT_EQ(GetWindow(b, GW_HWNDLAST), a);
+    EXPECT_EQ(GetWindow(b, GW_HWNDPREV), c);
+}
+
+TEST_F(Placement, ABatchOfPositionsIsAppliedAtItsEnd) {
+    const HWND top = Top("top");
+    const HWND a = Child("a", top);
+    const HWND b = Child("b", top);
+    HDWP batch = BeginDeferWindowPos(1);
+    batch = DeferWindowPos(batch, a, nullptr, 1, 2, 30, 40, SWP_NOZORDER | SWP_NOACTIVATE);
+    batch = DeferWindowPos(batch, b, nullptr, 5, 6, 70, 80, SWP_NOZORDER | SWP_NOACTIVATE);
+    ASSERT_NE(batch, nullptr);
+    ExpectRect(ClientOf(a), 0, 0, 60, 30);
+    EXPECT_TRUE(EndDeferWindowPos(batch));
+    ExpectRect(ClientOf(a), 0, 0, 30, 40);
+    ExpectRect(ClientOf(b), 0, 0, 70, 80);
+}
+
+TEST_F(Placement, ARecordRemembersTheNormalRectangleInEveryState) {
+    const HWND top = Top("top");
+    WINDOWPLACEMENT placement = PlacementOf(top);
+    EXPECT_EQ(placement.showCmd, UINT{SW_SHOWNORMAL});
+    ExpectRect(placement.rcNormalPosition, 10, 20, 310, 220);
+    ShowWindow(top, SW_MAXIMIZE);
+    EXPECT_TRUE(IsZoomed(top));
+    placement = PlacementOf(top);
+    EXPECT_EQ(placement.showCmd, UINT{SW_SHOWMAXIMIZED});
+    ExpectRect(placement.rcNormalPosition, 10, 20, 310, 220);
+    ShowWindow(top, SW_MINIMIZE);
+    EXPECT_TRUE(IsIconic(top));
+    EXPECT_FALSE(IsZoomed(top));
+    placement = PlacementOf(top);
+    EXPECT_EQ(placement.showCmd, UINT{SW_SHOWMINIMIZED});
+    EXPECT_EQ(placement.flags, UINT{WPF_RESTORETOMAXIMIZED});
+    ShowWindow(top, SW_RESTORE);
+    EXPECT_TRUE(IsZoomed(top)) << "a window that was maximised returns to that";
+    ShowWindow(top, SW_RESTORE);
+    ExpectRect(RectOf(top), 10, 20, 310, 220);
+}
+
+TEST_F(Placement, ApplyingARecordSetsRectangleAndState) {
+    const HWND top = Make("top", WS_OVERLAPPEDWINDOW);
+    WINDOWPLACEMENT placement = PlacementOf(top);
+    placement.rcNormalPosition = {100, 110, 500, 410};
+    placement.showCmd = SW_SHOWMAXIMIZED;
+    EXPECT_TRUE(SetWindowPlacement(top, &placement));
+    EXPECT_TRUE(IsZoomed(top));
+    EXPECT_TRUE(IsWindowVisible(top));
+    const RECT area = WorkArea();
+    const RECT maximised = RectOf(top);
+    EXPECT_LE(maximised.left, area.left);
+    EXPECT_GE(maximised.right, area.right);
+    placement.showCmd = SW_SHOWNORMAL;
+    placement.rcNormalPosition = {120, 130, 520, 430};
+    EXPECT_TRUE(SetWindowPlacement(top, &placement));
+    EXPECT_FALSE(IsZoomed(top));
+    ExpectRect(RectOf(top), 120, 130, 520, 430);
+    // A rectangle that nobody could see is brought back onto the screen.
+    placement.rcNormalPosition = {-5000, 100, -4500, 400};
+    EXPECT_TRUE(SetWindowPlacement(top, &placement));
+    ExpectRect(RectOf(top), area.left, 100, area.left + 500, 400);
+    placement.length = 3;
+    EXPECT_FALSE(SetWindowPlacement(top, &placement));
+}
+
+TEST_F(Placement, AChildsRecordIsInItsParentsCoordinates) {
+    const HWND child = Make("child", WS_CHILD | WS_VISIBLE, Top("top"), {12, 14, 52, 44});
+    ExpectRect(PlacementOf(child).rcNormalPosition, 12, 14, 52, 44);
+}
+
+TEST_F(Placement, TheTreeAnswersByParentOwnerAndAncestor) {
+    const HWND top = Top("top");
+    const HWND panel = Child("panel", top, WS_VISIBLE, 7);
+    const HWND inner = Child("inner", panel);
+    const HWND popup = Make("popup", WS_POPUP, inner);
+    EXPECT_EQ(GetParent(inner), panel);
+    EXPECT_EQ(GetParent(top), nullptr);
+    EXPECT_EQ(GetParent(popup), top) << "the owner is the top-level window";
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), top);
+    EXPECT_EQ(GetAncestor(inner, GA_ROOT), top);
+    EXPECT_EQ(GetAncestor(popup, GA_ROOT), popup);
+    EXPECT_EQ(GetAncestor(popup, GA_ROOTOWNER), top);
+    EXPECT_TRUE(IsChild(top, inner));
+    EXPECT_FALSE(IsChild(top, popup));
+    EXPECT_FALSE(IsChild(top, top));
+    EXPECT_EQ(GetDlgCtrlID(panel), 7);
+    EXPECT_EQ(FindWindowExW(top, nullptr, L"QVLOGGINGwindow", L"panel"), panel);
+    EXPECT_EQ(SetParent(inner, top), panel);
+    EXPECT_EQ(GetParent(inner), top);
+    EXPECT_EQ(GetWindow(top, GW_CHILD), inner);
+}
+
+TEST_F(Placement, CreationFailsWithAReason) {
+    struct Case {
+        const char* name;
+        const wchar_t* windowClass;
+        DWORD style;
+        HWND parent;
+        DWORD error;  // 0 where systems differ
+    };
+    const Case cases[] = {
+        {"unknown class", L"NoSuchClass", WS_POPUP, nullptr, 0},
+        {"child of nobody", L"Static", WS_CHILD, nullptr, 1406},
+        {"dead parent", L"Static", WS_CHILD, reinterpret_cast<HWND>(UINT_PTR{0xFFFE}), 1400},
+    };
+    for (const Case& test : cases) {
+        SetLastError(0);
+        EXPECT_EQ(
+            CreateWindowExW(0, test.windowClass, L"", test.style, 0, 0, 1, 1, test.parent, nullptr, nullptr, nullptr),
+            nullptr)
+            << test.name;
+        EXPECT_TRUE(test.error == 0 || GetLastError() == test.error) << test.name;
+    }
+}
+
+TEST_F(Placement, StaleHandlesAreRecognised) {
+    const HWND window = Make("gone", WS_POPUP);
+    DestroyWindow(window);
+    EXPECT_FALSE(IsWindow(window));
+    const HWND next = Make("next", WS_POPUP);
+    EXPECT_NE(next, window);
+    EXPECT_FALSE(IsWindow(window));
+    SetLastError(0);
+    EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+    EXPECT_FALSE(PostMessageW(window, WM_USER, 0, 0));
+    EXPECT_EQ(GetLastError(), DWORD{1400});
+}
+
+}  // namespace qv::test
