@@ -1,0 +1,228 @@
+#include "framework/com_module.h"
+#include "framework/text.h"
+#include "host/libraries/numbers.h"
+#include "qvclient/qvsettingsdialog/controls/en_de_crypt.h"
+#include "tests/component/model/page_fixture.h"
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class StoredPage : public PageTest {
+protected:
+    ~StoredPage() override { qv::SetNumberLocale(std::move(m_localeBefore)); }
+    qv::NumberLocale m_localeBefore = qv::GetNumberLocale();
+};
+
+struct StoreCase {
+    const char* name;
+    const wchar_t* itemKey;
+    Pairs attributes;
+    const wchar_t* entered;
+    const wchar_t* stored;
+    qv::NumberLocale locale;
+};
+
+const qv::NumberLocale kPoint{true, L".", L","};
+const qv::NumberLocale kComma{true, L",", L"."};
+const qv::NumberLocale kUnknown{false, L".", L","};
+
+class StoredRow : public StoredPage, public ::testing::WithParamInterface<StoreCase> {};
+
+TEST_P(StoredRow, IsWrittenAsTextAndSaved) {
+    const StoreCase& c = GetParam();
+    Define(c.itemKey, c.attributes);
+    Shown().Enter(c.itemKey, c.entered);
+    qv::SetNumberLocale(c.locale);
+    EXPECT_TRUE(Store());
+    const auto place = std::wstring(c.itemKey);
+    EXPECT_EQ(Written(), Texts{L"4 " + place + L"=" + c.stored});
+    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::SaveData).size(), 1U);
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StoredRow,
+    ::testing::Values(
+        StoreCase{"LocalComma", L"common/real", {{L"type", L"2"}}, L"2,5", L"2.5", kComma},
+        StoreCase{"ForeignCommaStays", L"common/real", {{L"type", L"2"}}, L"2,5", L"2,5", kPoint},
+        StoreCase{"UnknownLocaleTurnsEveryComma", L"common/real", {{L"type", L"2"}}, L"1,2,5", L"1.2.5", kUnknown},
+        StoreCase{"TextKeepsItsComma", L"common/text", {{L"type", L"3"}}, L"2,5", L"2,5", kComma},
+        StoreCase{"ListDataLosesItsComma",
+                  L"common/list",
+                  {{L"type", L"4"}, {L"value1", L"2,5|Two and a half"}},
+                  L"2,5",
+                  L"2.5",
+                  kComma},
+        StoreCase{"CheckBox", L"common/flag", {{L"type", L"0"}, {L"default", L"0"}}, L"1", L"1", kPoint},
+        StoreCase{"Integer", L"common/number", {{L"type", L"1"}}, L"12", L"12", kPoint},
+        StoreCase{"EmptyNumberOfRecentItems", L"common/numberofrecentitems", {{L"type", L"1"}}, L"", L"0", kPoint},
+        StoreCase{"OtherEmptyNumber", L"common/NumberOfRecentItems", {{L"type", L"1"}}, L"", L"", kPoint}),
+    kCaseName);
+
+TEST_F(StoredPage, RowsComeFirstInTheirOrderThenControlsByKind) {
+    const std::wstring secret = XEnDeCrypt().Encrypt(L"Secret1");
+    Define(L"a/colour", {{L"type", L"8"}}, L"255");
+    Define(L"a/later", {{L"type", L"3"}, {L"ordernumber", L"2"}, {L"globaldata", L"3"}, {L"default", L"x"}});
+    Define(L"a/list", {{L"type", L"5"}, {L"value1", L"a|Alpha"}, {L"value2", L"b|Beta"}, {L"value3", L"c|Gamma"}},
+           L"a|c");
+    Define(L"a/first", {{L"type", L"0"}, {L"ordernumber", L"1"}}, L"1");
+    Define(L"a/password", {{L"type", L"6"}}, secret);
+    Define(L"a/folder", {{L"type", L"7"}, {L"globaldata", L"1"}, {L"default", L"C:\\Data"}});
+    Define(L"a/file", {{L"type", L"9"}, {L"globaldata", L"2"}, {L"default", L"C:\\x.txt"}});
+    Define(L"a/button", {{L"type", L"12"}}, L"text");
+    Define(L"b/colour", {{L"type", L"8"}}, L"7");
+    EXPECT_TRUE(Validate());
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(),
+              (Texts{L"4 a/first=1", L"1 a/later=x", L"4 a/colour=255", L"4 b/colour=7", L"4 a/list=a|c",
+                     L"4 a/password=" + secret, L"3 a/folder=C:\\Data", L"2 a/file=C:\\x.txt", L"4 a/button=text"}));
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+TEST_F(StoredPage, RefusedRowsAndControlsAreNotStored) {
+    m_rights->Refuse(L"Change settings/Machine data");
+    for (const auto* type : {L"0", L"1", L"3", L"5", L"6", L"7", L"8", L"9", L"10"}) {
+        Define(std::wstring(L"common/item") + type, {{L"type", type}, {L"functiongroup", L"1"}});
+    }
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(), Texts{});
+}
+
+TEST_F(StoredPage, ItemsWithoutAPlaceAreNotStored) {
+    for (const auto* type : {L"0", L"8"}) {
+        const std::wstring path = std::wstring(kRoot) + L"/one/two/three" + type;
+        m_session->Define(path, L"type", type);
+        m_session->Define(path, L"pagenumber", L"1");
+    }
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(), Texts{});
+}
+
+TEST_F(StoredPage, AControlWithoutAWindowIsNeitherStoredNorReset) {
+    Define(L"common/colour", {{L"type", L"8"}, {L"default", L"1"}}, L"255");
+    Define(L"common/folder", {{L"type", L"7"}, {L"default", L"C:\\"}}, L"D:\\");
+    Shown();
+    for (const auto kind : {SpecialControlKind::Colour, SpecialControlKind::Path})
+        Control(kind).Window().DestroyWindow();
+    EXPECT_TRUE(Validate());
+    Reset();
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(), Texts{});
+}
+
+TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
+    // Loaded items always have a scope: this page is made by hand.
+    PageRecord record;
+    const auto addRow = [&record](const wchar_t* name) {
+        record.AddRow(std::make_unique<XLayout::Column>(nullptr, name, L"", L"v", 0, true, false, 1, 3, 0, nullptr, 0,
+                                                        0, 0.0, 0.0, 0, 0, 1, L"", false, nullptr, false, 1, 0, 0, L"",
+                                                        L"", L""));
+    };
+    for (const auto* name : {L"a/none", L"a/global", L"a/after", L"noplace", L"a/last"})
+        addRow(name);
+    record.SetScope(L"a/global", SDT_globalData);
+    record.SetScope(L"noplace", SDT_machineData);
+    ShownPage page(record);
+    EXPECT_TRUE(Model().StoreSettings(page, record));
+    // The row that has a scope but no place changes it all the same.
+    EXPECT_EQ(Written(), (Texts{L"4 a/none=v", L"1 a/global=v", L"1 a/after=v", L"3 a/last=v"}));
+}
+
+struct FaultCase {
+    const char* name;
+    bool writeFails;
+    const wchar_t* scopeCode;
+    const wchar_t* message;  // null: none
+};
+
+class StoreFault : public StoredPage, public ::testing::WithParamInterface<FaultCase> {};
+
+TEST_P(StoreFault, IsReportedOnlyWhenSavingFailsAndStopsNothing) {
+    const FaultCase& c = GetParam();
+    Define(L"a/first", {{L"type", L"3"}, {L"globaldata", c.scopeCode}, {L"default", L"x"}});
+    Define(L"a/second", {{L"type", L"3"}, {L"globaldata", L"0"}, {L"default", L"y"}});
+    Define(L"a/colour", {{L"type", L"8"}}, L"5");
+    Shown();
+    m_session->FailNth(c.writeFails ? qv::SessionOperation::WriteData : qv::SessionOperation::SaveData, 1, S_FALSE);
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::WriteData).size(), 3U);
+    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::SaveData).size(), c.writeFails ? 2U : 3U);
+    ASSERT_EQ(m_boxes.size(), c.message != nullptr ? 1U : 0U);
+    if (c.message == nullptr) return;
+    EXPECT_EQ(m_boxes[0].text, c.message);
+    EXPECT_EQ(m_boxes[0].caption, L"Store Settings");
+    EXPECT_EQ(m_boxes[0].kind, qv::MessageBoxCall::Kind::Error);
+    EXPECT_EQ(m_boxes[0].owner, Shown().Top());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StoreFault,
+    ::testing::Values(FaultCase{"SaveInTheControlPath", false, L"1",
+                                L"Can't store data.\nPossibly user hasn't write access to registry key "
+                                L"HKEY_LOCAL_MACHINE"},
+                      FaultCase{"SaveElsewhere", false, L"3", L"Can't store data."},
+                      FaultCase{"Write", true, L"1", nullptr}),
+    kCaseName);
+
+TEST_F(StoredPage, ASaveThatFailsIsSilentWithoutAWindowToOwnTheMessage) {
+    Define(L"a/first", {{L"type", L"3"}}, L"x");
+    Shown().MoveSheetToTop();
+    m_session->FailNth(qv::SessionOperation::SaveData, 1);
+    EXPECT_TRUE(Store());
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+// A caller's own store: keeps one text and records the calls.
+class CallersStore final : public qv::ComObjectRoot, public IQVSettingsDialogDataIO {
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return InternalAddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return InternalRelease(); }
+    HRESULT STDMETHODCALLTYPE GetData(BSTR key, BSTR name, USHORT type, VARIANT* value,
+                                      SESSIONDATATYPE scope) override {
+        calls.push_back(qv::Format(L"get %d %d %s/%s", static_cast<int>(type), static_cast<int>(scope), qv::TextOf(key),
+                                   qv::TextOf(name)));
+        value->vt = VT_BSTR;
+        value->bstrVal = qv::Bstr(L"callers").Detach();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) override {
+        EXPECT_EQ(value.vt, VT_BSTR);
+        calls.push_back(qv::Format(L"write %d %s/%s=%s", static_cast<int>(scope), qv::TextOf(key), qv::TextOf(name),
+                                   qv::TextOf(value.bstrVal)));
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) override {
+        calls.push_back(qv::Format(L"save %d %s/%s", static_cast<int>(scope), qv::TextOf(key), qv::TextOf(name)));
+        return S_OK;
+    }
+    Texts calls;
+};
+
+TEST_F(StoredPage, ACallersStoreTakesThePlaceOfTheSessionDataForValuesOnly) {
+    const qv::ComPtr<CallersStore> store(new CallersStore);
+    m_dataIO = store.Get();
+    Define(L"a/text", {{L"type", L"3"}, {L"globaldata", L"2"}});
+    EXPECT_EQ(Shown().Shown(L"a/text"), L"callers");
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(store->calls, (Texts{L"get 8 2 a/text", L"write 2 a/text=callers", L"save 2 a/text"}));
+    EXPECT_TRUE(m_session->Calls().empty());
+}
+
+TEST_F(StoredPage, WithoutSessionDataACallersStoreIsNotAskedEither) {
+    const qv::ComPtr<CallersStore> store(new CallersStore);
+    Define(L"a/text", {{L"type", L"3"}}, L"x");
+    XConstructionSet model(kRoot, SDT_machineData, store.Get(), nullptr, nullptr);
+    std::wstring text;
+    EXPECT_FALSE(model.ReadString(L"option-configuration/a/text", SDT_userData, text));
+    EXPECT_FALSE(model.StoreSettings(Shown(), *Page()));
+    EXPECT_EQ(store->calls, Texts{});
+    EXPECT_EQ(Written(), Texts{});
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+}  // namespace

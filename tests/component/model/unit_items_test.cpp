@@ -1,0 +1,89 @@
+#include "host/libraries/translation.h"
+#include "host/libraries/units.h"
+#include "tests/component/model/model_fixture.h"
+
+namespace {
+
+class UnitItem : public ModelTest {
+protected:
+    UnitItem() {
+        auto database = std::make_unique<XUAAdmin>();
+        database->AddCategory(XUACategory(L"length", {L"mm", std::nullopt, L"inch"}));
+        database->AddCategory(XUACategory(L" padded ", {L"x"}));
+        m_databaseBefore = qv::SetUnitDatabase(std::move(database));
+        m_dictionaryBefore = qv::SetUnitDictionary(nullptr);
+    }
+    ~UnitItem() override {
+        qv::SetUnitDatabase(std::move(m_databaseBefore));
+        qv::SetUnitDictionary(std::move(m_dictionaryBefore));
+    }
+
+    std::unique_ptr<XUAAdmin> m_databaseBefore;
+    std::unique_ptr<XLMTranslDict> m_dictionaryBefore;
+};
+
+TEST_F(UnitItem, OffersTheCategorysUnitsCountingEmptyPlaces) {
+    Define(L"common/unit", {{L"type", L"14"}, {L"unitcategory", L"length"}, {L"default", L"mm"}}, L"inch");
+    const XLayout::Column* row = Row(L"common/unit");
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->dataType, 1);
+    EXPECT_EQ(row->controlType, 2);
+    EXPECT_EQ(row->value, L"inch");
+    ASSERT_EQ(row->items.size(), 2U);
+    EXPECT_EQ(row->items[0].data, L"mm");
+    EXPECT_EQ(row->items[0].index, 0);
+    EXPECT_EQ(row->items[1].data, L"inch");
+    EXPECT_EQ(row->items[1].index, 2);
+    EXPECT_EQ(*DefaultOf(L"common/unit"), L"mm");
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+TEST_F(UnitItem, ShowsTranslatedNamesAndComparesTheRealOnes) {
+    qv::SetUnitDictionary(
+        std::make_unique<XLMTranslDict>(std::map<std::wstring, std::wstring, std::less<>>{{L"inch", L"Zoll"}}));
+    Define(L"common/real", {{L"type", L"14"}, {L"unitcategory", L"length"}}, L"inch");
+    Define(L"common/shown", {{L"type", L"14"}, {L"unitcategory", L"length"}}, L"Zoll");
+    ASSERT_NE(Row(L"common/real"), nullptr);
+    EXPECT_EQ(Row(L"common/real")->value, L"inch");
+    EXPECT_EQ(Row(L"common/real")->items[1].text, L"Zoll");
+    EXPECT_EQ(Row(L"common/shown")->value, L"");
+}
+
+TEST_F(UnitItem, IsLeftOutWithAnErrorWhenItsUnitsAreUnknown) {
+    struct {
+        const char* name;
+        bool database;
+        Pairs attributes;
+        const wchar_t* message;
+        const wchar_t* number;
+    } const cases[] = {
+        {"no category named", true, {}, L"Kategorie fehlt", L"2548"},
+        {"unknown category", true, {{L"unitcategory", L"weight"}}, L"Kategorie fehlt", L"2548"},
+        {"blanks belong to the category's name", true, {{L"unitcategory", L"padded"}}, L"Kategorie fehlt", L"2548"},
+        {"no database", false, {{L"unitcategory", L"length"}}, L"Datenbank fehlt", L"2537"},
+    };
+    qv::Dictionary before = qv::SetDictionary(
+        {{L"No unit-database!", L"Datenbank fehlt"}, {L"Unit category not found!", L"Kategorie fehlt"}});
+    int number = 0;
+    for (const auto& c : cases) {
+        if (!c.database) qv::SetUnitDatabase(nullptr);
+        m_boxes.clear();
+        auto session = qv::MemorySessionData::Create();
+        const std::wstring path = std::wstring(kRoot) + L"/common/unit" + std::to_wstring(++number);
+        session->Define(path, L"type", L"14");
+        for (const auto& [attribute, text] : c.attributes)
+            session->Define(path, attribute, text);
+        XConstructionSet model(kRoot, SDT_machineData, nullptr, session.Get(), m_rights.Get());
+        std::map<std::int32_t, PageRecord*> items;
+        EXPECT_TRUE(model.LoadItems(items)) << c.name;
+        EXPECT_TRUE(items.empty()) << c.name;
+        ASSERT_EQ(m_boxes.size(), 1U) << c.name;
+        EXPECT_EQ(m_boxes[0].kind, qv::MessageBoxCall::Kind::Error) << c.name;
+        for (const std::wstring part : {c.message, c.number, L"XConstructionSet::DrawUnitComboBox"}) {
+            EXPECT_NE(m_boxes[0].text.find(part), std::wstring::npos) << c.name << ": " << m_boxes[0].text.size();
+        }
+    }
+    qv::SetDictionary(std::move(before));
+}
+
+}  // namespace
