@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "framework/text.h"
+#include "host/libraries/layout_check_box.h"
 
 namespace {
 
 const CRect kNowhere;
-constexpr LONG kSelf = 0;  // a control itself, not a part of it, to an accessibility client
 constexpr UINT kStaticId = 0xFFFF;
 constexpr int kDroppedEntries = 12;
 constexpr int kMaxPromptUnits = 140;  // dialog units; longer prompts are broken between words
@@ -19,48 +19,6 @@ constexpr int kMaxPromptUnits = 140;  // dialog units; longer prompts are broken
 constexpr int kDoubleCharacters = 16;
 // A short field still has to look like one.
 constexpr int kMinEditCharacters = 6;
-
-// The label of a check box row. The box stands in the control column without a text of its own, so a click on its
-// prompt toggles it as a click on its text would.
-class CheckBoxPrompt : public CStatic {
-public:
-    explicit CheckBoxPrompt(CWnd* const& box) : m_box(box) {}
-    const MessageMap* GetMessageMap() const override {
-        static const MessageMap map{CStatic::GetThisMessageMap(),
-                                    {on::ControlReflect<&CheckBoxPrompt::OnClicked>(STN_CLICKED)}};
-        return &map;
-    }
-
-private:
-    void OnClicked() {
-        if (m_box != nullptr && m_box->IsLive() && m_box->IsWindowEnabled()) m_box->SendMessage(BM_CLICK);
-    }
-    CWnd* const& m_box;  // the row's, which is made after its prompt
-};
-
-// The box of a check box row: named by its prompt for those who cannot see that it stands beside it.
-class RowCheckBox : public CButton {
-public:
-    explicit RowCheckBox(std::wstring name) : m_name(std::move(name)) {}
-    HRESULT get_accName(VARIANT child, BSTR* name) override {
-        if (child.vt != VT_I4 || child.lVal != kSelf || name == nullptr) return CButton::get_accName(child, name);
-        *name = ::SysAllocStringLen(m_name.data(), static_cast<UINT>(m_name.size()));
-        return *name != nullptr ? S_OK : E_OUTOFMEMORY;
-    }
-
-private:
-    std::wstring m_name;
-};
-
-// A label without its mnemonic marks: "&Save && close" reads "Save & close".
-std::wstring PlainLabel(std::wstring_view label) {
-    std::wstring plain;
-    for (std::size_t i = 0; i < label.size(); ++i) {
-        if (label[i] == L'&' && ++i == label.size()) break;
-        plain.push_back(label[i]);
-    }
-    return plain;
-}
 
 std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT id) {
     auto edit = std::make_unique<CEdit>();
@@ -82,11 +40,9 @@ std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UIN
     return combo;
 }
 
-std::unique_ptr<CWnd> CreateCheckBox(const XLayout::Column& column, CWnd& page, UINT id) {
-    auto box = std::make_unique<RowCheckBox>(PlainLabel(column.prompt));
-    // A blank text: without any the platform has no place to draw the focus.
-    if (!box->Create(L" ", WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, kNowhere, &page, id)) return nullptr;
-    return box;
+std::unique_ptr<CWnd> CreateCheckBox(const XLayout::Column& column, CWnd& prompt, CWnd& page, UINT id) {
+    auto box = std::make_unique<qv::RowCheckBox>();
+    return box->Create(column.prompt, prompt, &page, id) ? std::move(box) : nullptr;
 }
 
 int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
@@ -100,7 +56,7 @@ void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
     promptSize.cx += metrics.Scale(2);  // a last letter may reach beyond its own width
     const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
     if (isCheckBox) {
-        prompt = std::make_unique<CheckBoxPrompt>(control);
+        prompt = std::make_unique<qv::CheckBoxPrompt>(control);
     } else {
         prompt = std::make_unique<CStatic>();
     }
@@ -128,7 +84,7 @@ void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, U
             ownControl = CreateCombo(column, page, id, metrics.Font());
             break;
         case kCheckBox:
-            ownControl = CreateCheckBox(column, page, id);
+            ownControl = CreateCheckBox(column, *prompt, page, id);
             break;
         default:
             break;
@@ -162,8 +118,8 @@ void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
     int width = commonWidth;
     int height = editHeight;
     if (!isPlaceholder && column.controlType == kCheckBox) {
-        width = metrics.Scale(13) + metrics.X(6);
-        height = std::max(metrics.Y(10), metrics.Scale(13));
+        width = metrics.Scale(qv::RowCheckBox::kSize);
+        height = std::max(metrics.Y(10), width);
     } else if (!isPlaceholder && column.controlType == kComboBox && HasControl()) {
         height = control->GetWindowRect().Height();
         const int entries = std::clamp(static_cast<int>(column.items.size()), 1, kDroppedEntries);

@@ -10,6 +10,13 @@
 
 struct XLayout::Row {
     explicit Row(Column& source) : column(source), control(source.control), isPlaceholder(source.control != nullptr) {}
+    ~Row() {
+        // A prompt may look at its control, and a control at its prompt, while it is there.
+        control = nullptr;
+        ownControl.reset();
+    }
+    Row(const Row&) = delete;
+    Row& operator=(const Row&) = delete;
 
     [[nodiscard]] bool HasControl() const { return control != nullptr && control->IsLive(); }
     [[nodiscard]] bool HasPrompt() const { return prompt != nullptr && prompt->IsLive(); }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "framework/com.h"
 #include "tests/host/layout_page.h"
 
 namespace {
@@ -218,6 +219,23 @@ TEST(LayoutCheckBox, ClickOnItsPromptTogglesAndReportsIt) {
     }
     EXPECT_EQ(page.Reference(L"x").text, L"1");
     EXPECT_EQ(page.Reference(L"off").text, L"0");
+}
+
+TEST(LayoutCheckBox, IsNamedByItsPromptToAssistivePrograms) {
+    LayoutPage page;
+    RowSpec spec = CheckRow(L"x", L"0");
+    spec.prompt = L"Show &tool bar";
+    page.Add(spec);
+    page.Show();
+    qv::ComPtr<IAccessible> box;
+    ASSERT_EQ(::AccessibleObjectFromWindow(page.layout.GetColumnControl(L"x")->m_hWnd, static_cast<DWORD>(OBJID_CLIENT),
+                                           IID_IAccessible, reinterpret_cast<void**>(box.Put())),
+              S_OK);
+    VARIANT self{};
+    self.vt = VT_I4;
+    qv::Bstr name;
+    ASSERT_EQ(box->get_accName(self, name.Put()), S_OK);
+    EXPECT_EQ(qv::TextOf(name.Get()), L"Show tool bar");
 }
 
 TEST(Layouts, AreListedWhileTheyLive) {

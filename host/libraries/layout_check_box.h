@@ -1,0 +1,41 @@
+// The two windows of a check box row. The box stands in the control column and its label in the prompt column, yet they
+// behave as one check box: a click on the label toggles it, and the label shows the focus. Used by the layout alone.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "framework/controls.h"
+
+namespace qv {
+
+class CheckBoxPrompt : public CStatic {
+public:
+    // box: the row's, which is made after its prompt; null until then.
+    explicit CheckBoxPrompt(CWnd* const& box) : m_box(box) {}
+    const MessageMap* GetMessageMap() const override;
+
+private:
+    void OnClicked();
+    LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    CWnd* const& m_box;
+};
+
+class RowCheckBox : public CButton {
+public:
+    // Its text is the label too, so that assistive programs read it; it is too narrow to show any of it.
+    bool Create(std::wstring_view label, CWnd& prompt, CWnd* page, UINT id);
+    // Of the box alone, in pixels at 96 dpi.
+    static constexpr int kSize = 14;
+
+    const MessageMap* GetMessageMap() const override;
+
+private:
+    LRESULT OnFocusChanged(WPARAM wParam, LPARAM lParam);
+    CWnd* m_prompt = nullptr;
+};
+
+// A label whose mnemonic is not marked: "&Save && close" becomes "Save && close".
+[[nodiscard]] std::wstring WithoutMnemonic(std::wstring_view label);
+
+}  // namespace qv
