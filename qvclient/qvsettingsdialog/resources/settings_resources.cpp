@@ -33,6 +33,8 @@ constexpr WORD kEnglish = Language(0x09, 0x01);
 const std::vector<DialogTemplate>& DialogTemplates() {
 #define QV_DIALOG(id, language, subLanguage, cx, cy, style, caption) \
     {id, Language(language, subLanguage), cx, cy, static_cast<DWORD>(style), L"" caption, {
+#define QV_UNTITLED_DIALOG(id, language, subLanguage, cx, cy, style) \
+    QV_DIALOG(id, language, subLanguage, cx, cy, style, "")
 #define QV_BUTTON(caption, id, x, y, kind) {L"" caption, id, x, y, static_cast<DWORD>(kind)},
 #define QV_DIALOG_END \
     }                 \
@@ -42,6 +44,7 @@ const std::vector<DialogTemplate>& DialogTemplates() {
 #include "qvclient/qvsettingsdialog/resources/dialog_templates.inc"
     };
 #undef QV_DIALOG
+#undef QV_UNTITLED_DIALOG
 #undef QV_BUTTON
 #undef QV_DIALOG_END
     return templates;

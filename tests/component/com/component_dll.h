@@ -1,0 +1,65 @@
+// The real DLL, loaded by name and reached through its exports alone, with a host around it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "framework/com.h"
+#include "host/interfaces/tpf.h"
+#include "host/libraries/browser_settings.h"
+#include "host/services/host_object.h"
+#include "platform/module_address.h"
+#include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"
+#include "tests/component/settings_driver.h"
+
+class ComponentDll : public ::testing::Test {
+protected:
+    ComponentDll();
+    ~ComponentDll() override;
+
+    template <class Function>
+    [[nodiscard]] Function Export(const char* name) const {
+        return qv::ProcedureOf<Function>(m_module, name);
+    }
+    [[nodiscard]] HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) const;
+    [[nodiscard]] HRESULT CanUnloadNow() const;
+    [[nodiscard]] HRESULT Register() const;
+    [[nodiscard]] HRESULT Unregister() const;
+
+    // A new manager's interface; null when it has none such.
+    template <class Interface>
+    [[nodiscard]] qv::ComPtr<Interface> Create(REFIID iid) const {
+        qv::ComPtr<IClassFactory> factory;
+        qv::ComPtr<Interface> result;
+        EXPECT_EQ(
+            GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
+            S_OK);
+        EXPECT_EQ(factory->CreateInstance(nullptr, iid, reinterpret_cast<void**>(result.Put())), S_OK);
+        return result;
+    }
+    template <class Interface, class From>
+    [[nodiscard]] static qv::ComPtr<Interface> Query(const qv::ComPtr<From>& from, REFIID iid) {
+        qv::ComPtr<Interface> result;
+        from->QueryInterface(iid, reinterpret_cast<void**>(result.Put()));
+        return result;
+    }
+    // A manager that is connected to the test's host.
+    [[nodiscard]] qv::ComPtr<IQVSettingsDialogManager> CreateConnected();
+
+    qvtest::TestHost host;
+    qv::ComPtr<qv::HostObject> hostObject;
+    qvtest::SettingsDriver driver;
+    static int s_browserReads;  // how often the host's browser settings were read again
+
+private:
+    HMODULE m_module;
+};
+
+// The references that an object has now.
+template <class Interface>
+[[nodiscard]] ULONG ReferencesOf(Interface* object) {
+    object->AddRef();
+    return object->Release();
+}

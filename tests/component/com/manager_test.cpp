@@ -1,0 +1,314 @@
+// The manager: what it answers, what it shows without a dialog, and the dialog through COM from end to end.
+#include "host/libraries/translation.h"
+#include "tests/component/com/component_dll.h"
+
+using qv::MessageBoxCall;
+using qv::SessionOperation;
+
+namespace {
+
+constexpr const wchar_t* kNoManagers = L"Can't get SessionDataManager or MultiUserManager!";
+
+class Manager : public ComponentDll {
+protected:
+    // Of the dialog, or -1.
+    static LONG Open(IQVSettingsDialogManager& manager, std::wstring_view caption, IQVSettingsDialogDataIO* dataIO) {
+        LONG result = 77;
+        EXPECT_EQ(manager.CreateModalDialogEx(qv::Bstr(caption).Get(), dataIO, &result), S_OK);
+        return result;
+    }
+    LONG OpenWith(IQVSettingsDialogManager& manager, qvtest::SettingsDriver::Steps steps,
+                  IQVSettingsDialogDataIO* dataIO = nullptr) {
+        return driver.Run([&] { return static_cast<int>(Open(manager, L"Caption", dataIO)); }, std::move(steps));
+    }
+    void ExpectOneBox(MessageBoxCall::Kind kind, std::wstring_view caption, std::wstring_view text) {
+        ASSERT_EQ(driver.boxes.size(), 1U);
+        EXPECT_EQ(driver.boxes[0].kind, kind);
+        EXPECT_EQ(driver.boxes[0].text, text);
+        if (kind == MessageBoxCall::Kind::Info) {
+            EXPECT_EQ(driver.boxes[0].caption, caption);
+            EXPECT_EQ(driver.boxes[0].owner, nullptr);
+            EXPECT_EQ(driver.boxes[0].flags, 0U);
+        }
+    }
+};
+
+TEST_F(Manager, GettersLeaveTheCallersVariablesAlone) {
+    const auto manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
+    LONG path = 7;
+    EXPECT_EQ(manager->get_m_CtrlPath(&path), S_OK);
+    EXPECT_EQ(manager->put_m_CtrlPath(2), S_OK);
+    EXPECT_EQ(manager->get_m_CtrlPath(&path), S_OK);
+    EXPECT_EQ(path, 7);
+
+    BSTR key = nullptr;
+    EXPECT_EQ(manager->GetOptionKey(&key), S_OK);
+    EXPECT_EQ(key, nullptr);
+    // A string that the variable holds is released; the variable still points where it did.
+    BSTR held = SysAllocString(L"mine");
+    BSTR const before = held;
+    EXPECT_EQ(manager->GetOptionKey(&held), S_OK);
+    EXPECT_EQ(held, before);
+}
+
+TEST_F(Manager, WithoutServicesItSaysSoUntranslatedAndTheHostStillReadsAgain) {
+    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"translated"}});
+    const auto manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
+    EXPECT_EQ(Open(*manager.Get(), L"My caption", nullptr), -1);
+    ExpectOneBox(MessageBoxCall::Kind::Info, L"My caption", kNoManagers);
+    EXPECT_EQ(s_browserReads, 1);
+    qv::SetDictionary(before);
+}
+
+TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
+    const auto manager = CreateConnected();
+    EXPECT_EQ(Open(*manager.Get(), L"My caption", nullptr), -1);
+    ExpectOneBox(MessageBoxCall::Kind::Info, L"My caption", L"No settings defined");
+    EXPECT_EQ(s_browserReads, 1);
+    // Null arguments are taken: no caption, nobody who wants the result.
+    EXPECT_EQ(manager->CreateModalDialogEx(nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(manager->CreateModalDialog(nullptr), S_OK);
+    EXPECT_EQ(driver.boxes.size(), 3U);
+}
+
+TEST_F(Manager, AHostWithoutBrowserSettingsIsLeftAlone) {
+    XQVBrowserSettings::SetReader(nullptr);
+    const auto manager = CreateConnected();
+    EXPECT_EQ(Open(*manager.Get(), L"c", nullptr), -1);
+    EXPECT_EQ(s_browserReads, 0);
+}
+
+TEST_F(Manager, MenuCommandIsKnownByItsWholeNameWithoutCase) {
+    const auto command = Create<ITPFMenuCommand>(IID_ITPFMenuCommand);
+    struct Case {
+        const wchar_t* name;
+        HRESULT expected;
+        std::size_t boxes;
+    };
+    const Case cases[] = {
+        {L"tools/settings/change...", S_OK, 1},
+        {L"TOOLS/Settings/CHANGE...", S_OK, 1},
+        {L"tools/settings/change", S_FALSE, 0},
+        {L"tools/settings/change... ", S_FALSE, 0},
+        {L"", S_FALSE, 0},
+    };
+    for (const Case& each : cases) {
+        driver.boxes.clear();
+        DWORD state = 5;
+        EXPECT_EQ(command->QueryCommandState(each.name, &state), each.expected);
+        EXPECT_EQ(state, each.expected == S_OK ? 0U : 5U);
+        EXPECT_TRUE(driver.boxes.empty());
+        EXPECT_EQ(command->ExecuteCommand(each.name), each.expected);  // S_OK even though nothing could be shown
+        EXPECT_EQ(driver.boxes.size(), each.boxes);
+    }
+    EXPECT_EQ(command->Reserved3(nullptr, nullptr, nullptr), E_NOTIMPL);
+}
+
+TEST_F(Manager, MenuCommandSetsScopeAndKeyForGood) {
+    const auto manager = CreateConnected();
+    const auto scopeAndKey = [&] {
+        host.session->ClearCalls();
+        Open(*manager.Get(), L"c", nullptr);
+        const auto loads = host.session->CallsOf(SessionOperation::LoadData);
+        const auto keys = host.session->CallsOf(SessionOperation::EnumSubKeys);
+        return std::pair{loads.at(0).scope, keys.at(0).key};
+    };
+    EXPECT_EQ(scopeAndKey(), (std::pair<SESSIONDATATYPE, std::wstring>{SDT_machineData, L"option-configuration"}));
+    manager->put_m_CtrlPath(SDT_globalData);
+    manager->SetOptionKey(qv::Bstr(L"other").Get());
+    EXPECT_EQ(scopeAndKey(), (std::pair<SESSIONDATATYPE, std::wstring>{SDT_globalData, L"other"}));
+    EXPECT_EQ(Query<ITPFMenuCommand>(manager, IID_ITPFMenuCommand)->ExecuteCommand(L"tools/settings/change..."), S_OK);
+    EXPECT_EQ(driver.boxes.back().caption, L"Settings");
+    EXPECT_EQ(scopeAndKey(), (std::pair<SESSIONDATATYPE, std::wstring>{SDT_machineData, L"option-configuration"}));
+    manager->SetOptionKey(nullptr);
+    EXPECT_EQ(scopeAndKey().second, L"");
+}
+
+// A host that hands out whatever it was given, of the right kind or not. Lives on the stack.
+class PlainHost final : public ITPFHost {
+public:
+    PlainHost(IUnknown* sessionData, IUnknown* multiUser) : m_sessionData(sessionData), m_multiUser(multiUser) {}
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD number, IUnknown** object) override {
+        EXPECT_EQ(number, 1U);
+        *object = IsEqualGUID(id, SID_SessionData) ? m_sessionData : m_multiUser;
+        if (*object == nullptr) return E_FAIL;
+        (*object)->AddRef();
+        return S_OK;
+    }
+    ULONG references = 0;
+
+private:
+    IUnknown* m_sessionData;
+    IUnknown* m_multiUser;
+};
+
+TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
+    constexpr const wchar_t* kNoSessionData = L"Can't get SessionDataManager !";
+    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
+    IUnknown* const session = host.session.Get();
+    IUnknown* const users = host.users.Get();
+    struct Case {
+        const char* name;
+        IUnknown* sessionData;
+        IUnknown* multiUser;
+        bool hasHost;
+        HRESULT expected;
+        const wchar_t* box;  // null: none
+    };
+    const Case cases[] = {
+        {"both", session, users, true, S_OK, nullptr},
+        {"no session data: found out later", nullptr, users, true, S_OK, nullptr},
+        {"no users", session, nullptr, true, E_FAIL, L"neither"},
+        {"users of another kind", session, session, true, E_FAIL, L"neither"},
+        {"nothing", nullptr, nullptr, true, E_FAIL, L"neither"},
+        {"session data of another kind", users, users, true, E_FAIL, L"no data"},
+        {"no host", session, users, false, E_FAIL, L"neither"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        driver.boxes.clear();
+        PlainHost offers(each.sessionData, each.multiUser);
+        const ULONG sessionBefore = ReferencesOf(session);
+        const ULONG usersBefore = ReferencesOf(users);
+        {
+            const auto object = Create<ITPFObject>(IID_ITPFObject);
+            if (each.hasHost) object->SetHost(&offers, nullptr);
+            EXPECT_EQ(object->ConnectServices(1, this), each.expected);
+        }
+        EXPECT_EQ(ReferencesOf(session), sessionBefore);
+        EXPECT_EQ(ReferencesOf(users), usersBefore);
+        EXPECT_EQ(offers.references, 0U);
+        if (each.box == nullptr) {
+            EXPECT_TRUE(driver.boxes.empty());
+        } else {
+            ExpectOneBox(MessageBoxCall::Kind::Plain, {}, each.box);
+        }
+    }
+    qv::SetDictionary(before);
+}
+
+TEST_F(Manager, ReferencesAreBalanced) {
+    const auto companion = qv::MultiUserManager::CreateWithAllRights();
+    const auto counts = [&] {
+        return std::vector<ULONG>{ReferencesOf(hostObject.Get()), ReferencesOf(companion.Get()),
+                                  ReferencesOf(host.session.Get()), ReferencesOf(host.users.Get())};
+    };
+    const std::vector<ULONG> before = counts();
+    {
+        const auto object = Create<ITPFObject>(IID_ITPFObject);
+        object->SetHost(hostObject.Get(), companion.Get());
+        object->SetHost(hostObject.Get(), companion.Get());
+        EXPECT_EQ(counts()[0], before[0] + 2) << "the manager's and the module's";
+        EXPECT_EQ(object->ConnectServices(0, nullptr), S_OK);
+        EXPECT_EQ(object->ConnectServices(0, nullptr), S_OK);
+        EXPECT_EQ(counts()[2], before[2] + 1);
+        EXPECT_EQ(object->ReleaseHost(), S_OK);
+        EXPECT_EQ(counts()[0], before[0] + 1) << "the module keeps its own";
+        EXPECT_EQ(counts()[1], before[1]);
+        EXPECT_EQ(counts()[3], before[3] + 1) << "the services stay";
+    }
+    EXPECT_EQ(counts(), before);
+}
+
+TEST_F(Manager, AnyManagersEndEmptiesTheModuleHost) {
+    const ULONG before = ReferencesOf(hostObject.Get());
+    const auto first = Create<ITPFObject>(IID_ITPFObject);
+    first->SetHost(hostObject.Get(), nullptr);
+    { const auto second = Create<ITPFObject>(IID_ITPFObject); }
+    EXPECT_EQ(ReferencesOf(hostObject.Get()), before + 1);
+}
+
+TEST_F(Manager, ShowsTheDialogOnTheHostsTreeAndOkStores) {
+    host.DefinePlainPage();
+    const auto manager = CreateConnected();
+    const ULONG sessionBefore = ReferencesOf(host.session.Get());
+    const LONG result = OpenWith(*manager.Get(), {
+                                                     [this] {
+                                                         EXPECT_EQ(driver.Frame().GetWindowText(), L"Caption");
+                                                         EXPECT_EQ(driver.Shown(L"common/count"), L"7");
+                                                         EXPECT_EQ(CanUnloadNow(), S_FALSE);
+                                                     },
+                                                     [this] { driver.Type(L"common/count", L"3"); },
+                                                     [this] { driver.Toggle(L"common/flag"); },
+                                                     [this] { driver.Press(IDOK); },
+                                                 });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(host.Stored(L"common/count"), L"3");
+    EXPECT_EQ(host.Stored(L"common/flag"), L"1");
+    EXPECT_EQ(s_browserReads, 1);
+    EXPECT_EQ(ReferencesOf(host.session.Get()), sessionBefore);
+
+    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    EXPECT_EQ(s_browserReads, 2);
+}
+
+TEST_F(Manager, SurvivesBeingReleasedWhileItsDialogIsOpen) {
+    host.DefinePlainPage();
+    auto manager = CreateConnected();
+    IQVSettingsDialogManager* plain = manager.Get();
+    EXPECT_EQ(OpenWith(*plain, {
+                                   [&] { manager.Reset(); },
+                                   [this] { driver.Press(IDOK); },
+                               }),
+              IDOK);
+    EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
+// A caller's own store: values come from it and go to it; the tree stays the host's.
+class CallersStore final : public IQVSettingsDialogDataIO {
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    HRESULT STDMETHODCALLTYPE GetData(BSTR, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE) override {
+        EXPECT_EQ(type, VT_BSTR);
+        if (qv::TextOf(name) != L"name") return E_FAIL;
+        value->vt = VT_BSTR;
+        value->bstrVal = SysAllocString(L"from the caller");
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE) override {
+        written.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR) override {
+        ++saves;
+        return S_OK;
+    }
+    ULONG references = 0;
+    int saves = 0;
+    std::vector<std::wstring> written;
+};
+
+TEST_F(Manager, ACallersStoreTakesTheValues) {
+    host.DefinePage(L"1", L"General");
+    host.DefineItem(L"common/name", {{L"type", L"3"}, {L"label", L"Name"}, {L"pagenumber", L"1"}});
+    const auto manager = CreateConnected();
+    CallersStore store;
+    EXPECT_EQ(OpenWith(*manager.Get(),
+                       {
+                           [this] { EXPECT_EQ(driver.Shown(L"common/name"), L"from the caller"); },
+                           [this] { driver.Type(L"common/name", L"back"); },
+                           [this] { driver.Press(IDOK); },
+                       },
+                       &store),
+              IDOK);
+    EXPECT_EQ(store.written, std::vector<std::wstring>{L"common/name=back"});
+    EXPECT_EQ(store.saves, 1);
+    EXPECT_EQ(store.references, 0U);
+    EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
+}
+
+}  // namespace
