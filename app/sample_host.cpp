@@ -2,6 +2,7 @@
 
 #include "app/stored_values.h"
 #include "host/services/data_files.h"
+#include "host/services/dialog_service.h"
 #include "host/services/file_session_data.h"
 #include "host/services/host_object.h"
 #include "host/services/multi_user_manager.h"
@@ -66,7 +67,7 @@ bool SampleHost::Start(const Options& options, std::wstring& problem) {
 
     const ComPtr<FileSessionData> sessionData = FileSessionData::Create(options.data, m_report);
     sessionData->Definitions() = m_definitions;
-    const ComPtr<HostObject> host = HostObject::Create(sessionData.Get(), user);
+    const ComPtr<HostObject> host = HostObject::Create(sessionData.Get(), user, &DialogService::Create);
     return m_component.Connect(host.Get(), problem);
 }
 
