@@ -1,5 +1,7 @@
 #include "host/libraries/layout_check_box.h"
 
+#include <algorithm>
+
 #include "framework/gdi.h"
 
 namespace qv {
@@ -28,7 +30,7 @@ LRESULT CheckBoxPrompt::OnPaint(WPARAM, LPARAM) {
     const RECT client = GetClientRect();
     RECT frame = client;
     ::DrawTextW(dc.Get(), text.c_str(), static_cast<int>(text.size()), &frame, DT_CALCRECT | DT_WORDBREAK);
-    if (frame.right < client.right) ++frame.right;
+    frame.right = std::min<LONG>(frame.right + 2, client.right);
     ::DrawFocusRect(dc.Get(), &frame);
     return result;
 }
