@@ -122,6 +122,16 @@ void CScrollView::OnSize(UINT type, int cx, int cy) {
     UpdateBars();
 }
 
+// The message carries 16 bits only; a longer content is asked of the bar itself.
+int CScrollView::ThumbPosition(int bar, int thumb) const {
+    constexpr LONG kLargestInMessage = 0xFFFF;
+    if ((bar == SB_HORZ ? m_total.cx : m_total.cy) <= kLargestInMessage) return thumb;
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    return ::GetScrollInfo(m_hWnd, bar, &info) != FALSE ? info.nTrackPos : thumb;
+}
+
 void CScrollView::Scroll(int bar, UINT request, int thumb) {
     POINT position = GetScrollPosition();
     LONG& value = bar == SB_HORZ ? position.x : position.y;
@@ -148,7 +158,7 @@ void CScrollView::Scroll(int bar, UINT request, int thumb) {
             break;
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            value = thumb;
+            value = ThumbPosition(bar, thumb);
             break;
         default:
             return;

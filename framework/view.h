@@ -46,6 +46,7 @@ private:
     LRESULT OnVScroll(WPARAM wParam, LPARAM lParam);
     LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
     void Scroll(int bar, UINT request, int thumb);
+    [[nodiscard]] int ThumbPosition(int bar, int thumb) const;
 
     SIZE m_total{0, 0};
     SIZE m_page{0, 0};

@@ -14,6 +14,7 @@ namespace {
 struct PermanentMap {
     std::mutex mutex;
     std::unordered_map<HWND, CWnd*> objects;
+    std::unordered_map<HWND, WNDPROC> passedOn;
 };
 
 PermanentMap& Permanent() {
@@ -71,6 +72,20 @@ private:
     HandledMessage m_previous;
 };
 
+LRESULT PassOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    WNDPROC procedure = nullptr;
+    {
+        PermanentMap& map = Permanent();
+        const std::lock_guard lock(map.mutex);
+        if (const auto found = map.passedOn.find(window); found != map.passedOn.end()) {
+            procedure = found->second;
+            if (message == WM_NCDESTROY) map.passedOn.erase(found);
+        }
+    }
+    if (procedure != nullptr) return CallWindowProcW(procedure, window, message, wParam, lParam);
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
 LRESULT AnswerAfterException(HWND window, UINT message) {
     if (message == WM_PAINT) ValidateRect(window, nullptr);  // or the message would come again at once
     return message == WM_CREATE ? -1 : 0;                    // a half-made window is given up
@@ -103,6 +118,12 @@ void RemovePermanent(HWND handle, const CWnd* object) {
     const std::lock_guard lock(map.mutex);
     const auto found = map.objects.find(handle);
     if (found != map.objects.end() && found->second == object) map.objects.erase(found);
+}
+
+void AddPassedOn(HWND handle, WNDPROC procedure) {
+    PermanentMap& map = Permanent();
+    const std::lock_guard lock(map.mutex);
+    map.passedOn[handle] = procedure;
 }
 
 void ReportException() noexcept {
@@ -162,7 +183,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         object = std::exchange(thread.toAttach, nullptr);
         WindowAccess::AttachRouted(*object, window);
     }
-    if (object == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    if (object == nullptr) return PassOn(window, message, wParam, lParam);
 
     const HandlingScope scope(thread, {window, message, wParam, lParam});
     LRESULT result = 0;

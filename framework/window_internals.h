@@ -34,6 +34,10 @@ struct ThreadState {
 void AddPermanent(HWND handle, CWnd* object);
 void RemovePermanent(HWND handle, const CWnd* object);
 
+// Windows that an object has given up while somebody else's procedure lay above ours: ours stays and passes everything
+// on to this one.
+void AddPassedOn(HWND handle, WNDPROC procedure);
+
 // Tells the exception handler of the exception that is being handled.
 void ReportException() noexcept;
 

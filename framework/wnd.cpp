@@ -71,6 +71,8 @@ HWND CWnd::UnsubclassWindow() {
     const auto current = reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(handle, GWLP_WNDPROC));
     if (m_superProc != nullptr && current == &qv::detail::WindowProcedure) {
         ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_superProc));
+    } else if (m_superProc != nullptr) {
+        qv::detail::AddPassedOn(handle, m_superProc);
     }
     WindowAccess::Forget(*this);
     return handle;

@@ -37,9 +37,9 @@ private:
     std::string m_name;
 };
 
-class PropertySheet : public testing::Test {
+class SheetOfPages : public testing::Test {
 protected:
-    PropertySheet() : top(RECT{50, 50, 450, 350}), a(log, "a-"), b(log, "b-"), c(log, "c-") {}
+    SheetOfPages() : top(RECT{50, 50, 450, 350}), a(log, "a-"), b(log, "b-"), c(log, "c-") {}
     bool Create() {
         for (Page* page : {&a, &b, &c})
             sheet.AddPage(page);
@@ -55,7 +55,7 @@ protected:
     CPropertySheet sheet{L"sheet", &top, 0};
 };
 
-TEST_F(PropertySheet, CreatesAPageWhenItIsFirstShown) {
+TEST_F(SheetOfPages, CreatesAPageWhenItIsFirstShown) {
     ASSERT_TRUE(Create());
     EXPECT_EQ(Take(), "a-init;a-set;");
     EXPECT_EQ(sheet.GetTabControl()->GetItemCount(), 3);
@@ -67,7 +67,7 @@ TEST_F(PropertySheet, CreatesAPageWhenItIsFirstShown) {
     EXPECT_EQ(Take(), "b-kill;a-set;") << "no second initialisation";
 }
 
-TEST_F(PropertySheet, PagesComeOutOfTheirDisabledTemplateUsable) {
+TEST_F(SheetOfPages, PagesComeOutOfTheirDisabledTemplateUsable) {
     ASSERT_TRUE(Create());
     EXPECT_TRUE(a.IsWindowEnabled());
     EXPECT_TRUE(a.IsWindowVisible());
@@ -83,7 +83,7 @@ TEST_F(PropertySheet, PagesComeOutOfTheirDisabledTemplateUsable) {
     EXPECT_TRUE(qv::User::CanReach(a.GetDlgItem(10)->m_hWnd));
 }
 
-TEST_F(PropertySheet, TheUserSwitchesWithTheTabs) {
+TEST_F(SheetOfPages, TheUserSwitchesWithTheTabs) {
     ASSERT_TRUE(Create());
     sheet.SetActivePage(1);
     Take();
@@ -94,7 +94,7 @@ TEST_F(PropertySheet, TheUserSwitchesWithTheTabs) {
     EXPECT_FALSE(b.IsWindowVisible());
 }
 
-TEST_F(PropertySheet, ARefusalKeepsThePageAndItsTab) {
+TEST_F(SheetOfPages, ARefusalKeepsThePageAndItsTab) {
     ASSERT_TRUE(Create());
     a.refuseKill = true;
     MakeUser().ChooseTab(sheet.GetTabControl()->m_hWnd, 1);
@@ -111,7 +111,7 @@ TEST_F(PropertySheet, ARefusalKeepsThePageAndItsTab) {
     EXPECT_TRUE(a.IsWindowVisible());
 }
 
-TEST_F(PropertySheet, APageWithoutTemplateLeavesTheSheetAlive) {
+TEST_F(SheetOfPages, APageWithoutTemplateLeavesTheSheetAlive) {
     CPropertyPage missing(4711);
     sheet.AddPage(&missing);
     ASSERT_TRUE(Create());
@@ -124,7 +124,7 @@ TEST_F(PropertySheet, APageWithoutTemplateLeavesTheSheetAlive) {
     EXPECT_FALSE(sheet.SetActivePage(4));
 }
 
-TEST_F(PropertySheet, UsesTheFontOfTheWindowItStandsIn) {
+TEST_F(SheetOfPages, UsesTheFontOfTheWindowItStandsIn) {
     auto* font = static_cast<HFONT>(::GetStockObject(ANSI_FIXED_FONT));
     class FontWindow : public TopWindow {
     public:
@@ -141,7 +141,7 @@ TEST_F(PropertySheet, UsesTheFontOfTheWindowItStandsIn) {
     EXPECT_EQ(other.GetFont(), font);
 }
 
-TEST_F(PropertySheet, SurvivesItsPagesAndTheySurviveIt) {
+TEST_F(SheetOfPages, SurvivesItsPagesAndTheySurviveIt) {
     auto extra = std::make_unique<Page>(log, "d-");
     {
         CPropertySheet shortLived(L"", &top, 0);

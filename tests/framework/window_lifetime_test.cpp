@@ -137,6 +137,23 @@ TEST(Subclassing, RoutesMessagesUntilItIsUndone) {
     EXPECT_EQ(edit.m_hWnd, nullptr);
 }
 
+WNDPROC g_below = nullptr;
+LRESULT CALLBACK ForeignProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return ::CallWindowProcW(g_below, window, message, wParam, lParam);
+}
+
+TEST(Subclassing, GivenUpBelowSomebodyElsesProcedureLeavesAWorkingControl) {
+    TopWindow top;
+    HWND handle = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 90, 20, top.m_hWnd, nullptr, nullptr, nullptr);
+    UpperCaseEdit edit;
+    ASSERT_TRUE(edit.SubclassWindow(handle));
+    g_below = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ForeignProcedure)));
+    EXPECT_EQ(edit.UnsubclassWindow(), handle);
+    ::SendMessageW(handle, WM_CHAR, L'a', 0);
+    EXPECT_EQ(CWnd::FromHandle(handle)->GetWindowText(), L"a");
+}
+
 TEST(View, DeletesItselfWithItsWindowAndWhenThereIsNone) {
     static int alive;
     alive = 0;
