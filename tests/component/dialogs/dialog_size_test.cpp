@@ -119,4 +119,26 @@ TEST_F(Sizes, ASmallFrameScrollsAndEveryResizeGoesBackToTheStart) {
     });
 }
 
+// Screen readers see the view's windows as the platform describes them.
+TEST_F(Sizes, TheViewIsReadableAsAnOrdinaryWindow) {
+    Show({
+        [this] {
+            CWnd& view = *Dialog().GetParent();
+            LONG children = -1;
+            EXPECT_EQ(view.get_accChildCount(&children), S_OK);
+            EXPECT_EQ(children, 1);
+            VARIANT self{};
+            self.vt = VT_I4;
+            LONG left = -1;
+            LONG top = -1;
+            LONG width = -1;
+            LONG height = -1;
+            EXPECT_EQ(view.accLocation(&left, &top, &width, &height, self), S_OK);
+            EXPECT_EQ(left, view.GetWindowRect().left);
+            EXPECT_EQ(width, view.GetClientRect().Width());
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
 }  // namespace
