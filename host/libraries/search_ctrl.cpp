@@ -54,7 +54,9 @@ const MessageMap* XBaseSearchCtrl::GetMessageMap() const {
 }
 
 bool XBaseSearchCtrl::Create(std::wstring_view text, UINT id, const RECT& rect, HFONT font, CWnd* parent) {
-    if (!CreateEx(WS_EX_CONTROLPARENT, nullptr, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, rect,
+    // Without WS_CLIPCHILDREN: a page that paints itself anew paints over field and button, and only then do they hear
+    // of it.
+    if (!CreateEx(WS_EX_CONTROLPARENT, nullptr, L"", WS_CHILD | WS_VISIBLE, rect,
                   parent != nullptr ? parent->m_hWnd : nullptr, id)) {
         return false;
     }
