@@ -160,6 +160,11 @@ void ScriptRunner::ShowPage(const DialogView& view, const ScriptAction& action) 
     if (!page) return Fail(Format(L"line %d: there is no page \"%s\"", action.line, action.target));
     if (view.ActivePage() == *page) return;
     Person().ChooseTab(view.Tabs(), *page);
+    // In a small frame the tab may be scrolled out of sight; the keyboard reaches every page.
+    for (int turns = view.PageCount(); view.ActivePage() != *page && turns > 0; --turns) {
+        Person().Press(VK_NEXT, {.control = true});
+    }
+    if (view.ActivePage() != *page) Fail(Format(L"line %d: \"%s\" did not open", action.line, action.target));
 }
 
 void ScriptRunner::Set(const DialogView& view, const ScriptAction& action) {
