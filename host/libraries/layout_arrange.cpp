@@ -9,6 +9,7 @@ constexpr int kRowGapUnits = 4;     // dialog units between rows, as the platfor
 constexpr int kColumnGapUnits = 6;  // between prompts and controls
 constexpr int kCommonWidth = 200;   // pixels at 96 dpi: the usual bound of special controls, whose edges then align
 constexpr int kCommonCharacters = 30;
+constexpr int kCommonHeight = 24;  // pixels at 96 dpi: theirs too, so that rows have one distance on every page
 
 // Shares extra height among rows that may grow: evenly, but none beyond its own maximum. What nobody takes is left.
 std::vector<int> ShareHeight(int extra, const std::vector<int>& rooms) {
@@ -73,7 +74,8 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
         m_measures.controlWidth = std::max(m_measures.controlWidth, row->minWidth);
         if (!row->isTall) m_measures.lineControlHeight = std::max(m_measures.lineControlHeight, row->minHeight);
     }
-    m_measures.lineControlHeight = std::max(m_measures.lineControlHeight, m_measures.lineHeight);
+    m_measures.lineControlHeight =
+        std::max({m_measures.lineControlHeight, m_measures.lineHeight, metrics.Scale(kCommonHeight)});
     for (const auto& row : m_rows)
         m_measures.height += RowHeight(*row, row->minHeight);
     if (!m_rows.empty()) m_measures.height += static_cast<int>(m_rows.size() - 1) * m_measures.rowGap;
