@@ -13,7 +13,7 @@ namespace {
 const CRect kNowhere;
 constexpr UINT kStaticId = 0xFFFF;
 constexpr int kDroppedEntries = 12;
-constexpr int kMaxPromptUnits = 160;  // dialog units; longer prompts are broken between words
+constexpr int kMaxPromptUnits = 200;  // dialog units; longer prompts are broken between words
 
 // Characters that fit the longest double that is typed by hand: fifteen significant ones and a sign.
 constexpr int kDoubleCharacters = 16;
