@@ -178,16 +178,9 @@ PageRecord& XConstructionSet::PageOf(std::int32_t pageNumber) {
     return *record;
 }
 
-PageRecord& XConstructionSet::AddPlainRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft) {
-    PageRecord& record = PageOf(draft.page);
-    const std::wstring& itemKey = row->name;
-    if (draft.hasDefault) record.AddDefault(itemKey, std::move(draft.defaultText));
-    record.SetScope(itemKey, draft.scope);
-    record.AddRow(std::move(row));
-    return record;
-}
-
-void XConstructionSet::AddNumericRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft, RangePair range) {
-    const std::wstring& itemKey = row->name;  // stays valid: the page's record keeps the row
-    AddPlainRow(std::move(row), draft).SetRange(itemKey, range);
+void XConstructionSet::AddPlainRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft,
+                                   std::optional<RangePair> range) {
+    ItemFacts facts{.scope = draft.scope, .range = range, .defaultText = {}};
+    if (draft.hasDefault) facts.defaultText = std::move(draft.defaultText);
+    PageOf(draft.page).AddItem(std::move(row), std::move(facts));
 }

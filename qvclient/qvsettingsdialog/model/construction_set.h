@@ -95,14 +95,11 @@ private:
     void DrawItem(std::wstring_view name, std::int32_t typeCode, const AttributeMap& attributes);
     // The record of the page, made when it is not there yet.
     PageRecord& PageOf(std::int32_t pageNumber);
-    // A row whose value the layout's own control holds: default and scope go into the page's tables.
-    PageRecord& AddPlainRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft);
-    // The same with the item's range.
-    void AddNumericRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft, RangePair range);
-
+    // A row whose value the layout's own control holds: the page keeps its default and, of a number, its range.
+    void AddPlainRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft, std::optional<RangePair> range = {});
     // A placeholder row for a control that keeps value and default itself.
     void AddSpecialRow(SpecialControlKind kind, std::unique_ptr<SpecialControl> control, std::wstring itemKey,
-                       const ItemDraft& draft);
+                       ItemDraft& draft);
     // Folder and file choosers.
     template <class Chooser>
     void DrawChooser(SpecialControlKind kind, std::wstring_view name, const AttributeMap& attributes);

@@ -62,7 +62,7 @@ void HandOverTexts(Control& control, const ItemDraft& draft, std::wstring_view i
 }  // namespace
 
 void XConstructionSet::AddSpecialRow(SpecialControlKind kind, std::unique_ptr<SpecialControl> control,
-                                     std::wstring itemKey, const ItemDraft& draft) {
+                                     std::wstring itemKey, ItemDraft& draft) {
     const PlaceholderRow& shape = PlaceholderOf(kind);
     auto row =
         qv::MakeRow(draft, std::move(itemKey), {},
@@ -71,8 +71,7 @@ void XConstructionSet::AddSpecialRow(SpecialControlKind kind, std::unique_ptr<Sp
     row->SetControlHeight(shape.height.minimum, shape.height.maximum);
 
     PageRecord& record = PageOf(draft.page);
-    record.SetScope(row->name, draft.scope);
-    control->SetLayoutCells({record.AddRow(std::move(row))});
+    control->SetLayoutCells({record.AddItem(std::move(row), {.scope = draft.scope, .range = {}, .defaultText = {}})});
     record.AddControl(kind, std::move(control));
 }
 

@@ -22,7 +22,8 @@ struct RowShape {
     int decimals = 0;
 };
 
-[[nodiscard]] std::unique_ptr<XLayout::Column> MakeRow(const ItemDraft& draft, std::wstring itemKey, std::wstring value,
+// Takes the draft's label over.
+[[nodiscard]] std::unique_ptr<XLayout::Column> MakeRow(ItemDraft& draft, std::wstring itemKey, std::wstring value,
                                                        const RowShape& shape);
 
 // True for a row of free text: string items and the placeholders of special controls. Decimal separators in it are the

@@ -90,7 +90,7 @@ void XConstructionSet::DrawIntegerEdit(std::wstring_view name, const AttributeMa
                             .lower = lower,
                             .upper = upper,
                             .limit = static_cast<int>(digits)});
-    AddNumericRow(std::move(row), draft, {lower, upper});
+    AddPlainRow(std::move(row), draft, RangePair(lower, upper));
 }
 
 void XConstructionSet::DrawDoubleEdit(std::wstring_view name, const AttributeMap& attributes) {
@@ -134,5 +134,5 @@ void XConstructionSet::DrawDoubleEdit(std::wstring_view name, const AttributeMap
                             .upperReal = range.second,
                             .limit = kRealDigits,
                             .decimals = kRealDecimals});
-    AddNumericRow(std::move(row), draft, range);
+    AddPlainRow(std::move(row), draft, range);
 }

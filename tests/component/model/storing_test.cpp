@@ -114,15 +114,17 @@ TEST_F(StoredPage, AControlWithoutAWindowIsNeitherStoredNorReset) {
 TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
     // Loaded items always have a scope: this page is made by hand.
     PageRecord record;
-    const auto addRow = [&record](const wchar_t* name) {
-        record.AddRow(std::make_unique<XLayout::Column>(nullptr, name, L"", L"v", 0, true, false, 1, 3, 0, nullptr, 0,
-                                                        0, 0.0, 0.0, 0, 0, 1, L"", false, nullptr, false, 1, 0, 0, L"",
-                                                        L"", L""));
+    const auto add = [&record](const wchar_t* name, std::optional<SESSIONDATATYPE> scope) {
+        record.AddItem(
+            std::make_unique<XLayout::Column>(nullptr, name, L"", L"v", 0, true, false, 1, 3, 0, nullptr, 0, 0, 0.0,
+                                              0.0, 0, 0, 1, L"", false, nullptr, false, 1, 0, 0, L"", L"", L""),
+            {.scope = scope, .range = {}, .defaultText = {}});
     };
-    for (const auto* name : {L"a/none", L"a/global", L"a/after", L"noplace", L"a/last"})
-        addRow(name);
-    record.SetScope(L"a/global", SDT_globalData);
-    record.SetScope(L"noplace", SDT_machineData);
+    add(L"a/none", {});
+    add(L"a/global", SDT_globalData);
+    add(L"a/after", {});
+    add(L"noplace", SDT_machineData);
+    add(L"a/last", {});
     ShownPage page(record);
     EXPECT_TRUE(Model().StoreSettings(page, record));
     // The row that has a scope but no place changes it all the same.
