@@ -119,7 +119,7 @@ bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items) {
         // deliberate: a definition without any values ends the loading; what is there already stays.
         if (attributes.Empty()) return false;
         for (const Attribute& attribute : attributes) {
-            if (FindAttributeName(attribute.name) != AttributeName::Type) continue;
+            if (attribute.name != L"type") continue;  // as it stands: a blank makes it another name
             DrawItem({name, SysStringLen(name)}, qv::LeadingInteger(attribute.text), attributes);
         }
     }
@@ -167,9 +167,8 @@ std::optional<SESSIONDATATYPE> XConstructionSet::FindScope(std::int32_t scopeCod
 std::wstring XConstructionSet::MakeItemKey(std::wstring_view definitionName) {
     const auto parts = qv::SplitPath(definitionName);
     if (!parts) return {};
-    std::wstring itemKey(parts->key);
-    itemKey += L'/';
-    return itemKey += parts->name;
+    // Both parts are views into the name, with just the separator between them.
+    return std::wstring(parts->key.data(), parts->key.size() + 1 + parts->name.size());
 }
 
 PageRecord& XConstructionSet::PageOf(std::int32_t pageNumber) {

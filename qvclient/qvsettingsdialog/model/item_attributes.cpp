@@ -23,7 +23,6 @@ constexpr NameRow kNames[] = {
     {L"maxstringlength", AttributeName::MaxStringLength},
     {L"unitcategory", AttributeName::UnitCategory},
     {L"checkpath", AttributeName::CheckPath},
-    {L"type", AttributeName::Type},
 };
 
 std::wstring_view ViewOf(BSTR text) {
@@ -38,8 +37,12 @@ bool IsLowerAscii(std::wstring_view name) {
 }  // namespace
 
 AttributeName FindAttributeName(std::wstring_view lowerName) noexcept {
+    if (lowerName.empty()) return AttributeName::Other;
     for (const NameRow& row : kNames) {
-        if (row.name == lowerName) return row.attribute;
+        // Length and first character tell all but equal names apart; the whole comparison is for the one that is left.
+        if (row.name.size() == lowerName.size() && row.name[0] == lowerName[0] && row.name == lowerName) {
+            return row.attribute;
+        }
     }
     return AttributeName::Other;
 }

@@ -25,7 +25,6 @@ enum class AttributeName {
     MaxStringLength,
     UnitCategory,
     CheckPath,
-    Type,
 };
 
 // The attribute that a lower-case name stands for.

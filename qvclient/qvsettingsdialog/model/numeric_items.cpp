@@ -100,7 +100,7 @@ void XConstructionSet::DrawDoubleEdit(std::wstring_view name, const AttributeMap
     const auto readValue = [&](SESSIONDATATYPE scope) {
         double stored = 0;
         if (!ReadDouble(name, scope, stored)) return false;
-        draft.value = qv::DoubleToText(stored, L"%f");
+        draft.value = qv::FixedToText(stored);
         return true;
     };
     const auto own = [&](AttributeName attribute, std::wstring_view, std::wstring_view text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,7 +49,7 @@ public:
         std::wstring_view itemKey;  // the row's name
         std::wstring text;
     };
-    [[nodiscard]] const std::vector<Default>& Defaults() const noexcept { return m_defaults; }
+    [[nodiscard]] const std::deque<Default>& Defaults() const noexcept { return m_defaults; }
     // Null when the item is not in the table. Of items with one key the first one in the table answers.
     [[nodiscard]] const SESSIONDATATYPE* FindScope(std::wstring_view itemKey);
     [[nodiscard]] const RangePair* FindRange(std::wstring_view itemKey);
@@ -66,7 +67,7 @@ private:
         [[nodiscard]] const Value* Find(std::wstring_view itemKey);
 
     private:
-        std::vector<std::pair<std::wstring_view, Value>> m_entries;
+        std::deque<std::pair<std::wstring_view, Value>> m_entries;
         std::unordered_map<std::wstring_view, std::size_t> m_index;
         std::size_t m_indexed = 0;
     };
@@ -74,7 +75,7 @@ private:
     std::vector<SpecialControlKind> m_kinds;
     std::vector<std::unique_ptr<XLayout::Group>> m_groups;
     std::array<std::vector<std::unique_ptr<SpecialControl>>, kKindCount> m_controls;
-    std::vector<Default> m_defaults;
+    std::deque<Default> m_defaults;
     Table<SESSIONDATATYPE> m_scopes;
     Table<RangePair> m_ranges;
 };

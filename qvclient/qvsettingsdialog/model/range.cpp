@@ -8,19 +8,20 @@
 #include "framework/text.h"
 #include "host/libraries/numbers.h"
 
+// Rounding keeps the order, so that only a number outside its range as it stands needs to be rounded.
 bool CheckUpperBound(const RangePair& range, double value) {
-    return !(qv::RoundForComparison(value) > qv::RoundForComparison(range.second));
+    return value <= range.second || !(qv::RoundForComparison(value) > qv::RoundForComparison(range.second));
 }
 
 bool CheckLowerBound(const RangePair& range, double value) {
-    return !(qv::RoundForComparison(range.first) > qv::RoundForComparison(value));
+    return value >= range.first || !(qv::RoundForComparison(range.first) > qv::RoundForComparison(value));
 }
 
 namespace qv {
 
 double RoundForComparison(double value) {
     if (!std::isfinite(value)) return value;
-    // Both ways independent of any locale, and a fraction of what formatting costs: every number on every load pays it.
+    // Independent of any locale both ways.
     char digits[32];
     const auto written = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::scientific, 2);
     double rounded = 0;
@@ -40,6 +41,14 @@ double TextToDouble(std::wstring_view text) {
 std::wstring DoubleToText(double value, std::wstring_view format) {
     std::wstring text;
     return Double2String(text, value, format) ? text : Format(format, value);
+}
+
+std::wstring FixedToText(double value) {
+    // The common case of every number that is loaded; longer ones take the long way.
+    char digits[32];
+    const auto written = std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, 6);
+    return std::isfinite(value) && written.ec == std::errc() ? std::wstring(std::begin(digits), written.ptr)
+                                                             : DoubleToText(value, L"%f");
 }
 
 std::wstring IntegerToText(std::int32_t value) {

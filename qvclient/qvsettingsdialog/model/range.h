@@ -24,6 +24,8 @@ namespace qv {
 [[nodiscard]] double TextToDouble(std::wstring_view text);
 // format: a printf form for one double.
 [[nodiscard]] std::wstring DoubleToText(double value, std::wstring_view format);
+// As "%f" shows it: six decimal places.
+[[nodiscard]] std::wstring FixedToText(double value);
 [[nodiscard]] std::wstring IntegerToText(std::int32_t value);
 // Whether the leading decimal integer of a text fits into 32 bits (text without a number counts as 0).
 [[nodiscard]] bool FitsInteger(std::wstring_view text);
