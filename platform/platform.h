@@ -12,7 +12,6 @@
 #include <oleacc.h>
 #include <oleauto.h>
 #include <shellapi.h>
-#include <shlobj.h>
 #else
 #include "platform/headless/windows.h"
 #endif

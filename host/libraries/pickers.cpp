@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/shell_folders.h"
+
 namespace qv {
 namespace {
 
