@@ -1,9 +1,12 @@
 # One function a kind of target, so that warnings, sanitizers and include paths are said once.
 
-# What every target of ours is compiled with. Warnings are errors in both builds.
+# Warnings are errors in both builds.
+add_library(qv_warnings INTERFACE)
+target_compile_options(qv_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# What every target of ours is compiled with.
 add_library(qv_options INTERFACE)
 target_include_directories(qv_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_options(qv_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_link_libraries(qv_options INTERFACE qv_warnings)
 if(QV_SANITIZE)
     target_compile_options(qv_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                 -fno-omit-frame-pointer)
