@@ -111,6 +111,16 @@ TEST_F(StoredPage, AControlWithoutAWindowIsNeitherStoredNorReset) {
     EXPECT_EQ(Written(), Texts{});
 }
 
+TEST_F(StoredPage, ARowWithoutAControlIsNeitherCheckedNorStored) {
+    Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"default", L"5"}});
+    Define(L"common/text", {{L"type", L"3"}}, L"x");
+    Shown().GetLayout().GetColumnControl(L"common/number")->DestroyWindow();
+    EXPECT_TRUE(Validate());
+    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(), Texts{L"4 common/text=x"});
+}
+
 TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
     // Loaded items always have a scope: this page is made by hand.
     PageRecord record;
