@@ -116,8 +116,7 @@ HRESULT CQVSettingsDialogManager::put_m_CtrlPath(LONG newValue) noexcept {
 // variable itself stays as it is; a caller that passes an empty variable finds it empty.
 HRESULT CQVSettingsDialogManager::GetOptionKey(BSTR* pbstrOptionKey) noexcept {
     return Enter([&] {
-        if (pbstrOptionKey == nullptr) return E_POINTER;
-        const qv::Bstr takenOver = qv::Bstr::Adopt(*pbstrOptionKey);
+        if (pbstrOptionKey != nullptr) const qv::Bstr takenOver = qv::Bstr::Adopt(*pbstrOptionKey);
         return S_OK;
     });
 }
@@ -131,7 +130,12 @@ HRESULT CQVSettingsDialogManager::SetOptionKey(BSTR bstrOptionKey) noexcept {
 
 std::int32_t CQVSettingsDialogManager::ShowSettingsDialog(const std::wstring& caption,
                                                           IQVSettingsDialogDataIO* dataIO) {
-    const std::int32_t result = RunDialog(caption, dataIO);
+    std::int32_t result = kNoDialog;
+    // A border of its own: a dialog that fails on its way may have stored something already.
+    Enter([&] {
+        result = RunDialog(caption, dataIO);
+        return S_OK;
+    });
     RefreshBrowserSettings();
     return result;
 }

@@ -1,4 +1,6 @@
 // The manager: what it answers, what it shows without a dialog, and the dialog through COM from end to end.
+#include <new>
+
 #include "host/libraries/translation.h"
 #include "tests/component/com/component_dll.h"
 
@@ -49,6 +51,9 @@ TEST_F(Manager, GettersLeaveTheCallersVariablesAlone) {
     BSTR const before = held;
     EXPECT_EQ(manager->GetOptionKey(&held), S_OK);
     EXPECT_EQ(held, before);
+
+    EXPECT_EQ(manager->get_m_CtrlPath(nullptr), S_OK);
+    EXPECT_EQ(manager->GetOptionKey(nullptr), S_OK);
 }
 
 TEST_F(Manager, WithoutServicesItSaysSoUntranslatedAndTheHostStillReadsAgain) {
@@ -69,6 +74,22 @@ TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
     EXPECT_EQ(manager->CreateModalDialogEx(nullptr, nullptr, nullptr), S_OK);
     EXPECT_EQ(manager->CreateModalDialog(nullptr), S_OK);
     EXPECT_EQ(driver.boxes.size(), 3U);
+}
+
+// Both messages of the manager are shown as they stand, this one too.
+TEST_F(Manager, WhatIsThrownOnTheWayStaysInsideAndTheHostStillReadsAgain) {
+    const qv::Dictionary before = qv::SetDictionary({{L"No settings defined", L"translated"}});
+    const auto manager = CreateConnected();
+    std::wstring shown;
+    const qv::MessageBoxSink sinkBefore = qv::SetMessageBoxSink([&](const MessageBoxCall& call) -> int {
+        shown = call.text;
+        throw std::bad_alloc();
+    });
+    EXPECT_EQ(Open(*manager.Get(), L"c", nullptr), -1);
+    qv::SetMessageBoxSink(sinkBefore);
+    qv::SetDictionary(before);
+    EXPECT_EQ(shown, L"No settings defined");
+    EXPECT_EQ(s_browserReads, 1);
 }
 
 TEST_F(Manager, AHostWithoutBrowserSettingsIsLeftAlone) {

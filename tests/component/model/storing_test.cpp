@@ -124,20 +124,21 @@ TEST_F(StoredPage, ARowWithoutAControlIsNeitherCheckedNorStored) {
 TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
     // Loaded items always have a scope: this page is made by hand.
     PageRecord record;
-    const auto add = [&record](const wchar_t* name, std::optional<SESSIONDATATYPE> scope) {
+    const auto add = [&record](const wchar_t* name, std::optional<SESSIONDATATYPE> scope, bool disabled = false) {
         record.AddItem(
-            std::make_unique<XLayout::Column>(nullptr, name, L"", L"v", 0, true, false, 1, 3, 0, nullptr, 0, 0, 0.0,
+            std::make_unique<XLayout::Column>(nullptr, name, L"", L"v", 0, true, disabled, 1, 3, 0, nullptr, 0, 0, 0.0,
                                               0.0, 0, 0, 1, L"", false, nullptr, false, 1, 0, 0, L"", L"", L""),
             {.scope = scope, .range = {}, .defaultText = {}});
     };
     add(L"a/none", {});
     add(L"a/global", SDT_globalData);
+    add(L"a/disabled", SDT_userDataDB, true);
     add(L"a/after", {});
     add(L"noplace", SDT_machineData);
     add(L"a/last", {});
     ShownPage page(record);
     EXPECT_TRUE(Model().StoreSettings(page, record));
-    // The row that has a scope but no place changes it all the same.
+    // The row that has a scope but no place changes it all the same; the one that is not stored does not.
     EXPECT_EQ(Written(), (Texts{L"4 a/none=v", L"1 a/global=v", L"1 a/after=v", L"3 a/last=v"}));
 }
 

@@ -38,6 +38,16 @@ TEST_F(UnitItem, OffersTheCategorysUnitsCountingEmptyPlaces) {
     EXPECT_TRUE(m_boxes.empty());
 }
 
+TEST_F(UnitItem, BlanksBelongToTheCategorysNameButNotToItsDefault) {
+    Define(L"common/unit", {{L"type", L"14"}, {L"unitcategory", L" padded "}, {L" Default", L" x "}});
+    Define(L"common/blank", {{L"type", L"14"}, {L" unitcategory", L"length"}});
+    ASSERT_NE(Row(L"common/unit"), nullptr);
+    EXPECT_EQ(Row(L"common/unit")->value, L"x");
+    // A blank makes it another attribute, so this one names no category.
+    EXPECT_EQ(Row(L"common/blank"), nullptr);
+    EXPECT_EQ(m_boxes.size(), 1U);
+}
+
 TEST_F(UnitItem, ShowsTranslatedNamesAndComparesTheRealOnes) {
     qv::SetUnitDictionary(
         std::make_unique<XLMTranslDict>(std::map<std::wstring, std::wstring, std::less<>>{{L"inch", L"Zoll"}}));
