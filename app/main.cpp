@@ -39,7 +39,7 @@ int Run(const qv::Options& options) {
     std::wstring problem;
     if (!host.Start(options, problem)) return Fail(kUnusableFile, problem);
 
-    qv::ScriptRunner runner(std::move(actions));
+    qv::ScriptRunner runner(std::move(actions), &qv::PrintLine);
     qv::MainWindow* log = nullptr;
     qv::MainWindow window([&] {
         qv::PrintLine(L"The settings dialog opens.");

@@ -46,6 +46,7 @@ Script actions:
   set KEY/NAME TEXT               type into a field, choose an entry, tick a box (on, off; ENTRY on in a checked list)
   press ok|cancel|apply|default|help|KEY/NAME
   key TAB|SHIFT+TAB|ENTER|ESC|...
+  type TEXT                       type into whatever has the focus
   resize W H                      the frame's size in pixels
   snapshot FILE.png               a picture of the frame (where there is a screen)
   dump FILE.json                  what the dialog shows

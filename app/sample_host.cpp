@@ -1,6 +1,9 @@
 #include "app/sample_host.h"
 
+#include "app/browser_reader.h"
 #include "app/stored_values.h"
+#include "framework/text.h"
+#include "host/libraries/browser_settings.h"
 #include "host/services/data_files.h"
 #include "host/services/dialog_service.h"
 #include "host/services/file_session_data.h"
@@ -20,6 +23,22 @@ std::wstring Beside(const std::wstring& file, const wchar_t* name) {
 
 bool Exists(const std::wstring& file) {
     return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::wstring FullPath(const std::wstring& file) {
+    std::wstring path(32768, L'\0');
+    const DWORD length = GetFullPathNameW(file.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr);
+    path.resize(length < path.size() ? length : 0);
+    return path;
+}
+
+// What this host itself answers to every reader, below what is stored: where the manuals are, and in which language.
+// The manuals' folders carry the platform's language numbers.
+void OfferManual(ScopeData& answers, const Options& options) {
+    const std::wstring manuals = Beside(options.definitions, L"help");
+    if (!Exists(manuals)) return;
+    answers.Set(L"common", L"help_path", FullPath(manuals));
+    answers.Set(L"common", L"languageid", EqualIgnoringCase(options.language, L"de") ? L"1031" : L"");
 }
 
 }  // namespace
@@ -67,8 +86,16 @@ bool SampleHost::Start(const Options& options, std::wstring& problem) {
 
     const ComPtr<FileSessionData> sessionData = FileSessionData::Create(options.data, m_report);
     sessionData->Definitions() = m_definitions;
+    OfferManual(sessionData->Definitions(), options);
+    ReadBrowserSettingsFrom(sessionData.Get());
+    m_hasBrowserSettings = XQVBrowserSettings::GetBrowserSettingsObject() != nullptr;
     const ComPtr<HostObject> host = HostObject::Create(sessionData.Get(), user, &DialogService::Create);
     return m_component.Connect(host.Get(), problem);
+}
+
+SampleHost::~SampleHost() {
+    if (m_hasBrowserSettings) XQVBrowserSettings::ReleaseBrowserSettingsObject();
+    ReadBrowserSettingsFrom(nullptr);
 }
 
 std::vector<std::wstring> SampleHost::ChangeSettings() {

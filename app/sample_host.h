@@ -17,6 +17,9 @@ class SampleHost {
 public:
     // report: told of every data file that could not be used as it was.
     explicit SampleHost(std::function<void(const std::wstring&)> report) : m_report(std::move(report)) {}
+    ~SampleHost();
+    SampleHost(const SampleHost&) = delete;
+    SampleHost& operator=(const SampleHost&) = delete;
 
     // False with one line that says what is wrong.
     [[nodiscard]] bool Start(const Options& options, std::wstring& problem);
@@ -29,6 +32,7 @@ private:
 
     std::function<void(const std::wstring&)> m_report;
     std::wstring m_data;
+    bool m_hasBrowserSettings = false;
     ScopeData m_definitions;
     SettingsComponent m_component;
 };

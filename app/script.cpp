@@ -15,8 +15,9 @@ struct Verb {
 constexpr std::array kVerbs{
     Verb{L"page", ScriptAction::Kind::Page},     Verb{L"set", ScriptAction::Kind::Set},
     Verb{L"press", ScriptAction::Kind::Press},   Verb{L"key", ScriptAction::Kind::Key},
-    Verb{L"resize", ScriptAction::Kind::Resize}, Verb{L"snapshot", ScriptAction::Kind::Snapshot},
-    Verb{L"dump", ScriptAction::Kind::Dump},     Verb{L"answer", ScriptAction::Kind::Answer},
+    Verb{L"type", ScriptAction::Kind::Type},     Verb{L"resize", ScriptAction::Kind::Resize},
+    Verb{L"dump", ScriptAction::Kind::Dump},     Verb{L"snapshot", ScriptAction::Kind::Snapshot},
+    Verb{L"answer", ScriptAction::Kind::Answer},
 };
 
 // The first word of text, which loses it and the blanks around it.
@@ -39,6 +40,9 @@ std::wstring FillAction(ScriptAction& action, std::wstring rest) {
             action.target = TakeWord(rest);
             action.text = rest;
             return action.target.empty() ? L"needs KEY/NAME and a text" : L"";
+        case ScriptAction::Kind::Type:
+            action.text = std::move(rest);
+            return action.text.empty() ? L"needs a text" : L"";
         case ScriptAction::Kind::Resize: {
             const std::wstring width = TakeWord(rest);
             if (!IsNumber(width) || !IsNumber(rest)) return L"needs a width and a height in pixels";

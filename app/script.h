@@ -8,11 +8,11 @@
 namespace qv {
 
 struct ScriptAction {
-    enum class Kind { Page, Set, Press, Key, Resize, Snapshot, Dump, Answer, AnswerPath, AnswerColour };
+    enum class Kind { Page, Set, Press, Key, Type, Resize, Snapshot, Dump, Answer, AnswerPath, AnswerColour };
     Kind kind;
     int line;             // in the script, from 1
     std::wstring target;  // page, item key, button, key, file, answer
-    std::wstring text;    // Set: what to type or choose; AnswerPath: the path
+    std::wstring text;    // Set: what to type or choose; Type: what to type; AnswerPath: the path
     int first = 0;        // Resize: width; AnswerColour: the colour
     int second = 0;       // Resize: height
 };

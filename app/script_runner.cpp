@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "app/console.h"
 #include "app/dialog_view.h"
 #include "framework/app.h"
 #include "framework/check_list_box.h"
@@ -51,7 +50,8 @@ const NamedNumber* FindName(const std::array<NamedNumber, N>& table, std::wstrin
 
 }  // namespace
 
-ScriptRunner::ScriptRunner(std::vector<ScriptAction> actions) : m_actions(std::move(actions)) {}
+ScriptRunner::ScriptRunner(std::vector<ScriptAction> actions, Tell tell)
+    : m_actions(std::move(actions)), m_tell(std::move(tell)) {}
 
 ScriptRunner::~ScriptRunner() {
     if (!m_started) return;
@@ -64,7 +64,7 @@ void ScriptRunner::Start() {
     m_started = true;
     SetIdleHandler([this](int count) { return OnIdle(count); });
     SetMessageBoxSink([this](const MessageBoxCall& box) {
-        PrintLine(Format(L"message box \"%s\": %s", box.caption, box.text));
+        m_tell(Format(L"message box \"%s\": %s", box.caption, box.text));
         TakeAnswers();
         if (m_answers.empty() || m_answers.front().kind != ScriptAction::Kind::Answer) return IDOK;
         const NamedNumber* answer = FindName(kAnswers, m_answers.front().target);
@@ -72,7 +72,7 @@ void ScriptRunner::Start() {
         return answer != nullptr ? answer->number : IDOK;
     });
     const auto path = [this](const PathPickerRequest& request) -> std::optional<std::wstring> {
-        PrintLine(Format(L"picker \"%s\"", request.title));
+        m_tell(Format(L"picker \"%s\"", request.title));
         TakeAnswers();
         if (m_answers.empty() || m_answers.front().kind != ScriptAction::Kind::AnswerPath) return std::nullopt;
         std::wstring chosen = m_answers.front().text;
@@ -80,7 +80,7 @@ void ScriptRunner::Start() {
         return chosen;
     };
     SetPickerSink({path, path, [this](const ColorPickerRequest&) -> std::optional<COLORREF> {
-                       PrintLine(L"colour picker");
+                       m_tell(L"colour picker");
                        TakeAnswers();
                        if (m_answers.empty() || m_answers.front().kind != ScriptAction::Kind::AnswerColour)
                            return std::nullopt;
@@ -142,6 +142,9 @@ void ScriptRunner::Perform(const ScriptAction& action) {
             return Press(view, action);
         case ScriptAction::Kind::Key:
             return PressKey(action);
+        case ScriptAction::Kind::Type:
+            if (!Person().Type(action.text)) Fail(Format(L"line %d: nothing has the focus", action.line));
+            return;
         case ScriptAction::Kind::Resize:
             SetWindowPos(view.Frame(), nullptr, 0, 0, action.first, action.second,
                          SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -278,7 +281,7 @@ void ScriptRunner::PressKey(const ScriptAction& action) {
 void ScriptRunner::Snapshot(const DialogView& view, const ScriptAction& action) {
     switch (SaveSnapshot(view.Frame(), action.target)) {
         case SnapshotResult::Saved:
-            return PrintLine(L"picture " + action.target);
+            return m_tell(L"picture " + action.target);
         case SnapshotResult::NoScreen:
             return Fail(Format(L"line %d: there is no screen here to take a picture of", action.line));
         case SnapshotResult::CannotRead:

@@ -1,9 +1,10 @@
 // Carries out a script in the settings dialog, one action whenever the message loop has nothing to do: as a person
-// would, through the controls. Message boxes and pickers that appear are printed and answered from the script.
+// would, through the controls. Message boxes and pickers that appear are reported and answered from the script.
 #pragma once
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,10 @@ struct DialogRow;
 
 class ScriptRunner {
 public:
-    explicit ScriptRunner(std::vector<ScriptAction> actions);
+    using Tell = std::function<void(std::wstring_view)>;
+
+    // tell: hears a line for every message box, picker and picture.
+    ScriptRunner(std::vector<ScriptAction> actions, Tell tell);
     ~ScriptRunner();
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;
@@ -44,6 +48,7 @@ private:
     void TakeAnswers();
 
     std::vector<ScriptAction> m_actions;
+    Tell m_tell;
     std::size_t m_next = 0;
     std::deque<ScriptAction> m_answers;  // given before the box or picker that they answer
     std::wstring m_problem;
