@@ -96,7 +96,7 @@ TEST_F(Sizes, ThePageLeavesTenPixelsAroundItsRows) {
 // The dialog fills a frame that is larger than it and scrolls in one that is smaller; every resize that leaves a bar
 // takes that bar back to its start.
 TEST_F(Sizes, ASmallFrameScrollsAndEveryResizeGoesBackToTheStart) {
-    const auto scrolled = [this] { return GetScrollPos(Dialog().GetParent()->GetSafeHwnd(), SB_VERT); };
+    const auto scrolled = [this](int bar) { return GetScrollPos(Dialog().GetParent()->GetSafeHwnd(), bar); };
     Show({
         [&] {
             const int width = Dialog().GetViewWidth();
@@ -111,9 +111,12 @@ TEST_F(Sizes, ASmallFrameScrollsAndEveryResizeGoesBackToTheStart) {
             EXPECT_EQ(Dialog().GetWindowRect().Width(), width);
             EXPECT_EQ(Dialog().GetWindowRect().Height(), height);
             Dialog().GetParent()->SendMessage(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
-            EXPECT_GT(scrolled(), 0);
+            Dialog().GetParent()->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_PAGERIGHT, 0));
+            EXPECT_GT(scrolled(SB_VERT), 0);
+            EXPECT_GT(scrolled(SB_HORZ), 0);
             driver.Frame().MoveWindow(0, 0, width / 2 + 5, height / 2);
-            EXPECT_EQ(scrolled(), 0);
+            EXPECT_EQ(scrolled(SB_VERT), 0);
+            EXPECT_EQ(scrolled(SB_HORZ), 0);
         },
         [this] { driver.Press(IDCANCEL); },
     });

@@ -211,4 +211,40 @@ TEST_F(TwoPages, RequiredSizesFollowTheLargestLayout) {
     });
 }
 
+// The height grows by the whole page, the width becomes the page's with its surroundings.
+TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
+    XLayout::Group group(nullptr, 1, L"", false, nullptr, {}, L"", false, true);
+    for (int i = 0; i < 100; ++i) {
+        group.columns.push_back(std::make_unique<XLayout::Column>(
+            nullptr, L"", L"", L"", 0, true, false, XLayout::kText, XLayout::kEdit, 0, nullptr, 0, 0, 0.0, 0.0, 9, 0, 1,
+            L"", false, nullptr, false, 1, 0, 0, L"", L"", L""));
+        group.columns.back()->SetControlWidth(1500, 1500);
+    }
+    Show({
+        [&] {
+            auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(1));
+            ASSERT_NE(page, nullptr);
+            const int before = Sheet().GetRequiredHeight();
+            page->GetLayout().InitLayoutManager(page, {&group});
+            ASSERT_GT(page->GetMinHeight(), before);
+            for (int asked = 0; asked < 2; ++asked) {
+                EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
+                EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
+            }
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+// Not even an item without a default keeps Default from counting as a change.
+TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
+    host.DefinePage(L"1", L"One");
+    DefineFlagOn(L"1", L"a/one");
+    Show({
+        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
+        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
 }  // namespace
