@@ -54,6 +54,7 @@ const MessageMap* XDynDialog::GetThisMessageMap() {
                                     on::Destroy<&XDynDialog::OnDestroy>(),
                                     on::Size<&XDynDialog::OnSize>(),
                                     on::GetMinMaxInfo<&XDynDialog::OnGetMinMaxInfo>(),
+                                    on::Message<&XDynDialog::OnHelpKey>(WM_HELP),
                                     on::Message<&XDynDialog::OnInitFocus>(WM_DYN_INITFOCUS),
                                     on::Command<&XDynDialog::OnHelp>(IDC_HELP_BUTTON),
                                     on::Command<&XDynDialog::OnDefaults>(IDC_DEFAULT_BUTTON),
@@ -242,6 +243,12 @@ void XDynDialog::OnHelp() {
     const CWnd* main = GetMainWnd();
     ShellExecuteW(main != nullptr ? main->GetSafeHwnd() : nullptr, L"open", manual->c_str(), nullptr, nullptr,
                   SW_SHOWNORMAL);
+}
+
+// F1 in any control, which passes it up to here.
+LRESULT XDynDialog::OnHelpKey(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    OnHelp();
+    return TRUE;
 }
 
 void XDynDialog::OnDestroy() {

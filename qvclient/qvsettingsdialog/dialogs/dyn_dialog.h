@@ -38,6 +38,7 @@ protected:
     void OnHelp();
     void OnDefaults();
     LRESULT OnInitFocus(WPARAM wParam, LPARAM lParam);
+    LRESULT OnHelpKey(WPARAM wParam, LPARAM lParam);
 
     // Places the sheet and the buttons for the client width cx. heightKept: pixels that the sheet gets back from the
     // button row; buttons: ids from right to left.

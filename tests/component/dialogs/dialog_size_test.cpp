@@ -123,10 +123,12 @@ TEST_F(Sizes, ASmallFrameScrollsAndEveryResizeGoesBackToTheStart) {
 }
 
 // Screen readers see the view's windows as the platform describes them.
-TEST_F(Sizes, TheViewIsReadableAsAnOrdinaryWindow) {
+TEST_F(Sizes, TheViewIsReadableAsAnOrdinaryWindowAndAClickDoesNotActivateIt) {
     Show({
         [this] {
             CWnd& view = *Dialog().GetParent();
+            const auto frame = reinterpret_cast<WPARAM>(driver.Frame().m_hWnd);
+            EXPECT_EQ(view.SendMessage(WM_MOUSEACTIVATE, frame, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)), MA_NOACTIVATE);
             LONG children = -1;
             EXPECT_EQ(view.get_accChildCount(&children), S_OK);
             EXPECT_EQ(children, 1);

@@ -247,4 +247,46 @@ TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
     });
 }
 
+// A sheet that counts the notices of its page, and a page with a control that reports a change while it is being made.
+class CountingSheet : public CPropertySheet {
+public:
+    using CPropertySheet::CPropertySheet;
+    const MessageMap* GetMessageMap() const override {
+        static const MessageMap map{CPropertySheet::GetThisMessageMap(),
+                                    {on::Message<&CountingSheet::OnModified>(WM_SETTINGS_MODIFIED)}};
+        return &map;
+    }
+    int notices = 0;
+
+private:
+    LRESULT OnModified(WPARAM, LPARAM) {
+        ++notices;
+        return 0;
+    }
+};
+class EagerPage : public XDynPropertyPage {
+public:
+    using XDynPropertyPage::XDynPropertyPage;
+    void DoDataExchange(CDataExchange& exchange) override {
+        XDynPropertyPage::DoDataExchange(exchange);
+        SendMessage(WM_SETTINGS_MODIFIED);
+    }
+};
+
+// Notifications of a page that is not ready are no changes, a control's own notice is one at any time.
+TEST_F(Tabs, AControlsOwnNoticeIsPassedOnWhileThePageIsStillBeingMade) {
+    CWnd top;
+    top.CreateEx(0, nullptr, L"Top", WS_OVERLAPPEDWINDOW, RECT{0, 0, 400, 300}, nullptr, 0);
+    {
+        PageRecord record;
+        CountingSheet sheet(L"", &top, 0);
+        EagerPage page(record, L"Page", 0, sheet);
+        sheet.AddPage(&page);
+        EXPECT_TRUE(sheet.Create(&top, WS_CHILD));
+        EXPECT_GE(sheet.notices, 1);
+        sheet.DestroyWindow();
+    }
+    top.DestroyWindow();
+}
+
 }  // namespace

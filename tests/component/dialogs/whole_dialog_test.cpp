@@ -255,6 +255,28 @@ TEST_F(PlainDialog, AFailingSessionKeepsOkFromClosing) {
     EXPECT_EQ(host.Stored(L"common/name"), L"Anna");
 }
 
+// Without a help path there is nothing to open; that it was looked for tells that help was asked for.
+TEST_F(PlainDialog, HelpIsAskedForByItsButtonAndByF1InAnyControl) {
+    const auto asked = [this] {
+        int reads = 0;
+        for (const qv::SessionCall& call : host.session->CallsOf(SessionOperation::ReadData)) {
+            if (call.name == L"help_path") ++reads;
+        }
+        return reads;
+    };
+    Show({
+        [&] {
+            EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
+            EXPECT_EQ(asked(), 1);
+            EXPECT_EQ(driver.Control(L"common/name")->SendMessage(WM_HELP), TRUE);
+            EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->SendMessage(WM_HELP), TRUE);
+            EXPECT_EQ(asked(), 3);
+            EXPECT_TRUE(driver.boxes.empty());
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
 TEST_F(PlainDialog, CaptionsAreTranslated) {
     const qv::Dictionary before =
         qv::SetDictionary({{L"OK", L"Ja"}, {L"Apply", L"Anwenden"}, {L"Test settings", L"T"}});
