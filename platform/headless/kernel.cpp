@@ -17,7 +17,9 @@ void SetLastError(DWORD error) noexcept {
     t_lastError = error;
 }
 DWORD GetCurrentThreadId() noexcept {
-    return static_cast<DWORD>(::syscall(SYS_gettid));
+    // Every window asks; the kernel need not be.
+    thread_local const DWORD t_id = static_cast<DWORD>(::syscall(SYS_gettid));
+    return t_id;
 }
 DWORD GetCurrentProcessId() noexcept {
     return static_cast<DWORD>(::getpid());

@@ -59,7 +59,8 @@ std::vector<ModuleEntry> AllModules() {
             if (segment.p_type == PT_LOAD) lowest = std::min(lowest, segment.p_vaddr);
         }
         const auto base = info->dlpi_addr + (lowest == ~ElfW(Addr){0} ? 0 : lowest);
-        const std::string path = entries.empty() ? ProgramPath() : info->dlpi_name;
+        static const std::string s_program = ProgramPath();
+        const std::string path = entries.empty() ? s_program : info->dlpi_name;
         entries.push_back({reinterpret_cast<HMODULE>(base), path});
         return 0;
     };
@@ -121,8 +122,9 @@ Result Fail(LONG code) {
 }  // namespace
 
 HMODULE GetModuleHandleW(LPCWSTR name) {
+    static const HMODULE s_program = AllModules().front().module;
+    if (name == nullptr) return s_program;
     const auto modules = AllModules();
-    if (name == nullptr) return modules.front().module;
     const auto wanted = StemOf(name);
     for (const auto& entry : modules) {
         if (CompareIgnoringCase(StemOf(FromUtf8(entry.path)), wanted) == 0) return entry.module;
