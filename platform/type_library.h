@@ -24,10 +24,15 @@ namespace qv {
 #endif
 }
 
+// Taking back what is not there succeeds.
 [[nodiscard]] inline HRESULT UnregisterModuleTypeLibrary([[maybe_unused]] const GUID& library,
                                                          [[maybe_unused]] WORD major, [[maybe_unused]] WORD minor,
                                                          [[maybe_unused]] LCID locale) {
 #ifdef _WIN32
+    BSTR path = nullptr;
+    const HRESULT known = QueryPathOfRegTypeLib(library, major, minor, locale, &path);
+    SysFreeString(path);
+    if (known == TYPE_E_LIBNOTREGISTERED) return S_OK;
     return UnRegisterTypeLib(library, major, minor, locale, SYS_WIN64);
 #else
     return S_OK;
