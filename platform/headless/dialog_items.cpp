@@ -51,7 +51,8 @@ std::vector<const Window*> GroupOf(const Window& root, const Window& member) {
     const auto at = std::find(controls.begin(), controls.end(), &member);
     if (at == controls.end()) return {&member};
     auto start = at;
-    while (start != controls.begin() && !begins(*start)) --start;
+    while (start != controls.begin() && !begins(*start))
+        --start;
     return {start, std::find_if(std::next(at), controls.end(), begins)};
 }
 

@@ -1,18 +1,7 @@
-// The DLL as the platform sees it: exports, class factory, locks.
+// The DLL as the platform sees it: class factory, interfaces, locks, the one exported operator.
 #include "tests/component/com/component_dll.h"
 
 namespace {
-
-TEST_F(ComponentDll, ExportsItsFiveSymbolsAndNotItsInside) {
-    using Any = void (*)();
-    for (const char* name : {"DllGetClassObject", "DllCanUnloadNow", "DllRegisterServer", "DllUnregisterServer",
-                             "_ZN18XQVBrowserSettingsaSERKS_"}) {
-        EXPECT_NE(Export<Any>(name), nullptr) << name;
-    }
-    for (const char* name : {"_Z16SettingsComModulev", "_Z22RegisterSettingsServerv", "_Z13GetModuleHostv"}) {
-        EXPECT_EQ(Export<Any>(name), nullptr) << name;
-    }
-}
 
 TEST_F(ComponentDll, FactoryRefusesWhatItCannotMake) {
     void* object = &object;

@@ -35,4 +35,31 @@ TEST(SettingsManual, PathIsBuiltFromHelpPathAndLanguage) {
     }
 }
 
+// A session that says no to the help path, with or without a value in its hand.
+class UnwillingSession final : public qv::SessionDataBase {
+public:
+    explicit UnwillingSession(const wchar_t* delivered) : m_delivered(delivered) {}
+    HRESULT STDMETHODCALLTYPE ReadData(BSTR, BSTR valueName, USHORT, VARIANT* value, SESSIONDATATYPE) override {
+        VariantInit(value);
+        if (m_delivered != nullptr && qv::TextOf(valueName) == L"help_path") {
+            value->vt = VT_BSTR;
+            value->bstrVal = SysAllocString(m_delivered);
+        }
+        return E_FAIL;
+    }
+
+private:
+    const wchar_t* m_delivered;
+};
+
+// Deliberate: what counts for the path is whether there is one, not what the read answered.
+TEST(SettingsManual, AFailedReadCountsByWhatItDelivers) {
+    const qv::ComPtr<ISessionDataManager> delivers(new UnwillingSession(L"D:\\Manuals"));
+    EXPECT_EQ(SettingsManualPath(*delivers.Get()), L"D:\\Manuals\\\\Settingsmanual.pdf");
+    const qv::ComPtr<ISessionDataManager> deliversEmptyText(new UnwillingSession(L""));
+    EXPECT_EQ(SettingsManualPath(*deliversEmptyText.Get()), L"\\\\Settingsmanual.pdf");
+    const qv::ComPtr<ISessionDataManager> deliversNothing(new UnwillingSession(nullptr));
+    EXPECT_EQ(SettingsManualPath(*deliversNothing.Get()), std::nullopt);
+}
+
 }  // namespace

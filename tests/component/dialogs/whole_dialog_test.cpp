@@ -242,17 +242,34 @@ TEST_F(PlainDialog, OkStaysOpenWhenTheFocusDoesNotFollow) {
     });
 }
 
-TEST_F(PlainDialog, AFailingSessionKeepsOkFromClosing) {
-    Show({
+// A value that cannot be written is passed over in silence.
+TEST_F(PlainDialog, OkClosesThoughTheSessionRefusesEveryWrite) {
+    const int code = Show({
+        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Berta")); },
         [this] {
             host.session->SetFault([](const qv::SessionCall& call) {
                 return call.operation == SessionOperation::WriteData ? E_FAIL : S_OK;
             });
-            // A value that cannot be written is passed over in silence; the dialog closes.
             driver.Press(IDOK);
         },
     });
+    EXPECT_EQ(code, IDOK);
     EXPECT_EQ(host.Stored(L"common/name"), L"Anna");
+    EXPECT_TRUE(driver.boxes.empty());
+}
+
+// Without a manual named, Help changes nothing about the dialog.
+TEST_F(PlainDialog, HelpWithoutAHelpPathLeavesTheDialogAsItWas) {
+    const int code = Show({
+        [this] { EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON)); },
+        [this] {
+            EXPECT_TRUE(driver.boxes.empty());
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            driver.Press(IDCANCEL);
+        },
+    });
+    EXPECT_EQ(code, IDCANCEL);
+    ExpectNothingWritten();
 }
 
 // Without a help path there is nothing to open; that it was looked for tells that help was asked for.
