@@ -258,20 +258,6 @@ TEST_F(PlainDialog, OkClosesThoughTheSessionRefusesEveryWrite) {
     EXPECT_TRUE(driver.boxes.empty());
 }
 
-// Without a manual named, Help changes nothing about the dialog.
-TEST_F(PlainDialog, HelpWithoutAHelpPathLeavesTheDialogAsItWas) {
-    const int code = Show({
-        [this] { EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON)); },
-        [this] {
-            EXPECT_TRUE(driver.boxes.empty());
-            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-            driver.Press(IDCANCEL);
-        },
-    });
-    EXPECT_EQ(code, IDCANCEL);
-    ExpectNothingWritten();
-}
-
 // Without a help path there is nothing to open; that it was looked for tells that help was asked for.
 TEST_F(PlainDialog, HelpIsAskedForByItsButtonAndByF1InAnyControl) {
     const auto asked = [this] {
