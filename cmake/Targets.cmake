@@ -5,8 +5,9 @@ add_library(qv_warnings INTERFACE)
 target_compile_options(qv_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 # What every target of ours is compiled with.
 add_library(qv_options INTERFACE)
-target_include_directories(qv_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_link_libraries(qv_options INTERFACE qv_warnings)
+target_include_directories(qv_options INTERFACE $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>
+                                                $<INSTALL_INTERFACE:include/qvsettingsdialog>)
+target_link_libraries(qv_options INTERFACE $<BUILD_INTERFACE:qv_warnings>)
 if(QV_SANITIZE)
     target_compile_options(qv_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                 -fno-omit-frame-pointer)
