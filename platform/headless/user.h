@@ -108,6 +108,17 @@ struct NMHDR {
     UINT code;
 };
 using LPNMHDR = NMHDR*;
+// What WM_HELP points to: which control or menu help is asked for.
+struct HELPINFO {
+    UINT cbSize;
+    int iContextType;
+    int iCtrlId;
+    HANDLE hItemHandle;
+    DWORD_PTR dwContextId;
+    POINT MousePos;
+};
+#define HELPINFO_WINDOW 0x0001
+
 struct DRAWITEMSTRUCT {
     UINT CtlType;
     UINT CtlID;

@@ -271,8 +271,10 @@ TEST_F(PlainDialog, HelpIsAskedForByItsButtonAndByF1InAnyControl) {
         [&] {
             EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
             EXPECT_EQ(asked(), 1);
-            EXPECT_EQ(driver.Control(L"common/name")->SendMessage(WM_HELP), TRUE);
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->SendMessage(WM_HELP), TRUE);
+            for (const CWnd* control : {driver.Control(L"common/name"), driver.Dialog().GetDlgItem(IDOK)}) {
+                HELPINFO help{sizeof help, HELPINFO_WINDOW, control->GetDlgCtrlID(), control->m_hWnd, 0, {}};
+                control->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+            }
             EXPECT_EQ(asked(), 3);
             EXPECT_TRUE(driver.boxes.empty());
         },
