@@ -20,7 +20,6 @@ class XBaseSearchCtrl : public CWnd {
     // Live validation: a field whose text names nothing that exists is drawn in a warning colour. Works before Create
     // too, like the two texts.
     void SetValidation(bool validate);
-    [[nodiscard]] bool IsValidating() const noexcept { return m_validate; }
     void SetDlgTitle(std::wstring_view title) { m_dialogTitle = title; }
     void SetDlgOkBtnText(std::wstring_view text) { m_dialogOkText = text; }
     // The field keeps its text and can be read and copied; the button is disabled.

@@ -33,7 +33,6 @@ inline constexpr DWORD kErrorClassDoesNotExist = 1411;
 inline constexpr DWORD kErrorClassHasWindows = 1412;
 inline constexpr DWORD kErrorInvalidIndex = 1413;
 inline constexpr DWORD kErrorControlIdNotFound = 1421;
-inline constexpr DWORD kErrorWindowNotDialog = 1420;
 inline constexpr DWORD kErrorNoScrollBars = 1447;
 inline constexpr DWORD kErrorInvalidShowCommand = 1449;
 
@@ -109,7 +108,6 @@ struct Window {
     bool dirty = false;
     bool erase = false;
     RECT update{};
-    int hiddenCaret = 0;
     std::unique_ptr<DialogState> dialog;
 };
 
@@ -199,6 +197,8 @@ void Link(Window& window, Window& parent, HWND insertAfter);
 void Unlink(Window& window);
 // Direct children, topmost first: a copy, since callbacks may change the tree.
 [[nodiscard]] std::vector<HWND> ChildrenOf(const Window& window);
+// The top-level windows that the window owns, topmost first.
+[[nodiscard]] std::vector<HWND> OwnedBy(HWND owner);
 
 // rectangles.cpp
 [[nodiscard]] POINT ClientOrigin(const Window* window) noexcept;
@@ -248,7 +248,6 @@ void ReleaseContextsOf(HWND handle);
 // Null for anything that is no font.
 [[nodiscard]] const LOGFONTW* FontOf(HGDIOBJ object) noexcept;
 [[nodiscard]] HFONT FontSelectedInto(HDC dc) noexcept;
-[[nodiscard]] HGDIOBJ MakeObject(UINT type, const void* data);
 
 // menu.cpp
 void DestroyMenuOf(Window& window);

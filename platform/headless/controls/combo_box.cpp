@@ -1,7 +1,6 @@
 #include "platform/headless/controls/combo_box.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace qv::headless {
@@ -126,7 +125,7 @@ LRESULT ComboBox::HandleContent(UINT message, WPARAM wParam, LPARAM lParam) {
             return GetItemText(index, reinterpret_cast<LPVOID>(lParam));
         case CB_GETLBTEXTLEN:
             if (!m_items.Holds(index)) return CB_ERR;
-            return static_cast<LRESULT>(HasStrings() ? m_items[index].text.size() : sizeof(ULONG_PTR));
+            return m_items[index].Length(HasStrings());
         case CB_GETITEMDATA:
             return m_items.Holds(index) ? static_cast<LRESULT>(m_items[index].data) : CB_ERR;
         case CB_SETITEMDATA:
@@ -213,14 +212,8 @@ LRESULT ComboBox::HandleList(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT ComboBox::Insert(LONG_PTR index, LPARAM item) {
     if (index == -1) index = m_items.Count();
     if (index < 0 || index > m_items.Count()) return CB_ERR;
-    ListItem added;
-    if (HasStrings()) {
-        added.text = item != 0 ? reinterpret_cast<LPCWSTR>(item) : L"";
-    } else {
-        added.data = static_cast<ULONG_PTR>(item);
-    }
     const auto place = static_cast<int>(index);
-    m_items.Insert(place, std::move(added));
+    m_items.Insert(place, ListItem::FromParameter(item, HasStrings()));
     if (m_current != CB_ERR && place <= m_current) ++m_current;
     return place;
 }
@@ -246,13 +239,7 @@ void ComboBox::Reset() {
 
 LRESULT ComboBox::GetItemText(LONG_PTR index, LPVOID buffer) const {
     if (!m_items.Holds(index)) return CB_ERR;
-    const ListItem& item = m_items[static_cast<int>(index)];
-    if (!HasStrings()) {
-        std::memcpy(buffer, &item.data, sizeof item.data);
-        return sizeof item.data;
-    }
-    std::memcpy(buffer, item.text.c_str(), (item.text.size() + 1) * sizeof(wchar_t));
-    return static_cast<LRESULT>(item.text.size());
+    return m_items[static_cast<int>(index)].CopyTo(buffer, HasStrings());
 }
 
 LRESULT ComboBox::SetCurrent(LONG_PTR index) {

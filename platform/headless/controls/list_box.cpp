@@ -1,7 +1,6 @@
 #include "platform/headless/controls/list_box.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace qv::headless {
 
@@ -175,14 +174,8 @@ LRESULT ListBox::Add(LPARAM item) {
 LRESULT ListBox::Insert(LONG_PTR index, LPARAM item) {
     if (index == -1) index = m_items.Count();
     if (index < 0 || index > m_items.Count()) return LB_ERR;
-    ListItem added;
-    if (HasStrings()) {
-        added.text = item != 0 ? reinterpret_cast<LPCWSTR>(item) : L"";
-    } else {
-        added.data = static_cast<ULONG_PTR>(item);
-    }
     const auto place = static_cast<int>(index);
-    m_items.Insert(place, std::move(added));
+    m_items.Insert(place, ListItem::FromParameter(item, HasStrings()));
     // The caret stays where it was, the selection moves with its item: so does the platform.
     if (m_current != LB_ERR && place <= m_current) ++m_current;
     UpdateScrollBar();
@@ -227,19 +220,12 @@ void ListBox::TellDeleted(int index) const {
 
 LRESULT ListBox::GetText(LONG_PTR index, LPVOID buffer) const {
     if (!m_items.Holds(index)) return LB_ERR;
-    const ListItem& item = m_items[static_cast<int>(index)];
-    if (!HasStrings()) {
-        std::memcpy(buffer, &item.data, sizeof item.data);
-        return sizeof item.data;
-    }
-    std::memcpy(buffer, item.text.c_str(), (item.text.size() + 1) * sizeof(wchar_t));
-    return static_cast<LRESULT>(item.text.size());
+    return m_items[static_cast<int>(index)].CopyTo(buffer, HasStrings());
 }
 
 LRESULT ListBox::GetTextLength(LONG_PTR index) const {
     if (!m_items.Holds(index)) return LB_ERR;
-    const ListItem& item = m_items[static_cast<int>(index)];
-    return static_cast<LRESULT>(HasStrings() ? item.text.size() : sizeof item.data);
+    return m_items[static_cast<int>(index)].Length(HasStrings());
 }
 
 LRESULT ListBox::SetCurrent(LONG_PTR index) {

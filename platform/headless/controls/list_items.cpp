@@ -1,6 +1,7 @@
 #include "platform/headless/controls/list_items.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace qv::headless {
@@ -14,6 +15,29 @@ int Compare(std::wstring_view a, std::wstring_view b) {
 }
 
 }  // namespace
+
+ListItem ListItem::FromParameter(LPARAM parameter, bool hasStrings) {
+    ListItem item;
+    if (!hasStrings) {
+        item.data = static_cast<ULONG_PTR>(parameter);
+    } else if (parameter != 0) {
+        item.text = reinterpret_cast<LPCWSTR>(parameter);
+    }
+    return item;
+}
+
+LRESULT ListItem::Length(bool hasStrings) const {
+    return static_cast<LRESULT>(hasStrings ? text.size() : sizeof data);
+}
+
+LRESULT ListItem::CopyTo(LPVOID buffer, bool hasStrings) const {
+    if (hasStrings) {
+        std::memcpy(buffer, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+    } else {
+        std::memcpy(buffer, &data, sizeof data);
+    }
+    return Length(hasStrings);
+}
 
 int ListItems::SortedPosition(std::wstring_view text) const {
     const auto place =

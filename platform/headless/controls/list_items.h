@@ -14,6 +14,14 @@ struct ListItem {
     std::wstring text;
     ULONG_PTR data = 0;
     bool selected = false;
+
+    // From the parameter of a message that adds an entry: a text (null is the empty one), or the data of a list without
+    // strings.
+    static ListItem FromParameter(LPARAM parameter, bool hasStrings);
+    // What a message that reads the entry answers: the text's length without its terminator, or the size of the data.
+    LRESULT Length(bool hasStrings) const;
+    // Fills the buffer with the text and its terminator, or with the data. Returns Length().
+    LRESULT CopyTo(LPVOID buffer, bool hasStrings) const;
 };
 
 // Indexes count from 0; LB_ERR stands for none.
