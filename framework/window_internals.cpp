@@ -47,10 +47,12 @@ bool IsInputMethodWindow(HWND window) {
 LRESULT CALLBACK OnComputerBasedTraining(int code, WPARAM wParam, LPARAM lParam) noexcept {
     ThreadState& thread = ThisThread();
     auto* window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_CREATEWND && thread.toAttach != nullptr && !IsInputMethodWindow(window)) {
-        WindowAccess::AttachRouted(*std::exchange(thread.toAttach, nullptr), window);
-    }
-    return CallNextHookEx(nullptr, code, wParam, lParam);
+    const bool isAwaited = code == HCBT_CREATEWND && thread.toAttach != nullptr && !IsInputMethodWindow(window);
+    if (isAwaited) WindowAccess::AttachRouted(*std::exchange(thread.toAttach, nullptr), window);
+    const LRESULT result = CallNextHookEx(nullptr, code, wParam, lParam);
+    // A dialog makes all its windows while it is created itself; they need not pass through its hook.
+    if (isAwaited && thread.creationHook != nullptr) UnhookWindowsHookEx(std::exchange(thread.creationHook, nullptr));
+    return result;
 }
 
 // The message that is being handled, put back at the end.
@@ -140,11 +142,13 @@ CreationScope::CreationScope(CWnd& object, bool ownClass)
     : m_object(object),
       m_previousToAttach(std::exchange(ThisThread().toAttach, &object)),
       m_previousBeingCreated(std::exchange(ThisThread().beingCreated, &object)) {
-    if (!ownClass) m_hook = SetWindowsHookExW(WH_CBT, &OnComputerBasedTraining, nullptr, GetCurrentThreadId());
+    HHOOK hook = nullptr;
+    if (!ownClass) hook = SetWindowsHookExW(WH_CBT, &OnComputerBasedTraining, nullptr, GetCurrentThreadId());
+    m_previousHook = std::exchange(ThisThread().creationHook, hook);
 }
 
 CreationScope::~CreationScope() {
-    if (m_hook != nullptr) UnhookWindowsHookEx(m_hook);
+    if (const HHOOK hook = std::exchange(ThisThread().creationHook, m_previousHook)) UnhookWindowsHookEx(hook);
     ThisThread().toAttach = m_previousToAttach;
     ThisThread().beingCreated = m_previousBeingCreated;
 }

@@ -23,6 +23,7 @@ struct ThreadState {
     int procedureDepth = 0;        // window procedures on the stack
     CWnd* toAttach = nullptr;      // waits for its window's first message
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
+    HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
     CWnd* mainWindow = nullptr;
     // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
     std::shared_ptr<IdleHandler> idleHandler = std::make_shared<IdleHandler>();
@@ -56,7 +57,7 @@ private:
     CWnd& m_object;
     CWnd* m_previousToAttach;
     CWnd* m_previousBeingCreated;
-    HHOOK m_hook = nullptr;
+    HHOOK m_previousHook;
 };
 
 // The name of the framework's own window class, registered on first use.

@@ -31,7 +31,10 @@ std::vector<int> ShareHeight(int extra, const std::vector<int>& rooms) {
 // Windows are moved together, and only those that have to move.
 class Mover {
 public:
-    explicit Mover(std::size_t windows) : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))) {}
+    Mover(std::size_t windows, const CWnd* page) : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))) {
+        // What nobody sees is drawn as a whole when it is shown.
+        if (page != nullptr && !page->IsWindowVisible()) m_flags |= SWP_NOREDRAW | SWP_NOCOPYBITS;
+    }
     ~Mover() {
         if (m_batch != nullptr) ::EndDeferWindowPos(m_batch);
     }
@@ -42,15 +45,15 @@ public:
     void Move(const CWnd& window, CRect& place, const CRect& target, int extraHeight) {
         if (::EqualRect(&place, &target) != FALSE) return;
         place = target;
-        constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
         const int x = static_cast<int>(target.left), y = static_cast<int>(target.top);
         const int cx = target.Width(), cy = target.Height() + extraHeight;
-        if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window.m_hWnd, nullptr, x, y, cx, cy, kFlags);
-        if (m_batch == nullptr) ::SetWindowPos(window.m_hWnd, nullptr, x, y, cx, cy, kFlags);
+        if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
+        if (m_batch == nullptr) ::SetWindowPos(window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
     }
 
 private:
     HDWP m_batch;
+    UINT m_flags = SWP_NOZORDER | SWP_NOACTIVATE;
 };
 
 }  // namespace
@@ -119,7 +122,7 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
     }
     const std::vector<int> shares = ShareHeight(cy - m_measures.height, rooms);
 
-    Mover mover(2 * m_rows.size());
+    Mover mover(2 * m_rows.size(), m_parent);
     const int controlLeft = x + m_measures.promptWidth + m_measures.columnGap;
     const int room = cx - m_measures.promptWidth - m_measures.columnGap;
     int top = y;

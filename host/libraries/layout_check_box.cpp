@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/gdi.h"
+#include "host/libraries/layout_window.h"
 
 namespace qv {
 
@@ -35,9 +36,10 @@ LRESULT CheckBoxPrompt::OnPaint(WPARAM, LPARAM) {
     return result;
 }
 
-bool RowCheckBox::Create(std::wstring_view label, CWnd& prompt, CWnd* page, UINT id) {
+bool RowCheckBox::Create(std::wstring_view label, CWnd& prompt, const CWnd& page, UINT id) {
     m_prompt = &prompt;
-    return CButton::Create(WithoutMnemonic(label), WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, CRect(), page, id);
+    constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX;
+    return CreateAttached(*this, L"BUTTON", WithoutMnemonic(label), 0, kStyle, CRect(), page, id);
 }
 
 const MessageMap* RowCheckBox::GetMessageMap() const {

@@ -24,7 +24,7 @@ private:
 class RowCheckBox : public CButton {
 public:
     // Its text is the label too, so that assistive programs read it; it is too narrow to show any of it.
-    bool Create(std::wstring_view label, CWnd& prompt, CWnd* page, UINT id);
+    bool Create(std::wstring_view label, CWnd& prompt, const CWnd& page, UINT id);
     // Of the box alone, in pixels at 96 dpi.
     static constexpr int kSize = 14;
 

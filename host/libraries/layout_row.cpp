@@ -7,6 +7,7 @@
 
 #include "framework/text.h"
 #include "host/libraries/layout_check_box.h"
+#include "host/libraries/layout_window.h"
 
 namespace {
 
@@ -24,8 +25,8 @@ std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT
     auto edit = std::make_unique<CEdit>();
     // A text of at most no characters: the field takes nothing, and the platform has no such limit.
     const bool takesNothing = column.dataType == XLayout::kText && column.limit <= 0;
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? ES_READONLY : 0);
-    if (!edit->CreateEx(WS_EX_CLIENTEDGE, L"EDIT", {}, style, kNowhere, page.m_hWnd, id)) return nullptr;
+    const DWORD style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? ES_READONLY : 0);
+    if (!qv::CreateAttached(*edit, L"EDIT", column.value, WS_EX_CLIENTEDGE, style, kNowhere, page, id)) return nullptr;
     const int limit = column.dataType == XLayout::kDouble ? kDoubleCharacters : column.limit;
     if (limit > 0) edit->LimitText(static_cast<UINT>(limit));
     return edit;
@@ -33,7 +34,8 @@ std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT
 
 std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UINT id, HFONT font) {
     auto combo = std::make_unique<CComboBox>();
-    if (!combo->Create(WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kNowhere, &page, id)) return nullptr;
+    constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
+    if (!qv::CreateAttached(*combo, L"COMBOBOX", {}, 0, kStyle, kNowhere, page, id)) return nullptr;
     if (font != nullptr) combo->SetFont(font, false);
     for (const XLayout::ColumnItem& item : column.items)
         combo->AddString(item.text);
@@ -42,7 +44,7 @@ std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UIN
 
 std::unique_ptr<CWnd> CreateCheckBox(const XLayout::Column& column, CWnd& prompt, CWnd& page, UINT id) {
     auto box = std::make_unique<qv::RowCheckBox>();
-    return box->Create(column.prompt, prompt, &page, id) ? std::move(box) : nullptr;
+    return box->Create(column.prompt, prompt, page, id) ? std::move(box) : nullptr;
 }
 
 int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
@@ -62,7 +64,7 @@ void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
     }
     // A group of its own keeps the arrow keys within the row's control.
     const DWORD style = WS_VISIBLE | WS_GROUP | SS_LEFT | (isCheckBox ? SS_NOTIFY : 0);
-    if (!prompt->Create(column.prompt, style, kNowhere, &page, kStaticId)) return;
+    if (!qv::CreateAttached(*prompt, L"STATIC", column.prompt, 0, style, kNowhere, page, kStaticId)) return;
     if (metrics.Font() != nullptr) prompt->SetFont(metrics.Font(), false);
     if (column.disabled) prompt->EnableWindow(false);
 }
@@ -92,7 +94,7 @@ void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, U
     control = ownControl.get();
     if (control == nullptr) return;
     if (metrics.Font() != nullptr && column.controlType != kComboBox) control->SetFont(metrics.Font(), false);
-    SetText(column.value);
+    if (column.controlType != kEdit) SetText(column.value);  // a field is created with its text
     if (column.disabled) control->EnableWindow(false);
 }
 
