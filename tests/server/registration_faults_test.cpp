@@ -1,0 +1,98 @@
+// Registration on a registry that refuses a call: the status says so, and the next registration or removal puts
+// everything right. Only the class's own keys ever go.
+#include <gtest/gtest.h>
+
+#include "platform/headless/faults.h"
+#include "platform/module_address.h"
+#include "platform/platform.h"
+
+namespace {
+
+using qv::headless::DumpRegistry;
+using qv::headless::FailRegistryCall;
+using qv::headless::RegistryCalls;
+
+class RefusingRegistry : public ::testing::Test {
+protected:
+    RefusingRegistry() : m_module(LoadLibraryW(L"qvsettingsdialog.dll")) { Begin(); }
+    ~RefusingRegistry() override {
+        FailRegistryCall(0, 0);
+        FreeLibrary(m_module);
+    }
+
+    // A registry with another vendor's class in it.
+    void Begin() {
+        qv::headless::ResetRegistry();
+        HKEY key = nullptr;
+        const wchar_t* const other = L"CLSID\\{00000000-1111-2222-3333-444444444444}\\InprocServer32";
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, other, 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
+                  ERROR_SUCCESS);
+        RegCloseKey(key);
+        m_before = DumpRegistry();
+    }
+    HRESULT Register() { return Call("DllRegisterServer"); }
+    HRESULT Unregister() { return Call("DllUnregisterServer"); }
+
+    std::wstring m_before;
+
+private:
+    HRESULT Call(const char* name) {
+        const HRESULT status = qv::ProcedureOf<HRESULT(STDAPICALLTYPE*)()>(m_module, name)();
+        EXPECT_EQ(qv::headless::OpenRegistryKeys(), 0U) << name;
+        return status;
+    }
+    HMODULE m_module;
+};
+
+TEST_F(RefusingRegistry, NextRegistrationPutsItRight) {
+    const unsigned first = RegistryCalls();
+    ASSERT_EQ(Register(), S_OK);
+    const unsigned calls = RegistryCalls() - first;
+    const std::wstring registered = DumpRegistry();
+    ASSERT_GT(calls, 10U);
+    for (unsigned n = 1; n <= calls; ++n) {
+        SCOPED_TRACE(n);
+        Begin();
+        FailRegistryCall(n, ERROR_ACCESS_DENIED);
+        EXPECT_EQ(Register(), HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
+        EXPECT_EQ(Register(), S_OK);
+        EXPECT_EQ(DumpRegistry(), registered);
+        EXPECT_EQ(Unregister(), S_OK);
+        EXPECT_EQ(DumpRegistry(), m_before);
+    }
+}
+
+TEST_F(RefusingRegistry, NextRemovalPutsItRight) {
+    ASSERT_EQ(Register(), S_OK);
+    const unsigned first = RegistryCalls();
+    ASSERT_EQ(Unregister(), S_OK);
+    const unsigned calls = RegistryCalls() - first;
+    ASSERT_GT(calls, 5U);
+    for (unsigned n = 1; n <= calls; ++n) {
+        SCOPED_TRACE(n);
+        Begin();
+        ASSERT_EQ(Register(), S_OK);
+        FailRegistryCall(n, ERROR_ACCESS_DENIED);
+        EXPECT_EQ(Unregister(), HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
+        EXPECT_EQ(Unregister(), S_OK);
+        EXPECT_EQ(DumpRegistry(), m_before);
+        EXPECT_EQ(Unregister(), S_OK) << "nothing left to take back";
+        EXPECT_EQ(DumpRegistry(), m_before);
+    }
+}
+
+TEST_F(RefusingRegistry, RemovalAfterAHalfRegistrationLeavesNothing) {
+    const unsigned first = RegistryCalls();
+    ASSERT_EQ(Register(), S_OK);
+    const unsigned calls = RegistryCalls() - first;
+    for (unsigned n = 1; n <= calls; ++n) {
+        SCOPED_TRACE(n);
+        Begin();
+        FailRegistryCall(n, ERROR_ACCESS_DENIED);
+        EXPECT_NE(Register(), S_OK);
+        EXPECT_EQ(Unregister(), S_OK);
+        EXPECT_EQ(DumpRegistry(), m_before);
+    }
+}
+
+}  // namespace
