@@ -20,7 +20,10 @@ private:
     bool m_failed = false;
 };
 
-// Subclasses the control with the object the first time the exchange runs.
+// Subclasses the control with the object the first time the exchange runs. A dialog without such a control leaves the
+// object unattached.
 void DDX_Control(CDataExchange& exchange, int id, CWnd& control);
+// The control's text. Showing one that the control has already is no change, and reported as none.
 void DDX_Text(CDataExchange& exchange, int id, std::wstring& text);
+// 0 unticked, 1 ticked, 2 indeterminate. As the text's, nothing happens when there is no such control.
 void DDX_Check(CDataExchange& exchange, int id, int& check);

@@ -40,6 +40,9 @@ public:
     // One row: prompt and control.
     class Column {
     public:
+        // The rows' list of arguments is the host's published one. Those named by their position alone (flag6, text19,
+        // ...) are settings of other arrangements: this layout takes any value and reads none. companion may be null;
+        // bounds that do not belong to the data type are not read.
         Column(CWnd* parentWindow, std::wstring rowName, std::wstring promptText, std::wstring valueText,
                int orderNumber, bool flag6, bool isDisabled, int dataTypeCode, int controlTypeCode, int resizeModeCode,
                CWnd* companion, int lowerInteger, int upperInteger, double lowerDouble, double upperDouble,
@@ -73,6 +76,7 @@ public:
     // which the layout never reorders.
     class Group {
     public:
+        // Takes the rows over. Arguments named by their position alone, and companion, are read by other arrangements.
         Group(CWnd* parentWindow, int groupNumber, std::wstring titleText, bool flag4, CWnd* companion,
               std::vector<std::unique_ptr<Column>> rows, std::wstring text7, bool flag8, bool flag9);
         CWnd* parent;

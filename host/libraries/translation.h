@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+// The text in the process's current language. Upper and lower case differ.
 [[nodiscard]] std::wstring CoTranslateText(std::wstring_view text);
 
 namespace qv {

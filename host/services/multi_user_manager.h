@@ -24,8 +24,7 @@ public:
     // A user who is not listed has no rights. Users and rights compare exactly.
     [[nodiscard]] static ComPtr<MultiUserManager> Create(UserRights users, std::wstring currentUser);
 
-    // For the current user.
-    void Grant(std::wstring right) { m_users[m_user].insert(std::move(right)); }
+    // Takes the right from the current user.
     void Refuse(const std::wstring& right) { m_users[m_user].erase(right); }
     // The rights that were asked for, in order.
     [[nodiscard]] const std::vector<std::wstring>& Asked() const noexcept { return m_asked; }
