@@ -1,8 +1,11 @@
 // CWnd: accessibility, answered by the standard accessible object that the platform makes for any window.
+#include "framework/accessible_window.h"
 #include "framework/com.h"
 #include "framework/wnd.h"
 
 namespace {
+
+constexpr LONG kSelf = 0;  // the window itself, not a part of it
 
 HRESULT StandardObject(HWND window, qv::ComPtr<IAccessible>& object) {
     return ::CreateStdAccessibleObject(window, OBJID_CLIENT, IID_IAccessible, reinterpret_cast<void**>(object.Put()));
@@ -19,6 +22,16 @@ HRESULT Ask(HWND window, const Question& question) {
 
 }  // namespace
 
+void CWnd::SetAccessibleName(std::wstring_view name) {
+    m_accessibleName = name;
+}
+
+LRESULT CWnd::OnGetObject(WPARAM wParam, LPARAM lParam) {
+    if (m_accessibleName.empty() || static_cast<LONG>(lParam) != static_cast<LONG>(OBJID_CLIENT)) return Default();
+    const LRESULT object = qv::AccessibleObjectResult(*this, wParam);
+    return object > 0 ? object : Default();
+}
+
 HRESULT CWnd::get_accChildCount(LONG* count) {
     return GetAccessibleChildCount(count);
 }
@@ -28,6 +41,10 @@ HRESULT CWnd::get_accChild(VARIANT child, IDispatch** dispatch) {
 }
 
 HRESULT CWnd::get_accName(VARIANT child, BSTR* name) {
+    if (name != nullptr && !m_accessibleName.empty() && child.vt == VT_I4 && child.lVal == kSelf) {
+        *name = ::SysAllocStringLen(m_accessibleName.data(), static_cast<UINT>(m_accessibleName.size()));
+        return *name != nullptr ? S_OK : E_OUTOFMEMORY;
+    }
     return GetAccessibleName(child, name);
 }
 

@@ -57,6 +57,7 @@ bool CPropertySheet::OnInitDialog() {
     const CRect tabs(kMargin, kMargin, client.Width() - kMargin, client.Height() - kMargin);
     if (!m_tab.Create(kStyle, tabs, this, kTabControlId)) return true;
     m_tab.SetFont(m_font, false);
+    m_tab.SetAccessibleName(m_caption);
     for (int i = 0; i < GetPageCount(); ++i)
         m_tab.InsertItem(i, L"");
     SetActivePage(static_cast<int>(m_firstPage));

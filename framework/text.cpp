@@ -50,6 +50,15 @@ bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b) {
                       [](wchar_t x, wchar_t y) { return x == y || LowerOf(x) == LowerOf(y); });
 }
 
+std::wstring PlainLabel(std::wstring_view label) {
+    std::wstring plain;
+    for (std::size_t i = 0; i < label.size(); ++i) {
+        if (label[i] == L'&' && ++i == label.size()) break;
+        plain.push_back(label[i]);
+    }
+    return plain;
+}
+
 std::int64_t LeadingInteger64(std::wstring_view text) {
     while (!text.empty() && IsBlank(text.front()))
         text.remove_prefix(1);

@@ -18,6 +18,9 @@ namespace qv {
 [[nodiscard]] std::wstring ToLower(std::wstring_view text);
 [[nodiscard]] bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);
 
+// A label as a person reads it: without the mark of its mnemonic; "&Save && close" reads "Save & close".
+[[nodiscard]] std::wstring PlainLabel(std::wstring_view label);
+
 // Leading blanks, an optional sign, then digits up to the first other character; no digits give 0. Saturates at the
 // ends of the 64-bit range.
 [[nodiscard]] std::int64_t LeadingInteger64(std::wstring_view text);

@@ -121,6 +121,9 @@ class CWnd : public CCmdTarget {
     bool UpdateData(bool save = true);
 
     // --- accessibility: by default answered by the window's standard accessible object -------------------------------
+    // The name that accessibility clients read, for a window that does not show it itself and that the platform finds
+    // no label for. Empty, as at first: what the platform finds.
+    virtual void SetAccessibleName(std::wstring_view name);
     virtual HRESULT get_accChildCount(LONG* count);
     virtual HRESULT get_accChild(VARIANT child, IDispatch** dispatch);
     virtual HRESULT get_accName(VARIANT child, BSTR* name);
@@ -155,6 +158,9 @@ protected:
 private:
     friend struct qv::detail::WindowAccess;
 
+    LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
+
+    std::wstring m_accessibleName;
     WNDPROC m_superProc = nullptr;         // the procedure below ours; null for windows of the framework's own class
     bool m_routed = false;                 // the window's messages come through this object
     ModuleState* m_moduleState = nullptr;  // in force while the window handles messages

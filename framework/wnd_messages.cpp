@@ -60,7 +60,7 @@ struct Reflection : CWnd {
 };
 
 const MessageMap* CWnd::GetThisMessageMap() {
-    static const MessageMap map{CCmdTarget::GetThisMessageMap(), {}};
+    static const MessageMap map{CCmdTarget::GetThisMessageMap(), {on::Message<&CWnd::OnGetObject>(WM_GETOBJECT)}};
     return &map;
 }
 

@@ -76,6 +76,7 @@ void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, U
         // A container of controls is entered through the stops inside it.
         if ((control->GetExStyle() & WS_EX_CONTROLPARENT) == 0) control->ModifyStyle(0, WS_TABSTOP);
         if ((control->GetStyle() & WS_VISIBLE) == 0) control->ShowWindow(SW_SHOWNA);
+        NameControl();
         return;
     }
     switch (column.controlType) {
@@ -95,7 +96,16 @@ void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, U
     if (control == nullptr) return;
     if (metrics.Font() != nullptr && column.controlType != kComboBox) control->SetFont(metrics.Font(), false);
     if (column.controlType != kEdit) SetText(column.value);  // a field is created with its text
+    NameControl();
     if (column.disabled) control->EnableWindow(false);
+}
+
+void XLayout::Row::NameControl() {
+    // A button that shows a text goes by that, and fields, whose text is their value, by the prompt before them.
+    const bool namesItself = control->IsKindOf(CButton::kRuntimeClass) && control->GetWindowTextLength() != 0;
+    if (!namesItself && !control->IsKindOf(CEdit::kRuntimeClass)) {
+        control->SetAccessibleName(qv::PlainLabel(column.prompt));
+    }
 }
 
 int XLayout::Row::EntriesWidth(const qv::LayoutMetrics& metrics) const {

@@ -31,6 +31,8 @@ struct XLayout::Row {
     void CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics);
     // Makes the row's own control; a placeholder has one already and is only shown.
     void CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id);
+    // Gives the control the prompt as the name that accessibility clients read, where it would have none or another.
+    void NameControl();
     void Measure(const qv::LayoutMetrics& metrics, int commonWidth);
     // The width at which a combo box shows its longest entry; 0 for other rows.
     [[nodiscard]] int EntriesWidth(const qv::LayoutMetrics& metrics) const;

@@ -91,6 +91,12 @@ void XBaseSearchCtrl::SelectDataInEditCtrl() {
     if (m_edit.IsLive()) m_edit.SetSel(0, -1);
 }
 
+void XBaseSearchCtrl::SetAccessibleName(std::wstring_view name) {
+    CWnd::SetAccessibleName(name);
+    m_edit.SetAccessibleName(name);
+    m_button.SetAccessibleName(std::wstring(name) + L" " + kButtonCaption);
+}
+
 HWND XBaseSearchCtrl::DialogOwner() const {
     const CWnd* top = GetTopLevelParent();
     return top != nullptr ? top->m_hWnd : nullptr;

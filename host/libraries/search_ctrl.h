@@ -29,6 +29,9 @@ class XBaseSearchCtrl : public CWnd {
     // True while the field is drawn in the warning colour.
     [[nodiscard]] bool ShowsWarning() const noexcept { return m_showsWarning; }
 
+    // The field goes by the chooser's name too, and the button by it with its own caption.
+    void SetAccessibleName(std::wstring_view name) override;
+
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
 

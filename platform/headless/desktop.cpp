@@ -1,5 +1,7 @@
 #include "platform/headless/desktop.h"
 
+#include <cstdlib>
+
 #include "platform/headless/desktop_state.h"
 
 namespace qv::desk {
@@ -14,6 +16,22 @@ State& Desk() {
 
 namespace {
 
+constexpr int kUsualWidth = 1920;
+constexpr int kUsualHeight = 1200;
+
+// The resolution that the desktop has at first: QV_DPI, so that whole test programs can run at another one.
+UINT FirstDpi() {
+    const char* text = std::getenv("QV_DPI");
+    const int dpi = text != nullptr ? std::atoi(text) : 0;
+    return dpi > 0 ? static_cast<UINT>(dpi) : USER_DEFAULT_SCREEN_DPI;
+}
+
+// As many pixels as make the screen as large to the eye at that resolution.
+SIZE FirstScreen() {
+    const int dpi = static_cast<int>(FirstDpi());
+    return {MulDiv(kUsualWidth, dpi, USER_DEFAULT_SCREEN_DPI), MulDiv(kUsualHeight, dpi, USER_DEFAULT_SCREEN_DPI)};
+}
+
 LRESULT DesktopWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -21,6 +39,9 @@ LRESULT DesktopWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 }  // namespace
 
 State::State() {
+    dpi = FirstDpi();
+    screen = FirstScreen();
+    workArea = {0, 0, screen.cx, screen.cy};
     // Slot 0 stays unused, so that no handle is null.
     slots.resize(1);
     uses.resize(1);
@@ -80,8 +101,9 @@ void Desktop::Reset() {
     state.boxAnswers.clear();
     state.windowLimit = 10000;
     state.failCreation = 0;
-    state.dpi = 96;
-    SetScreenSize(1920, 1200);
+    state.dpi = desk::FirstDpi();
+    const SIZE screen = desk::FirstScreen();
+    SetScreenSize(static_cast<int>(screen.cx), static_cast<int>(screen.cy));
 }
 
 Desktop::Counters Desktop::Count() {

@@ -34,7 +34,8 @@ public:
     static void SetScreenSize(int width, int height);
     // In screen coordinates; the right and bottom edges lie outside.
     static void SetWorkArea(const RECT& area);
-    // Dots an inch of screen and fonts; 96 at first.
+    // Dots an inch of screen and fonts; at first 96, or what the environment variable QV_DPI says (the screen is then
+    // that much larger too).
     static void SetDpi(UINT dpi);
 
     // Creation of the n-th window from now (1 is the next) fails as it does when the system has no handles left.

@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "framework/com.h"
 #include "framework/controls.h"
 #include "framework/data_exchange.h"
 #include "framework/module_state.h"
@@ -249,6 +250,35 @@ TEST(Accessibility, IsAnsweredByTheStandardObject) {
     EXPECT_STREQ(name, L"Name");
     SysFreeString(name);
     EXPECT_EQ(top.get_accChildCount(nullptr), E_POINTER);
+}
+
+TEST(Accessibility, GivesAWindowTheNameItWasGivenForAsLongAsItLives) {
+    ASSERT_GE(OleInitialize(nullptr), S_OK);
+    {
+        TopWindow top;
+        CComboBox combo;
+        ASSERT_TRUE(combo.Create(WS_VISIBLE | CBS_DROPDOWNLIST, {10, 10, 90, 100}, &top, 1));
+        combo.AddString(L"Entry");
+        combo.SetCurSel(0);
+        combo.SetAccessibleName(L"Label");
+        qv::ComPtr<IAccessible> object;
+        ASSERT_EQ(::AccessibleObjectFromWindow(combo.m_hWnd, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                               reinterpret_cast<void**>(object.Put())),
+                  S_OK);
+        VARIANT self{};
+        V_VT(&self) = VT_I4;
+        V_I4(&self) = CHILDID_SELF;
+        qv::Bstr name;
+        EXPECT_EQ(object->get_accName(self, name.Put()), S_OK);
+        EXPECT_EQ(qv::TextOf(name.Get()), L"Label");
+        HWND window = nullptr;
+        EXPECT_EQ(::WindowFromAccessibleObject(object.Get(), &window), S_OK);
+        EXPECT_EQ(window, combo.m_hWnd);
+        // A client may hold the object longer than there is a window.
+        combo.DestroyWindow();
+        EXPECT_NE(object->get_accName(self, name.Put()), S_OK);
+    }
+    OleUninitialize();
 }
 
 }  // namespace
