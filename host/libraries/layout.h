@@ -141,6 +141,9 @@ private:
         int lineControlHeight = 0;  // of the tallest control of one line: the height of an ordinary row
         int rowGap = 0;
         int height = 0;  // of all rows at their least
+        // Whoever frames the page leaves a number of pixels for tabs and buttons that is right at 96 dpi. What these
+        // are higher at another resolution has to be asked for here, or the last row would be cut.
+        int aroundPage = 0;
     };
     [[nodiscard]] Row* Find(std::wstring_view name) const;
     void Measure(const qv::LayoutMetrics& metrics);

@@ -5,6 +5,7 @@
 
 namespace {
 
+constexpr int kAroundPage = 44;     // pixels at 96 dpi: a row of tabs and a row of buttons
 constexpr int kRowGapUnits = 4;     // dialog units between rows, as the platform spaces related controls
 constexpr int kColumnGapUnits = 6;  // between prompts and controls
 constexpr int kCommonWidth = 200;   // pixels at 96 dpi: the usual bound of special controls, whose edges then align
@@ -62,6 +63,7 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     m_measures = {};
     m_measures.lineHeight = metrics.LineHeight();
     m_measures.rowGap = metrics.Y(kRowGapUnits);
+    m_measures.aroundPage = metrics.Scale(kAroundPage) - kAroundPage;
 
     const int usual = std::max(metrics.Scale(kCommonWidth), kCommonCharacters * metrics.AverageWidth());
     int common = usual;
@@ -102,7 +104,7 @@ int XLayout::GetMinWidth() const {
 }
 
 int XLayout::GetMinHeight() const {
-    return m_measures.height;
+    return m_measures.height + m_measures.aroundPage;
 }
 
 bool XLayout::CanResizeWidth() const {
