@@ -74,7 +74,9 @@ bool RunMessageLoop(const std::function<bool()>& goOn) {
     return true;
 }
 
-void PumpMessage(MSG& message) {
+namespace {
+
+void TranslateAndDispatch(MSG& message) {
     try {
         if (PreTranslate(message)) return;
     } catch (...) {
@@ -83,6 +85,24 @@ void PumpMessage(MSG& message) {
     }
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
+}
+
+}  // namespace
+
+void PumpMessage(MSG& message) {
+    HWND focusBefore = ::GetFocus();
+    TranslateAndDispatch(message);
+    // What has no object, a dialog template's button, tells nobody itself.
+    HWND focus = ::GetFocus();
+    const auto hasObject = [](HWND window) { return CWnd::FromHandlePermanent(window) != nullptr; };
+    try {
+        if (focus != nullptr && focus != focusBefore && !hasObject(focus)) qv::detail::FollowFocus(focus, WM_SETFOCUS);
+        if (message.message == WM_LBUTTONUP && !hasObject(message.hwnd)) {
+            qv::detail::FollowFocus(message.hwnd, WM_LBUTTONUP);
+        }
+    } catch (...) {
+        qv::detail::ReportException();
+    }
 }
 
 void PumpPending() {

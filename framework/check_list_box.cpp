@@ -1,5 +1,7 @@
 #include "framework/check_list_box.h"
 
+#include <algorithm>
+
 #include "framework/gdi.h"
 
 QV_RUNTIME_CLASS_CREATE(CCheckListBox, CListBox)
@@ -29,6 +31,7 @@ const MessageMap* CCheckListBox::GetThisMessageMap() {
                                     on::Message<&CCheckListBox::OnChar>(WM_CHAR),
                                     on::Message<&CCheckListBox::OnButtonDown>(WM_LBUTTONDOWN),
                                     on::Message<&CCheckListBox::OnButtonDown>(WM_LBUTTONDBLCLK),
+                                    on::Message<&CCheckListBox::OnMouseWheel>(WM_MOUSEWHEEL),
                                     on::Message<&CCheckListBox::OnSetFont>(WM_SETFONT),
                                 }};
     return &map;
@@ -168,6 +171,18 @@ LRESULT CCheckListBox::OnButtonDown(WPARAM, LPARAM lParam) {
     }
     Toggle(index);
     return 0;
+}
+
+// A list that cannot scroll that way leaves the wheel to what is around it.
+LRESULT CCheckListBox::OnMouseWheel(WPARAM wParam, LPARAM lParam) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    const bool scrolls = (GetStyle() & WS_VSCROLL) != 0 && ::GetScrollInfo(m_hWnd, SB_VERT, &info) != FALSE;
+    const bool up = static_cast<SHORT>(HIWORD(wParam)) > 0;
+    const int last = info.nMax - std::max(static_cast<int>(info.nPage) - 1, 0);
+    if (scrolls && (up ? info.nPos > info.nMin : info.nPos < last)) return Default();
+    return ::SendMessageW(::GetParent(m_hWnd), WM_MOUSEWHEEL, wParam, lParam);
 }
 
 // --- drawing --------------------------------------------------------------------------------------------------------

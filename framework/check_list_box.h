@@ -54,6 +54,7 @@ private:
     LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnChar(WPARAM wParam, LPARAM lParam);
     LRESULT OnButtonDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
     LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
 
     std::vector<Entry> m_entries;  // one an entry of the list, in the list's order

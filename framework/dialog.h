@@ -41,7 +41,8 @@ class CDialog : public CWnd {
 
     // Keys are translated by a top-level dialog, for everything inside it: a focused push button is pressed by Enter in
     // its own dialog, otherwise Enter is this dialog's default button or OnOK and Escape its OnCancel. Child dialogs
-    // leave keys alone.
+    // leave keys alone. PgUp and PgDn scroll where the focused control has no use for them, and the wheel
+    // scrolls what lies under the pointer.
     bool PreTranslateMessage(MSG& message) override;
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -61,6 +62,8 @@ private:
     LRESULT OnInitDialogMessage(WPARAM wParam, LPARAM lParam);
     bool TranslateEnterOrEscape(const MSG& message);
     bool TranslatePageKey(const MSG& message);
+    bool TranslateScrollKey(const MSG& message);
+    void LeadWheelToPointer(MSG& message) const;
 
     bool m_inModalLoop = false;
     bool m_ended = false;

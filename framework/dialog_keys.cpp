@@ -1,7 +1,10 @@
 // CDialog: what the keyboard does in a dialog and in everything nested in it. The platform's own translation walks with
 // Tab, the arrows and mnemonics; Enter, Escape and the paging keys are decided here, since the platform looks for the
 // default button only in the one dialog it is asked for and would press a nested one in the wrong dialog.
+#include <array>
+
 #include "framework/dialog.h"
+#include "framework/text.h"
 
 namespace {
 
@@ -23,32 +26,55 @@ void PressOwn(HWND dialog, int id) {
     SendClick(dialog, id, button);
 }
 
-// Tells the windows around the focus that the keyboard moved it there.
-void AnnounceFocus(HWND focus) {
-    for (HWND window = ::GetAncestor(focus, GA_PARENT); window != nullptr; window = ::GetAncestor(window, GA_PARENT)) {
-        if (CWnd* object = CWnd::FromHandlePermanent(window)) object->OnDescendantFocused(focus);
-    }
-}
-
 BOOL CALLBACK AskToSwitchPage(HWND window, LPARAM step) noexcept {
     CWnd* object = CWnd::FromHandlePermanent(window);
     if (object == nullptr || ::IsWindowVisible(window) == FALSE) return TRUE;
     return object->OnSwitchPage(static_cast<int>(step)) ? FALSE : TRUE;
 }
 
+// True when the window has a bar for it and moved.
+bool ScrollByPage(HWND window, UINT request) {
+    const auto style = static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE));
+    if ((style & WS_VSCROLL) == 0 || (style & WS_VISIBLE) == 0) return false;
+    const int before = ::GetScrollPos(window, SB_VERT);
+    ::SendMessageW(window, WM_VSCROLL, request, 0);
+    return ::IsWindow(window) == FALSE || ::GetScrollPos(window, SB_VERT) != before;
+}
+
+struct PageScroll {
+    UINT request;
+    bool done;
+};
+
+BOOL CALLBACK AskToScroll(HWND window, LPARAM scroll) noexcept {
+    auto& asked = *reinterpret_cast<PageScroll*>(scroll);
+    // A container of controls, no control: a list that is not in focus stays as it is.
+    const auto extended = static_cast<DWORD>(::GetWindowLongW(window, GWL_EXSTYLE));
+    if ((extended & WS_EX_CONTROLPARENT) == 0 || ::IsWindowVisible(window) == FALSE) return TRUE;
+    asked.done = ScrollByPage(window, asked.request);
+    return asked.done ? FALSE : TRUE;
+}
+
+// Lists, combo boxes and fields of several lines page through what they hold themselves.
+bool HasOwnUseForPageKeys(HWND control) {
+    std::array<wchar_t, 16> name{};
+    ::GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+    if (qv::EqualIgnoringCase(name.data(), L"EDIT")) {
+        return (static_cast<DWORD>(::GetWindowLongW(control, GWL_STYLE)) & ES_MULTILINE) != 0;
+    }
+    return !qv::EqualIgnoringCase(name.data(), L"BUTTON") && !qv::EqualIgnoringCase(name.data(), WC_TABCONTROLW);
+}
+
 }  // namespace
 
 bool CDialog::PreTranslateMessage(MSG& message) {
     if (CWnd::PreTranslateMessage(message)) return true;
-    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     if ((GetStyle() & WS_CHILD) != 0) return false;
-    if (TranslateEnterOrEscape(message) || TranslatePageKey(message)) return true;
+    if (message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL) LeadWheelToPointer(message);
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+    if (TranslateEnterOrEscape(message) || TranslatePageKey(message) || TranslateScrollKey(message)) return true;
 
-    HWND focusBefore = ::GetFocus();
-    if (::IsDialogMessageW(m_hWnd, &message) == FALSE) return false;
-    HWND focus = ::GetFocus();
-    if (focus != nullptr && focus != focusBefore) AnnounceFocus(focus);
-    return true;
+    return ::IsDialogMessageW(m_hWnd, &message) != FALSE;
 }
 
 bool CDialog::TranslateEnterOrEscape(const MSG& message) {
@@ -78,4 +104,28 @@ bool CDialog::TranslatePageKey(const MSG& message) {
     if (message.wParam == VK_PRIOR) step = -1;
     if (message.wParam == VK_NEXT) step = 1;
     return step != 0 && ::EnumChildWindows(m_hWnd, &AskToSwitchPage, step) == FALSE;
+}
+
+// What lies around the focus scrolls first, the innermost window that still can; then, for a focus outside, whatever
+// the dialog shows.
+bool CDialog::TranslateScrollKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) return false;
+    if (message.wParam != VK_PRIOR && message.wParam != VK_NEXT) return false;
+    if (HasOwnUseForPageKeys(message.hwnd)) return false;
+    PageScroll scroll{message.wParam == VK_PRIOR ? UINT{SB_PAGEUP} : UINT{SB_PAGEDOWN}, false};
+    for (HWND window = ::GetAncestor(message.hwnd, GA_PARENT); window != nullptr && window != m_hWnd;
+         window = ::GetAncestor(window, GA_PARENT)) {
+        if (ScrollByPage(window, scroll.request)) return true;
+    }
+    ::EnumChildWindows(m_hWnd, &AskToScroll, reinterpret_cast<LPARAM>(&scroll));
+    return scroll.done;
+}
+
+// The wheel turns what lies under the pointer, as newer systems have it by themselves; older ones send it to the focus.
+// An open list keeps it.
+void CDialog::LeadWheelToPointer(MSG& message) const {
+    if (::SendMessageW(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
+    const auto packed = static_cast<DWORD_PTR>(message.lParam);
+    HWND under = ::WindowFromPoint({static_cast<SHORT>(LOWORD(packed)), static_cast<SHORT>(HIWORD(packed))});
+    if (under != nullptr && ::IsChild(m_hWnd, under) != FALSE) message.hwnd = under;
 }

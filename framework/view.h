@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <span>
 
-#include "framework/wnd.h"
+#include "framework/window_scroller.h"
 
 class CView : public CWnd {
     QV_DECLARE_RUNTIME_CLASS
@@ -21,16 +21,13 @@ class CView : public CWnd {
 
 class CScrollView : public CView {
     QV_DECLARE_RUNTIME_CLASS
-    CScrollView() = default;
+    CScrollView();
     ~CScrollView() override;
     // The content's size in pixels. Page and line default to a tenth of the total and a tenth of the page.
     void SetScrollSizes(SIZE total, SIZE page = {0, 0}, SIZE line = {0, 0});
-    [[nodiscard]] SIZE GetTotalSize() const noexcept { return m_total; }
     // Pixels from the content's top left corner to the visible area's.
     [[nodiscard]] POINT GetScrollPosition() const;
     void ScrollToPosition(POINT position);
-    // Shows, hides and sizes the scroll bars for the current client size.
-    void UpdateBars();
     // Scrolls until the focused control is visible.
     void OnDescendantFocused(HWND descendant) override;
 
@@ -38,20 +35,11 @@ class CScrollView : public CView {
     static const MessageMap* GetThisMessageMap();
 
 protected:
+    bool OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnSize(UINT type, int cx, int cy);
 
 private:
-    [[nodiscard]] CRect VisibleArea() const;
-    LRESULT OnHScroll(WPARAM wParam, LPARAM lParam);
-    LRESULT OnVScroll(WPARAM wParam, LPARAM lParam);
-    LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
-    void Scroll(int bar, UINT request, int thumb);
-    [[nodiscard]] int ThumbPosition(int bar, int thumb) const;
-
-    SIZE m_total{0, 0};
-    SIZE m_page{0, 0};
-    SIZE m_line{0, 0};
-    bool m_insideUpdate = false;
+    WindowScroller m_scroller;
 };
 
 class CFormView : public CScrollView {

@@ -180,6 +180,20 @@ const wchar_t* PlainClassName() {
     return kName;
 }
 
+// Whoever scrolls on a focus would take the window away from under the pointer that clicked on it, so the mouse button
+// comes up first.
+void FollowFocus(HWND window, UINT message) {
+    ThreadState& thread = ThisThread();
+    if (message == WM_SETFOCUS && GetFocus() == window) {
+        const bool clicked = GetKeyState(VK_LBUTTON) < 0;
+        thread.focusToTell = clicked ? window : nullptr;
+        if (!clicked) CWnd::TellOfFocus(window);
+    } else if (message == WM_LBUTTONUP && thread.focusToTell != nullptr) {
+        HWND focus = std::exchange(thread.focusToTell, nullptr);
+        if (GetFocus() == focus) CWnd::TellOfFocus(focus);
+    }
+}
+
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     ThreadState& thread = ThisThread();
     CWnd* object = FindPermanent(window);
@@ -193,6 +207,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     LRESULT result = 0;
     try {
         result = WindowAccess::Dispatch(*object, message, wParam, lParam);
+        FollowFocus(window, message);
     } catch (...) {
         ReportException();
         result = AnswerAfterException(window, message);

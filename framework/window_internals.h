@@ -25,6 +25,7 @@ struct ThreadState {
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
     HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
     CWnd* mainWindow = nullptr;
+    HWND focusToTell = nullptr;  // came to the focus by a mouse button that is still down
     // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
     std::shared_ptr<IdleHandler> idleHandler = std::make_shared<IdleHandler>();
 };
@@ -62,6 +63,10 @@ private:
 
 // The name of the framework's own window class, registered on first use.
 [[nodiscard]] const wchar_t* PlainClassName();
+
+// Tells the windows around a control that the focus came to it (WM_SETFOCUS), once no mouse button is down any more
+// (WM_LBUTTONUP). Called with the messages of windows that have an object, and by the loop for those that have none.
+void FollowFocus(HWND window, UINT message);
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 

@@ -10,6 +10,7 @@
 #include "framework/geometry.h"
 
 class CDataExchange;
+class WindowHook;
 struct ModuleState;
 
 namespace qv::detail {
@@ -112,8 +113,14 @@ class CWnd : public CCmdTarget {
     // Asked of the windows of a dialog when the user pages with the keyboard (Ctrl+Tab and its kin): +1 or -1. True
     // when this window holds pages and dealt with it.
     virtual bool OnSwitchPage(int step);
-    // The keyboard moved the focus to this descendant: the place to scroll it into view.
+    // The focus came to this descendant, in whatever way: the place to scroll it into view. While a mouse button is
+    // down it is told only once the button is up, so that nothing moves away under the pointer.
     virtual void OnDescendantFocused(HWND descendant);
+    // Tells it to every window around the control.
+    static void TellOfFocus(HWND control);
+    // One at a time; null takes it away. Borrowed: it must be taken away before it goes.
+    void SetHook(WindowHook* hook) noexcept { m_hook = hook; }
+    [[nodiscard]] WindowHook* GetHook() const noexcept { return m_hook; }
 
     // --- data exchange -------------------------------------------------------------------------------------------
     virtual void DoDataExchange(CDataExchange& exchange);
@@ -161,7 +168,8 @@ private:
     LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
 
     std::wstring m_accessibleName;
-    WNDPROC m_superProc = nullptr;         // the procedure below ours; null for windows of the framework's own class
-    bool m_routed = false;                 // the window's messages come through this object
+    WNDPROC m_superProc = nullptr;  // the procedure below ours; null for windows of the framework's own class
+    bool m_routed = false;          // the window's messages come through this object
+    WindowHook* m_hook = nullptr;
     ModuleState* m_moduleState = nullptr;  // in force while the window handles messages
 };

@@ -1,4 +1,5 @@
 // CWnd: the road of a message through the object, and notifications handed back to the control that sent them.
+#include "framework/window_hook.h"
 #include "framework/window_internals.h"
 #include "framework/wnd.h"
 
@@ -70,6 +71,7 @@ const MessageMap* CWnd::GetMessageMap() const {
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
+    if (m_hook != nullptr && m_hook->OnHookedMessage(message, wParam, lParam, &result)) return result;
     if (OnWndMsg(message, wParam, lParam, &result)) return result;
     HWND sender = SenderOf(m_hWnd, message, wParam, lParam);
     if (Reflection::HandBack(sender, message, wParam, lParam, &result)) return result;
@@ -135,7 +137,16 @@ bool CWnd::OnSwitchPage(int) {
     return false;
 }
 
-void CWnd::OnDescendantFocused(HWND) {}
+void CWnd::OnDescendantFocused(HWND descendant) {
+    if (m_hook != nullptr) m_hook->OnDescendantFocused(descendant);
+}
+
+void CWnd::TellOfFocus(HWND control) {
+    for (HWND around = ::GetAncestor(control, GA_PARENT); around != nullptr;
+         around = ::GetAncestor(around, GA_PARENT)) {
+        if (CWnd* object = FromHandlePermanent(around)) object->OnDescendantFocused(control);
+    }
+}
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
     return ::SendMessageW(m_hWnd, message, wParam, lParam);

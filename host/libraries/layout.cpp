@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/libraries/layout_row.h"
+#include "host/libraries/layout_scroll.h"
 
 namespace {
 
@@ -29,10 +30,12 @@ XLayout::~XLayout() {
 }
 
 void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
+    m_scroll.reset();
     m_byName.clear();
     m_rows.clear();
     m_parent = parent;
     if (parent == nullptr || !parent->IsLive()) return;
+    m_scroll = std::make_unique<PageScroll>(*this, *parent);
 
     for (Group* group : groups) {
         const auto first = static_cast<std::ptrdiff_t>(m_rows.size());

@@ -98,14 +98,19 @@ public:
     XLayout(const XLayout&) = delete;
     XLayout& operator=(const XLayout&) = delete;
 
-    // Creates what is missing on the parent. The groups are borrowed and must outlive the layout. A control that cannot
-    // be created leaves its row in place, without a control and excluded from storing.
+    // Creates what is missing on the parent, which outlives the layout (its window need not). The groups are borrowed
+    // and must outlive the layout. A control that cannot be created leaves its row in place, without a control and
+    // excluded from storing.
     void InitLayoutManager(CWnd* parent, std::vector<Group*> groups);
     // Tab order down the page, in display order (order number, ties in loading order).
     void SetDefaultTabOrder();
-    // Fits the rows into the rectangle (parent client coordinates, pixels).
+    // Fits the rows into the rectangle (parent client coordinates, pixels), whose distance from the client area's left
+    // and top is the margin on all sides. Where the parent's window is too small for the rows at their least and the
+    // margins, the parent gets scroll bars and the rows move under them: by bar, wheel, PgUp and PgDn, and so that the
+    // control that gets the focus is seen. Bars change the parent's client area, which is told to it by WM_SIZE.
     void RecalcLayout(int x, int y, int cx, int cy);
-    [[nodiscard]] int GetMinWidth() const;  // pixels, without the page's margins
+    // Pixels, without the page's margins, at which no scroll bar is needed.
+    [[nodiscard]] int GetMinWidth() const;
     [[nodiscard]] int GetMinHeight() const;
     [[nodiscard]] bool CanResizeWidth() const;
     [[nodiscard]] bool CanResizeHeight() const;
@@ -132,6 +137,7 @@ public:
 
 private:
     struct Row;
+    class PageScroll;
     // What the rows of a page have in common, in pixels.
     struct Measures {
         int promptWidth = 0;
@@ -156,6 +162,9 @@ private:
     std::vector<std::unique_ptr<Row>> m_rows;  // in display order
     std::unordered_map<std::wstring_view, Row*> m_byName;
     Measures m_measures;
+    POINT m_origin{0, 0};        // of the rows in the page; the page's margins
+    unsigned m_arrangement = 0;  // counts the calls that arrange the rows
+    std::unique_ptr<PageScroll> m_scroll;
 };
 
 namespace qv {

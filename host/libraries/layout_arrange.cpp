@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "host/libraries/layout_row.h"
+#include "host/libraries/layout_scroll.h"
 
 namespace {
 
@@ -32,7 +33,9 @@ std::vector<int> ShareHeight(int extra, const std::vector<int>& rooms) {
 // Windows are moved together, and only those that have to move.
 class Mover {
 public:
-    Mover(std::size_t windows, const CWnd* page) : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))) {
+    // scrolled: how far the rows stand above and to the left of their places.
+    Mover(std::size_t windows, const CWnd* page, POINT scrolled)
+        : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))), m_scrolled(scrolled) {
         // What nobody sees is drawn as a whole when it is shown.
         if (page != nullptr && !page->IsWindowVisible()) m_flags |= SWP_NOREDRAW | SWP_NOCOPYBITS;
     }
@@ -46,7 +49,7 @@ public:
     void Move(const CWnd& window, CRect& place, const CRect& target, int extraHeight) {
         if (::EqualRect(&place, &target) != FALSE) return;
         place = target;
-        const int x = static_cast<int>(target.left), y = static_cast<int>(target.top);
+        const int x = static_cast<int>(target.left - m_scrolled.x), y = static_cast<int>(target.top - m_scrolled.y);
         const int cx = target.Width(), cy = target.Height() + extraHeight;
         if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
         if (m_batch == nullptr) ::SetWindowPos(window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
@@ -54,6 +57,7 @@ public:
 
 private:
     HDWP m_batch;
+    POINT m_scrolled;
     UINT m_flags = SWP_NOZORDER | SWP_NOACTIVATE;
 };
 
@@ -118,13 +122,21 @@ bool XLayout::CanResizeHeight() const {
 }
 
 void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
+    m_origin = {x, y};
+    if (m_scroll != nullptr) {
+        // A page whose bars come or go has another size and arranges its rows for that one before this goes on.
+        const unsigned turn = ++m_arrangement;
+        const int rowDistance = m_measures.lineControlHeight + m_measures.rowGap;
+        m_scroll->SetContent({GetMinWidth() + 2 * x, m_measures.height + 2 * y}, rowDistance);
+        if (turn != m_arrangement) return;
+    }
     std::vector<int> rooms;
     for (const auto& row : m_rows) {
         if (row->isTall) rooms.push_back(row->maxHeight - row->minHeight);
     }
     const std::vector<int> shares = ShareHeight(cy - m_measures.height, rooms);
 
-    Mover mover(2 * m_rows.size(), m_parent);
+    Mover mover(2 * m_rows.size(), m_parent, m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0});
     const int controlLeft = x + m_measures.promptWidth + m_measures.columnGap;
     const int room = cx - m_measures.promptWidth - m_measures.columnGap;
     int top = y;
@@ -143,6 +155,7 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
             const CRect place(controlLeft, controlTop, controlLeft + width, controlTop + height);
             mover.Move(*row->control, row->controlPlace, place, row->droppedHeight);
         }
-        top += RowHeight(*row, height) + m_measures.rowGap;
+        row->place = CRect(x, top, controlLeft + width, top + RowHeight(*row, height));
+        top += row->place.Height() + m_measures.rowGap;
     }
 }

@@ -7,6 +7,7 @@
 
 #include "framework/text.h"
 #include "host/libraries/layout_check_box.h"
+#include "host/libraries/layout_combo_box.h"
 #include "host/libraries/layout_window.h"
 
 namespace {
@@ -33,7 +34,7 @@ std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT
 }
 
 std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UINT id, HFONT font) {
-    auto combo = std::make_unique<CComboBox>();
+    auto combo = std::make_unique<qv::RowComboBox>();
     constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
     if (!qv::CreateAttached(*combo, L"COMBOBOX", {}, 0, kStyle, kNowhere, page, id)) return nullptr;
     if (font != nullptr) combo->SetFont(font, false);

@@ -56,5 +56,6 @@ struct XLayout::Row {
     // From the control's top to its first line of text, where that is not in the middle; the prompt stands beside it.
     std::optional<int> textTop;
 
-    CRect promptPlace, controlPlace;
+    CRect place;                      // of the whole row
+    CRect promptPlace, controlPlace;  // in the page's client area as long as it is not scrolled
 };

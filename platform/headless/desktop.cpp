@@ -26,8 +26,15 @@ UINT FirstDpi() {
     return dpi > 0 ? static_cast<UINT>(dpi) : USER_DEFAULT_SCREEN_DPI;
 }
 
-// As many pixels as make the screen as large to the eye at that resolution.
+// What QV_SCREEN says ("1366x768"), or as many pixels as make the usual screen as large to the eye at the resolution.
 SIZE FirstScreen() {
+    SIZE size{};
+    if (const char* text = std::getenv("QV_SCREEN"); text != nullptr) {
+        char* end = nullptr;
+        size.cx = static_cast<LONG>(std::strtol(text, &end, 10));
+        if (*end == 'x') size.cy = static_cast<LONG>(std::strtol(end + 1, nullptr, 10));
+        if (size.cx > 0 && size.cy > 0) return size;
+    }
     const int dpi = static_cast<int>(FirstDpi());
     return {MulDiv(kUsualWidth, dpi, USER_DEFAULT_SCREEN_DPI), MulDiv(kUsualHeight, dpi, USER_DEFAULT_SCREEN_DPI)};
 }

@@ -30,7 +30,8 @@ public:
 
     [[nodiscard]] static Counters Count();
 
-    // Pixels; the work area becomes the whole screen.
+    // Pixels; the work area becomes the whole screen. At first 1920 by 1200 at 96 dpi, or what the environment variable
+    // QV_SCREEN says ("1366x768").
     static void SetScreenSize(int width, int height);
     // In screen coordinates; the right and bottom edges lie outside.
     static void SetWorkArea(const RECT& area);

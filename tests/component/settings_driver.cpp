@@ -89,6 +89,20 @@ std::wstring TestHost::Stored(std::wstring_view itemKey) const {
     return text != nullptr ? *text : L"(none)";
 }
 
+bool IsWhollySeen(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    if (::IsWindowVisible(window) == FALSE || ::IsRectEmpty(&place) != FALSE) return false;
+    for (HWND around = ::GetAncestor(window, GA_PARENT); around != nullptr && around != ::GetDesktopWindow();
+         around = ::GetAncestor(around, GA_PARENT)) {
+        RECT room{}, seen{};
+        ::GetClientRect(around, &room);
+        ::MapWindowPoints(around, nullptr, reinterpret_cast<POINT*>(&room), 2);
+        if (::IntersectRect(&seen, &room, &place) == FALSE || ::EqualRect(&seen, &place) == FALSE) return false;
+    }
+    return true;
+}
+
 SettingsDriver::SettingsDriver()
     : m_user([] { PumpPending(); }), m_sinkBefore(qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
           boxes.push_back(call);

@@ -40,6 +40,9 @@ public:
     qv::ComPtr<qv::MultiUserManager> users;
 };
 
+// Nothing of the window is cut off by a window around it.
+[[nodiscard]] bool IsWhollySeen(HWND window);
+
 // One test's dialog. Message boxes are recorded and answered with OK.
 class SettingsDriver {
 public:

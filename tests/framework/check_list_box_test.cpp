@@ -9,12 +9,18 @@ constexpr UINT kList = 300;
 class CheckParent : public TopWindow {
 public:
     int changes = 0;
+    int turned = 0;
     const MessageMap* GetMessageMap() const override {
         static const MessageMap map{TopWindow::GetThisMessageMap(),
-                                    {on::Control<&CheckParent::OnCheckChange>(CLBN_CHKCHANGE, kList)}};
+                                    {on::Control<&CheckParent::OnCheckChange>(CLBN_CHKCHANGE, kList),
+                                     on::Message<&CheckParent::OnWheel>(WM_MOUSEWHEEL)}};
         return &map;
     }
     void OnCheckChange() { ++changes; }
+    LRESULT OnWheel(WPARAM, LPARAM) {
+        ++turned;
+        return 0;
+    }
 };
 
 class CheckListBox : public testing::Test {
@@ -125,6 +131,24 @@ TEST_F(CheckListBox, DisabledEntriesDoNotToggle) {
     ClickBox(0);
     EXPECT_EQ(Checked(), L"A");
     EXPECT_EQ(parent.changes, 0);
+}
+
+TEST_F(CheckListBox, LeavesTheWheelToItsParentWhereItCannotScroll) {
+    Make(WS_VSCROLL);
+    const auto turn = [this](int notches) {
+        list.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(notches * WHEEL_DELTA)));
+        return static_cast<int>(list.SendMessage(LB_GETTOPINDEX));
+    };
+    EXPECT_EQ(turn(-1), 0);
+    EXPECT_EQ(parent.turned, 1) << "everything is seen";
+    list.MoveWindow(0, 0, 200, list.GetItemRect(0).Height() + 6);
+    EXPECT_GT(turn(-1), 0);
+    EXPECT_EQ(parent.turned, 1) << "the list scrolls";
+    turn(-1);
+    turn(-1);
+    const int turned = parent.turned;
+    EXPECT_EQ(turn(-1), 3);
+    EXPECT_EQ(parent.turned, turned + 1) << "at its end";
 }
 
 TEST_F(CheckListBox, EntriesAreHighEnoughForBoxAndFont) {

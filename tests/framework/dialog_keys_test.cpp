@@ -285,4 +285,29 @@ TEST(NestedDialogKeys, PagingKeysSwitchPagesFromAnywhere) {
     });
 }
 
+TEST(NestedDialogKeys, PageKeysScrollWhereTheFocusedControlHasNoUseForThem) {
+    InFrame([](Frame& frame, Log&, qv::User& user) {
+        auto* view = DynamicDownCast<CScrollView>(CWnd::FromHandlePermanent(::GetParent(frame.inner.m_hWnd)));
+        ASSERT_NE(view, nullptr);
+        view->SetScrollSizes({100, 5000}, {0, 700});
+        const struct {
+            const char* name;
+            int focus;
+            bool scrolls;
+        } cases[] = {
+            {"edit", kEdit, true}, {"push button", kPush, true}, {"radio button", kRadioA, true},
+            {"OK", IDOK, true},    {"combo box", kCombo, false}, {"edit of several lines", kMultiLine, false},
+        };
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.name);
+            ASSERT_TRUE(user.Focus(frame.Item(c.focus)));
+            const LONG before = view->GetScrollPosition().y;
+            ASSERT_TRUE(user.Press(VK_NEXT));
+            EXPECT_EQ(view->GetScrollPosition().y - before, c.scrolls ? 700 : 0);
+            ASSERT_TRUE(user.Press(VK_PRIOR));
+            EXPECT_EQ(view->GetScrollPosition().y, before);
+        }
+    });
+}
+
 }  // namespace

@@ -1,3 +1,5 @@
+#include <array>
+
 #include "framework/controls.h"
 #include "framework/view.h"
 #include "tests/framework/test_windows.h"
@@ -103,6 +105,54 @@ TEST_F(ScrollView, BringsAFocusedControlIntoView) {
     view->ScrollToPosition({0, 290});
     view->OnDescendantFocused(child.m_hWnd);
     EXPECT_EQ(ChildRect().top, 0);
+}
+
+// However the focus comes to it: by a key, a click or a call.
+TEST_F(ScrollView, HearsOfEveryFocusOnceTheMouseButtonIsUp) {
+    view->SetScrollSizes({100, 400});
+    child.MoveWindow(0, 250, 40, 20);
+    child.SetFocus();
+    EXPECT_EQ(view->GetScrollPosition().y, 170);
+
+    // What is clicked on stays under the pointer until the button is up.
+    CButton other;
+    other.Create(L"o", WS_VISIBLE | WS_TABSTOP, {60, 0, 90, 20}, view, 3);
+    std::array<BYTE, 256> keys{};
+    ::GetKeyboardState(keys.data());
+    auto before = keys;
+    keys[VK_LBUTTON] = 0x80;
+    ::SetKeyboardState(keys.data());
+    other.SetFocus();
+    EXPECT_EQ(view->GetScrollPosition().y, 170);
+    ::SetKeyboardState(before.data());
+    other.SendMessage(WM_LBUTTONUP);
+    CRect rect = other.GetWindowRect();
+    view->ScreenToClient(rect);
+    EXPECT_EQ(rect.top, 0);
+}
+
+TEST_F(ScrollView, LeavesTheWheelToTheWindowAroundItWhereItCannotScroll) {
+    struct Around : CWnd {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_MOUSEWHEEL) ++turned;
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+        int turned = 0;
+    } around;
+    around.Create(nullptr, L"", WS_VISIBLE, {0, 0, 300, 300}, &top, 5);
+    ::SetParent(view->m_hWnd, around.m_hWnd);
+    const auto turn = [this](int notches) {
+        child.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(notches * WHEEL_DELTA)));
+    };
+    view->SetScrollSizes({100, 150});
+    turn(-100);
+    EXPECT_EQ(around.turned, 0);
+    EXPECT_EQ(view->GetScrollPosition().y, 50);
+    turn(-1);
+    EXPECT_EQ(around.turned, 1) << "at the end";
+    view->SetScrollSizes({10, 10});
+    turn(1);
+    EXPECT_EQ(around.turned, 2) << "without bars";
 }
 
 }  // namespace

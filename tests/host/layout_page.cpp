@@ -18,7 +18,9 @@ FontWindow::~FontWindow() {
 
 LRESULT FontWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETFONT) return reinterpret_cast<LRESULT>(m_font);
-    return CWnd::WindowProc(message, wParam, lParam);
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE && onSize) onSize(LOWORD(lParam), HIWORD(lParam));
+    return result;
 }
 
 RowSpec TextRow(std::wstring name, int order) {

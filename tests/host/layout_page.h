@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,6 +17,8 @@ public:
     explicit FontWindow(int pointSize);
     ~FontWindow() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+    std::function<void(int cx, int cy)> onSize;
 
 private:
     HFONT m_font;

@@ -195,6 +195,16 @@ TEST_F(ComboBoxTest, ChoosingOpeningAndTypingAreToldInOrder) {
     }
 }
 
+TEST_F(ComboBoxTest, TheWheelGoesThroughTheEntriesOfAClosedBox) {
+    HWND combo = CreateFilled(CBS_DROPDOWNLIST, 1);
+    const auto turn = [combo](int notches) {
+        SendMessageW(combo, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(notches * WHEEL_DELTA)), 0);
+        return Send(combo, CB_GETCURSEL);
+    };
+    EXPECT_EQ(turn(-1), 2);
+    EXPECT_EQ(turn(1), 1);
+}
+
 TEST_F(ComboBoxTest, FocusGoesToTheEdit) {
     for (DWORD style : {kList, kEdit}) {
         HWND combo = Create(L"ComboBox", style, L"initial", 100, 200);

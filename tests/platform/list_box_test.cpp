@@ -362,6 +362,18 @@ TEST_F(ListBoxTest, ScrollingFollowsTheCaretAndTheProgram) {
     EXPECT_EQ(Send(list, LB_GETTOPINDEX), 0);
 }
 
+TEST_F(ListBoxTest, TheWheelScrollsAndSelectsNothing) {
+    HWND list = Create(L"ListBox", LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL, L"", 100, 200);
+    for (int i = 0; i < 100; ++i)
+        Add(list, std::to_wstring(i).c_str());
+    Send(list, LB_SETCURSEL, 2);
+    SendMessageW(list, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-2 * WHEEL_DELTA)), 0);
+    EXPECT_EQ(Send(list, LB_GETTOPINDEX), 6);
+    SendMessageW(list, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(Send(list, LB_GETTOPINDEX), 3);
+    EXPECT_EQ(Send(list, LB_GETCURSEL), 2);
+}
+
 TEST_F(ListBoxTest, HeightIsMadeOfWholeItemsUnlessTheStyleForbids) {
     HWND whole = Create(L"ListBox", WS_BORDER, L"", 100, 100);
     HWND exact = Create(L"ListBox", WS_BORDER | LBS_NOINTEGRALHEIGHT, L"", 100, 100);

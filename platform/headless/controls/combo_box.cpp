@@ -64,6 +64,12 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDBLCLK:
             OnLeftDown(lParam);
             return 0;
+        case WM_MOUSEWHEEL: {
+            // Closed, it goes through its entries; an open list only scrolls, which nobody sees here.
+            const int turned = static_cast<short>(HIWORD(wParam));
+            if (!m_dropped && turned != 0) MoveByKey(m_current + (turned > 0 ? -1 : 1));
+            return TRUE;
+        }
         default:
             if (message >= CB_GETEDITSEL && message <= CB_GETCOMBOBOXINFO)
                 return HandleContent(message, wParam, lParam);

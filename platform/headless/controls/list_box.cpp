@@ -134,6 +134,7 @@ LRESULT ListBox::HandleGeometry(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void ListBox::OnCreate() {
     m_itemHeight = LineHeight();
+    m_scrolls = Has(WS_VSCROLL);
     if (!IsOwnerDrawn()) return;
     MEASUREITEMSTRUCT measure = {};
     measure.CtlType = ODT_LISTBOX;
@@ -313,7 +314,7 @@ void ListBox::ShowItem(int index) {
 }
 
 void ListBox::UpdateScrollBar() {
-    if (!Has(WS_VSCROLL)) return;
+    if (!m_scrolls) return;
     SCROLLINFO info = {};
     info.cbSize = sizeof info;
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;

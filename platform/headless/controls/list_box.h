@@ -66,6 +66,7 @@ private:
     int m_caret = 0;
     int m_anchor = LB_ERR;
     int m_top = 0;
+    bool m_scrolls = false;  // made with a scroll bar, which is hidden while everything is seen
     int m_itemHeight = 1;
     int m_horizontalExtent = 0;
     bool m_tracking = false;

@@ -19,6 +19,13 @@ LRESULT ListBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CHAR:
             OnChar(static_cast<wchar_t>(wParam));
             return 0;
+        case WM_MOUSEWHEEL: {
+            // Scrolls what is seen and leaves the selection where it is.
+            constexpr int kLinesPerNotch = 3;
+            if (PageSize() >= m_items.Count()) return Default(message, wParam, lParam);
+            SetTop(m_top - static_cast<short>(HIWORD(wParam)) * kLinesPerNotch / WHEEL_DELTA);
+            return 0;
+        }
         case WM_LBUTTONDOWN:
             OnLeftDown(lParam, wParam);
             return 0;

@@ -1,5 +1,7 @@
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
 
+#include <algorithm>
+
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
 #include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
@@ -10,7 +12,7 @@ QV_RUNTIME_CLASS(XDynDialogScroll, CDialog)
 namespace {
 
 constexpr UINT kViewId = 134;
-constexpr int kAroundDialog = 30;  // pixels that the frame is larger than the dialog in it
+constexpr int kAroundDialog = 30;  // pixels that the frame is larger than the dialog in it, where its borders fit in
 
 }  // namespace
 
@@ -79,8 +81,10 @@ bool XDynDialogScroll::CreateView() {
 }
 
 void XDynDialogScroll::FitAroundDialog(const XDialogForView& dialog) {
-    const int width = dialog.GetViewWidth() + kAroundDialog;
-    const int height = dialog.GetViewHeight() + kAroundDialog;
+    const CRect frame = GetWindowRect();
+    const CRect client = GetClientRect();
+    const int width = dialog.GetViewWidth() + std::max(kAroundDialog, frame.Width() - client.Width());
+    const int height = dialog.GetViewHeight() + std::max(kAroundDialog, frame.Height() - client.Height());
     MoveWindow(0, 0, width, height);
     MoveWindow((GetSystemMetrics(SM_CXSCREEN) - width) / 2, (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width,
                height);

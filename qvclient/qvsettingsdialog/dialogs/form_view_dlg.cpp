@@ -44,6 +44,10 @@ void XFormViewDlg::OnInitialUpdate() {
 void XFormViewDlg::OnSize(UINT type, int cx, int cy) {
     CFormView::OnSize(type, cx, cy);
     if (m_dialog == nullptr || !m_dialog->IsLive()) return;
+    // Bars that came or went have changed the client area meanwhile.
+    const CRect client = GetClientRect();
+    cx = client.Width();
+    cy = client.Height();
     int width = m_dialog->GetViewWidth();
     int height = m_dialog->GetViewHeight();
     // Deliberate: every resize that leaves a scroll bar takes that bar back to its start, where the dialog is put.

@@ -1,4 +1,6 @@
 // The size arithmetic of frame, view and dialog.
+#include <algorithm>
+
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
 
@@ -19,11 +21,43 @@ TEST_F(Sizes, ANarrowDialogGrowsToTheScreensEdgeAndTheFrameStandsAroundItInTheMi
             EXPECT_LE(Dialog().GetViewWidth(), screenWidth - 280);
             EXPECT_LE(Dialog().GetViewHeight(), screenHeight - 200);
             const CRect frame = driver.Frame().GetWindowRect();
-            EXPECT_EQ(frame.Width(), Dialog().GetViewWidth() + 30);
-            EXPECT_EQ(frame.Height(), Dialog().GetViewHeight() + 30);
+            // Caption and borders fit into the 30 pixels, or take what they need.
+            const CRect client = driver.Frame().GetClientRect();
+            EXPECT_EQ(frame.Width(), Dialog().GetViewWidth() + std::max(30, frame.Width() - client.Width()));
+            EXPECT_EQ(frame.Height(), Dialog().GetViewHeight() + std::max(30, frame.Height() - client.Height()));
+            // So nothing scrolls, and the dialog fills what there is.
+            const CWnd& view = *Dialog().GetParent();
+            EXPECT_EQ(view.GetStyle() & (WS_HSCROLL | WS_VSCROLL), 0u);
+            EXPECT_EQ(Dialog().GetWindowRect().Width(), client.Width());
+            EXPECT_EQ(Dialog().GetWindowRect().Height(), client.Height());
             EXPECT_EQ(frame.left, (screenWidth - frame.Width()) / 2);
             EXPECT_EQ(frame.top, (screenHeight - frame.Height()) / 2);
             EXPECT_TRUE((driver.Frame().GetStyle() & WS_MAXIMIZEBOX) != 0);
+        },
+        [this] { driver.Press(IDCANCEL); },
+    });
+}
+
+// At every size of the frame, also where a bar comes or goes.
+TEST_F(Sizes, TheDialogAlwaysFillsTheView) {
+    Show({
+        [this] {
+            const CWnd& view = *Dialog().GetParent();
+            const CRect around = driver.Frame().GetWindowRect();
+            const CRect inside = driver.Frame().GetClientRect();
+            const int width = Dialog().GetViewWidth() + around.Width() - inside.Width();
+            const int height = Dialog().GetViewHeight() + around.Height() - inside.Height();
+            for (const int dx : {1, -1, 0, 16, 17, 18, -30, 40}) {
+                for (const int dy : {1, -1, 0, 16, 17, 18, -30, 40}) {
+                    driver.Frame().MoveWindow(0, 0, width + dx, height + dy);
+                    const CRect seen = view.GetClientRect();
+                    const CRect dialog = Dialog().GetWindowRect();
+                    EXPECT_GE(dialog.Width(), seen.Width()) << dx << ", " << dy;
+                    EXPECT_GE(dialog.Height(), seen.Height()) << dx << ", " << dy;
+                    EXPECT_EQ(dialog.Width(), std::max(seen.Width(), Dialog().GetViewWidth())) << dx << ", " << dy;
+                    EXPECT_EQ(dialog.Height(), std::max(seen.Height(), Dialog().GetViewHeight())) << dx << ", " << dy;
+                }
+            }
         },
         [this] { driver.Press(IDCANCEL); },
     });

@@ -1,0 +1,17 @@
+// WindowHook: behaviour of a window that lives beside its class. Whoever arranges the children of somebody else's
+// window (a layout manager) sees its messages through one, without a window in between and without a handler of its own
+// there.
+#pragma once
+
+#include "platform/platform.h"
+
+class WindowHook {
+public:
+    // Asked before the window's message map. True: the message is used up and *result is the answer.
+    virtual bool OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
+    // The focus came to this descendant: the place to scroll it into view.
+    virtual void OnDescendantFocused(HWND descendant) = 0;
+
+protected:
+    ~WindowHook() = default;
+};

@@ -1,0 +1,71 @@
+#include "host/libraries/layout_scroll.h"
+
+#include <algorithm>
+
+#include "host/libraries/layout_row.h"
+
+XLayout::PageScroll::PageScroll(const XLayout& layout, CWnd& page)
+    : m_layout(layout), m_page(page), m_window(page.m_hWnd) {
+    m_scroller.SetWindow(&page);
+    page.SetHook(this);
+}
+
+XLayout::PageScroll::~PageScroll() {
+    if (CWnd* page = CWnd::FromHandlePermanent(m_window); page == &m_page && page->GetHook() == this) {
+        page->SetHook(nullptr);
+    }
+}
+
+void XLayout::PageScroll::SetContent(SIZE content, int rowDistance) {
+    // A page of the bar shows the last row of the one before again.
+    const CRect client = m_page.GetClientRect();
+    const auto step = [rowDistance](int visible) { return std::max(rowDistance, visible - rowDistance); };
+    m_scroller.SetSizes(content, {step(client.Width()), step(client.Height())}, {rowDistance, rowDistance});
+}
+
+bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (m_scroller.HandleMessage(message, wParam, lParam)) {
+        *result = 0;
+        return true;
+    }
+    // Whoever types into a control that has been scrolled away wants to see it.
+    if (message == WM_COMMAND && lParam != 0) {
+        const auto control = reinterpret_cast<HWND>(lParam);
+        const UINT code = HIWORD(wParam);
+        const bool works = code == EN_CHANGE || code == CBN_SELCHANGE || code == CBN_CLOSEUP || code == BN_CLICKED;
+        if (works && control == ::GetFocus()) CWnd::TellOfFocus(control);
+    }
+    return false;
+}
+
+void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {
+    // An open list would stay where it is while its box moves.
+    if (::SendMessageW(descendant, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
+    HWND control = descendant;
+    while (control != nullptr && ::GetAncestor(control, GA_PARENT) != m_window)
+        control = ::GetAncestor(control, GA_PARENT);
+    const auto& rows = m_layout.m_rows;
+    const auto found = std::find_if(rows.begin(), rows.end(), [control](const auto& row) {
+        return row->HasControl() && row->control->m_hWnd == control;
+    });
+    if (found == rows.end()) return;
+
+    // The row with its prompt, and at either end the page's margin, as far as there is room; the control before all.
+    CRect wanted = (*found)->place;
+    ::InflateRect(&wanted, static_cast<int>(m_layout.m_origin.x), static_cast<int>(m_layout.m_origin.y));
+    const CRect client = m_page.GetClientRect();
+    CRect part;
+    ::GetWindowRect(descendant, &part);
+    m_page.ScreenToClient(part);
+    const POINT position = m_scroller.Position();
+    ::OffsetRect(&wanted, -static_cast<int>(position.x), -static_cast<int>(position.y));
+    if (wanted.Width() > client.Width()) {
+        wanted.left = part.left;
+        wanted.right = part.right;
+    }
+    if (wanted.Height() > client.Height()) {
+        wanted.top = part.top;
+        wanted.bottom = part.bottom;
+    }
+    m_scroller.BringIntoView(wanted);
+}
