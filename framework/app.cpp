@@ -92,7 +92,11 @@ void TranslateAndDispatch(MSG& message) {
 void PumpMessage(MSG& message) {
     HWND focusBefore = ::GetFocus();
     TranslateAndDispatch(message);
-    // What has no object, a dialog template's button, tells nobody itself.
+    // What has no object, a dialog template's button, tells nobody itself. What a person did counts, and not where a
+    // dialog puts its first focus: it opens with its beginning in view.
+    const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    const bool isMouse = message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST;
+    if (!isKey && !isMouse) return;
     HWND focus = ::GetFocus();
     const auto hasObject = [](HWND window) { return CWnd::FromHandlePermanent(window) != nullptr; };
     try {

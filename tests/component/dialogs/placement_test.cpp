@@ -77,6 +77,23 @@ TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
     EXPECT_TRUE(RecordCalls(SessionOperation::WriteData).empty());
 }
 
+// The first focus lies on OK, at the bottom.
+TEST_F(Placement, ASmallRememberedFrameOpensWithItsBeginningInView) {
+    SwitchOn();
+    PutRecord({{L"top.x", L"30"}, {L"top.y", L"30"}, {L"bottom.x", L"330"}, {L"bottom.y", L"230"}});
+    Show({
+        [this] {
+            const HWND view = Dialog().GetParent()->m_hWnd;
+            EXPECT_TRUE(driver.HasFocus(Dialog().GetDlgItem(IDOK)));
+            EXPECT_EQ(GetScrollPos(view, SB_VERT), 0);
+            EXPECT_EQ(GetScrollPos(view, SB_HORZ), 0);
+            driver.PressKey(VK_TAB);
+            EXPECT_GT(GetScrollPos(view, SB_VERT), 0) << "a person's step is followed";
+        },
+        [this] { driver.PressKey(VK_ESCAPE); },
+    });
+}
+
 TEST_F(Placement, RecordIsReadFieldByField) {
     struct Case {
         const char* name;
