@@ -116,7 +116,7 @@ TEST_F(ScrollView, HearsOfEveryFocusOnceTheMouseButtonIsUp) {
 
     // What is clicked on stays under the pointer until the button is up.
     CButton other;
-    other.Create(L"o", WS_VISIBLE | WS_TABSTOP, {60, 0, 90, 20}, view, 3);
+    other.Create(L"o", WS_VISIBLE | WS_TABSTOP, {60, -170, 90, -150}, view, 3);
     std::array<BYTE, 256> keys{};
     ::GetKeyboardState(keys.data());
     auto before = keys;

@@ -17,6 +17,10 @@ public:
                                {{L"Anna", L"a", 0, nullptr}, {L"Berta", L"b", 1, nullptr}, {L"Cora", L"c", 2, nullptr}})
                     : TextRow(L"row" + std::to_wstring(i)));
         }
+        // Its right edge follows the page's.
+        RowSpec wide = TextRow(L"wide", rows);
+        wide.resizeMode = XLayout::kResizeWidth;
+        Add(wide).SetControlWidth(50, 5000);
         Show();
         window.onSize = [this](int cx, int cy) { layout.RecalcLayout(10, 10, cx - 20, cy - 20); };
         Resize(leastWidth(), leastHeight());
@@ -69,6 +73,9 @@ TEST(LayoutScroll, BarsComeWhenTheRowsAtTheirLeastDoNotFit) {
         EXPECT_EQ(page.Has(WS_HSCROLL), each.horizontal);
         EXPECT_EQ(page.Has(WS_VSCROLL), each.vertical);
         EXPECT_EQ(page.Top(0), firstTop);
+        if (!each.horizontal) {
+            EXPECT_EQ(page.ControlRect(L"wide").right, page.window.GetClientRect().right - 10);
+        }
         // What the layout asks for does not depend on what it was given.
         EXPECT_EQ(page.leastWidth(), width);
         EXPECT_EQ(page.leastHeight(), height);
