@@ -49,6 +49,22 @@ void CButton::SetButtonStyle(UINT style, bool redraw) {
     SendMessage(BM_SETSTYLE, style, redraw ? TRUE : FALSE);
 }
 
+const MessageMap* CEdit::GetThisMessageMap() {
+    static const MessageMap map{CWnd::GetThisMessageMap(), {on::Message<&CEdit::OnMouseWheel>(WM_MOUSEWHEEL)}};
+    return &map;
+}
+
+const MessageMap* CEdit::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+// A single line has nothing to scroll, yet not every platform leaves the wheel to the window around it.
+LRESULT CEdit::OnMouseWheel(WPARAM wParam, LPARAM lParam) {
+    HWND parent = ::GetParent(m_hWnd);
+    if ((GetStyle() & ES_MULTILINE) != 0 || parent == nullptr) return Default();
+    return ::SendMessageW(parent, WM_MOUSEWHEEL, wParam, lParam);
+}
+
 bool CEdit::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     return CWnd::Create(L"EDIT", {}, style, rect, parent, id);
 }

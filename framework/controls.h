@@ -30,6 +30,12 @@ class CEdit : public CWnd {
     [[nodiscard]] UINT GetLimitText() const;
     bool SetReadOnly(bool readOnly = true);
     [[nodiscard]] wchar_t GetPasswordChar() const;
+
+    const MessageMap* GetMessageMap() const override;
+    static const MessageMap* GetThisMessageMap();
+
+private:
+    LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
 };
 
 class CListBox : public CWnd {
