@@ -24,6 +24,8 @@ struct ThreadState {
     CWnd* toAttach = nullptr;      // waits for its window's first message
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
     HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
+    HHOOK focusHook = nullptr;     // while there are dialogs that follow the focus with their frame
+    int focusFollowers = 0;
     CWnd* mainWindow = nullptr;
     // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
     std::shared_ptr<IdleHandler> idleHandler = std::make_shared<IdleHandler>();
