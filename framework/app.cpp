@@ -100,9 +100,10 @@ void PumpMessage(MSG& message) {
     HWND focus = ::GetFocus();
     const auto hasObject = [](HWND window) { return CWnd::FromHandlePermanent(window) != nullptr; };
     try {
-        if (focus != nullptr && focus != focusBefore && !hasObject(focus)) qv::detail::FollowFocus(focus, WM_SETFOCUS);
+        if (focus != nullptr && focus != focusBefore && !hasObject(focus))
+            qv::detail::AnnounceFocus(focus, WM_SETFOCUS);
         if (message.message == WM_LBUTTONUP && !hasObject(message.hwnd)) {
-            qv::detail::FollowFocus(message.hwnd, WM_LBUTTONUP);
+            qv::detail::AnnounceFocus(message.hwnd, WM_LBUTTONUP);
         }
     } catch (...) {
         qv::detail::ReportException();

@@ -1,6 +1,9 @@
 #include "framework/dialog.h"
 
+#include <utility>
+
 #include "framework/app.h"
+#include "framework/dialog_focus.h"
 #include "framework/dialog_template.h"
 #include "framework/window_internals.h"
 
@@ -11,6 +14,7 @@ CDialog::CDialog(UINT templateId, CWnd* parent) : m_templateId(templateId), m_pa
 CDialog::~CDialog() {
     // While this is still a dialog, so that its last messages find it as one.
     if (m_hWnd != nullptr) CWnd::DestroyWindow();
+    StopFollowing();
 }
 
 const MessageMap* CDialog::GetThisMessageMap() {
@@ -60,7 +64,40 @@ LRESULT CDialog::OnInitDialogMessage(WPARAM, LPARAM) {
     m_initFailed = true;
     const bool setFocus = OnInitDialog();
     m_initFailed = false;
+    if (m_hWnd != nullptr && (GetStyle() & WS_CHILD) == 0) FollowFocus();
     return setFocus ? TRUE : FALSE;
+}
+
+void CDialog::FollowFocus() {
+    if (m_followsFocus) return;
+    m_followsFocus = true;
+    qv::detail::StartFollowingFocus();
+    // Without a default button of its own a dialog would take whichever button the focus has framed last for it.
+    HWND ok = ::GetDlgItem(m_hWnd, IDOK);
+    if (ok != nullptr && qv::detail::DefaultButtonOf(m_hWnd) == ok) DefWindowProc(DM_SETDEFID, IDOK, 0);
+}
+
+void CDialog::StopFollowing() {
+    if (std::exchange(m_followsFocus, false)) qv::detail::StopFollowingFocus();
+}
+
+LRESULT CDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCDESTROY) StopFollowing();
+    HWND window = m_hWnd;
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    // This object may be gone. What the platform does with these messages moves frames after the focus has changed, by
+    // rules that know only one dialog.
+    switch (message) {
+        case WM_ACTIVATE:
+        case WM_SETFOCUS:
+        case WM_NEXTDLGCTL:
+        case DM_SETDEFID:
+            qv::detail::FrameEnterButton(window);
+            break;
+        default:
+            break;
+    }
+    return result;
 }
 
 bool CDialog::OnInitDialog() {

@@ -44,6 +44,9 @@ class CDialog : public CWnd {
     // leave keys alone. PgUp and PgDn scroll where the focused control has no use for them, and the wheel
     // scrolls what lies under the pointer.
     bool PreTranslateMessage(MSG& message) override;
+    // Of all push buttons in a top-level dialog, nested ones included, the one that Enter presses is framed, and no
+    // other: the one with the focus, else the default button. From the first focus on, however the focus moves.
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
 
@@ -60,6 +63,9 @@ private:
     [[nodiscard]] HWND FindOwner() const;
     void RunModalLoop();
     LRESULT OnInitDialogMessage(WPARAM wParam, LPARAM lParam);
+    void FollowFocus();
+    void StopFollowing();
+    bool TakeKeyOfNobody(MSG& message);
     bool TranslateEnterOrEscape(const MSG& message);
     bool TranslatePageKey(const MSG& message);
     bool TranslateScrollKey(const MSG& message);
@@ -68,5 +74,6 @@ private:
     bool m_inModalLoop = false;
     bool m_ended = false;
     bool m_initFailed = false;
+    bool m_followsFocus = false;
     int m_modalResult = -1;
 };

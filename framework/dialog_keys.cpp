@@ -4,6 +4,7 @@
 #include <array>
 
 #include "framework/dialog.h"
+#include "framework/dialog_focus.h"
 #include "framework/text.h"
 
 namespace {
@@ -72,9 +73,23 @@ bool CDialog::PreTranslateMessage(MSG& message) {
     if ((GetStyle() & WS_CHILD) != 0) return false;
     if (message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL) LeadWheelToPointer(message);
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
-    if (TranslateEnterOrEscape(message) || TranslatePageKey(message) || TranslateScrollKey(message)) return true;
+    HWND dialog = m_hWnd;
+    const bool used = TakeKeyOfNobody(message) || TranslateEnterOrEscape(message) || TranslatePageKey(message) ||
+                      TranslateScrollKey(message) || ::IsDialogMessageW(dialog, &message) != FALSE;
+    // A key that ended the dialog may have ended this object as well.
+    if (used) qv::detail::FrameEnterButton(dialog);
+    return used;
+}
 
-    return ::IsDialogMessageW(m_hWnd, &message) != FALSE;
+// While nobody has the focus, keys come to the active window as if Alt were held, less the bit that says so, and the
+// dialog would be dead. Nobody should lose the focus, but a host may disable whatever it likes. Enter and Escape still
+// mean what they always mean; any other key brings the focus back.
+bool CDialog::TakeKeyOfNobody(MSG& message) {
+    const bool withAlt = (HIWORD(static_cast<DWORD_PTR>(message.lParam)) & KF_ALTDOWN) != 0;
+    if (message.message != WM_SYSKEYDOWN || withAlt || ::GetFocus() != nullptr) return false;
+    qv::detail::BringFocusBack(m_hWnd);
+    message.message = WM_KEYDOWN;
+    return message.wParam != VK_RETURN && message.wParam != VK_ESCAPE;
 }
 
 bool CDialog::TranslateEnterOrEscape(const MSG& message) {
@@ -89,10 +104,9 @@ bool CDialog::TranslateEnterOrEscape(const MSG& message) {
     } else if ((wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
         SendClick(::GetParent(message.hwnd), ::GetDlgCtrlID(message.hwnd), message.hwnd);
     } else {
-        // Only a button of this dialog's own counts: the platform also finds nested ones.
-        const auto found = static_cast<DWORD_PTR>(SendMessage(DM_GETDEFID));
-        const int id = HIWORD(found) == DC_HASDEFID ? static_cast<int>(LOWORD(found)) : IDOK;
-        PressOwn(m_hWnd, ::GetDlgItem(m_hWnd, id) != nullptr ? id : IDOK);
+        // An OK in a nested dialog is pressed by way of this dialog's OnOK.
+        HWND button = qv::detail::DefaultButtonOf(m_hWnd);
+        PressOwn(m_hWnd, button != nullptr && ::GetParent(button) == m_hWnd ? ::GetDlgCtrlID(button) : IDOK);
     }
     return true;
 }

@@ -122,7 +122,12 @@ bool CPropertySheet::ShowPage(int index) {
         m_active = index;
         if (hadFocus) {
             HWND first = ::GetNextDlgTabItem(page->m_hWnd, nullptr, FALSE);
-            ::SetFocus(first != nullptr ? first : m_tab.m_hWnd);
+            // As Tab would get there, which selects a field's text.
+            if (first != nullptr) {
+                page->SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
+            } else {
+                m_tab.SetFocus();
+            }
         }
         if (before != nullptr && before->m_hWnd != nullptr) before->ShowWindow(SW_HIDE);
     }

@@ -182,7 +182,7 @@ const wchar_t* PlainClassName() {
 
 // Whoever scrolls on a focus would take the window away from under the pointer that clicked on it, so the mouse button
 // comes up first.
-void FollowFocus(HWND window, UINT message) {
+void AnnounceFocus(HWND window, UINT message) {
     ThreadState& thread = ThisThread();
     if (message == WM_SETFOCUS && GetFocus() == window) {
         const bool clicked = GetKeyState(VK_LBUTTON) < 0;
@@ -207,7 +207,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     LRESULT result = 0;
     try {
         result = WindowAccess::Dispatch(*object, message, wParam, lParam);
-        FollowFocus(window, message);
+        AnnounceFocus(window, message);
     } catch (...) {
         ReportException();
         result = AnswerAfterException(window, message);

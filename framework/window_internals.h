@@ -24,6 +24,8 @@ struct ThreadState {
     CWnd* toAttach = nullptr;      // waits for its window's first message
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
     HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
+    HHOOK focusHook = nullptr;     // while there are dialogs that follow the focus with their frame
+    int focusFollowers = 0;
     CWnd* mainWindow = nullptr;
     HWND focusToTell = nullptr;  // came to the focus by a mouse button that is still down
     // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
@@ -66,7 +68,7 @@ private:
 
 // Tells the windows around a control that the focus came to it (WM_SETFOCUS), once no mouse button is down any more
 // (WM_LBUTTONUP). Called with the messages of windows that have an object, and by the loop for those that have none.
-void FollowFocus(HWND window, UINT message);
+void AnnounceFocus(HWND window, UINT message);
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 

@@ -71,7 +71,9 @@ class CWnd : public CCmdTarget {
     // True when the style changed. flags: additional SetWindowPos flags, 0 to leave the frame alone.
     bool ModifyStyle(DWORD remove, DWORD add, UINT flags = 0);
     bool ModifyStyleEx(DWORD remove, DWORD add, UINT flags = 0);
-    bool EnableWindow(bool enable = true);  // true when it was disabled before
+    // True when it was disabled before. In a dialog, a focus that lies in a window that is disabled goes on to the next
+    // tab stop first.
+    bool EnableWindow(bool enable = true);
     [[nodiscard]] bool IsWindowEnabled() const;
     bool ShowWindow(int command);
     [[nodiscard]] bool IsWindowVisible() const;

@@ -1,5 +1,6 @@
 // CWnd: text, state, place in the tree and on the screen, data exchange.
 #include "framework/data_exchange.h"
+#include "framework/dialog_focus.h"
 #include "framework/wnd.h"
 
 std::wstring CWnd::GetWindowText() const {
@@ -54,6 +55,7 @@ bool CWnd::ModifyStyleEx(DWORD remove, DWORD add, UINT flags) {
 }
 
 bool CWnd::EnableWindow(bool enable) {
+    if (!enable) qv::detail::PassFocusOn(m_hWnd);
     return ::EnableWindow(m_hWnd, enable ? TRUE : FALSE) != FALSE;
 }
 

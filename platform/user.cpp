@@ -67,9 +67,16 @@ LPARAM KeyBits(int key, bool alt, bool up) {
     return static_cast<LPARAM>(bits);
 }
 
-HWND KeyTarget() {
-    const HWND focus = GetFocus();
-    return focus ? focus : GetActiveWindow();
+// Where a key goes, and whether as a system key: Alt without Ctrl makes it one, F10 always is one, and while no window
+// has the focus every key is, sent to the active window without the bit that says Alt.
+struct Target {
+    HWND window;
+    bool system;
+};
+
+Target TargetOf(int key, User::Held held) {
+    if (const HWND focus = GetFocus()) return {focus, (held.alt && !held.control) || key == VK_F10};
+    return {GetActiveWindow(), true};
 }
 
 }  // namespace
@@ -98,16 +105,15 @@ void User::Pump() const {
 }
 
 bool User::Press(int virtualKey, Held held) const {
-    const HWND target = KeyTarget();
-    if (!target) return false;
+    const Target target = TargetOf(virtualKey, held);
+    if (!target.window) return false;
     const HeldKeys keys(held);
-    const bool system = held.alt && !held.control;
     const auto key = static_cast<WPARAM>(virtualKey);
-    PostMessageW(target, system ? WM_SYSKEYDOWN : WM_KEYDOWN, key, KeyBits(virtualKey, held.alt, false));
+    PostMessageW(target.window, target.system ? WM_SYSKEYDOWN : WM_KEYDOWN, key, KeyBits(virtualKey, held.alt, false));
     Pump();
     // The key is released wherever the focus is by then.
-    if (const HWND then = KeyTarget()) {
-        PostMessageW(then, system ? WM_SYSKEYUP : WM_KEYUP, key, KeyBits(virtualKey, held.alt, true));
+    if (const Target then = TargetOf(virtualKey, held); then.window) {
+        PostMessageW(then.window, then.system ? WM_SYSKEYUP : WM_KEYUP, key, KeyBits(virtualKey, held.alt, true));
         Pump();
     }
     return true;
@@ -115,9 +121,9 @@ bool User::Press(int virtualKey, Held held) const {
 
 bool User::Type(std::wstring_view text) const {
     for (const wchar_t unit : text) {
-        const HWND target = KeyTarget();
-        if (!target) return false;
-        PostMessageW(target, WM_CHAR, static_cast<WPARAM>(unit), 1);
+        const Target target = TargetOf(0, {});
+        if (!target.window) return false;
+        PostMessageW(target.window, target.system ? WM_SYSCHAR : WM_CHAR, static_cast<WPARAM>(unit), 1);
         Pump();
     }
     return true;

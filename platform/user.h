@@ -25,8 +25,8 @@ public:
     // The pump runs after every action and must empty the queue; without one, messages are dispatched untranslated.
     explicit User(std::function<void()> pump = {});
 
-    // Presses and releases a virtual key. It goes to the window with the focus, or to the active one when none has it;
-    // false when there is neither.
+    // Presses and releases a virtual key. It goes to the window with the focus, or, as a system key, to the active one
+    // when none has it; false when there is neither.
     bool Press(int virtualKey, Held held) const;
     bool Press(int virtualKey) const { return Press(virtualKey, Held()); }
 

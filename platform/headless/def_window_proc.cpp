@@ -120,9 +120,11 @@ LRESULT MouseActivate(const Window& window, WPARAM wParam, LPARAM lParam) {
 }
 
 // Alt+F4 and the Alt key belong to the top-level window.
-LRESULT SystemKey(HWND handle, WPARAM key) {
+LRESULT SystemKey(HWND handle, WPARAM key, LPARAM bits) {
     Window* top = TopLevelOf(Peek(handle));
-    if (key == VK_F4 && top && !(GetClassLongPtrW(top->handle, GCL_STYLE) & CS_NOCLOSE)) {
+    // System keys without Alt are those of a time when nobody has the focus.
+    const bool alt = (HIWORD(static_cast<std::uintptr_t>(bits)) & KF_ALTDOWN) != 0;
+    if (key == VK_F4 && alt && top && !(GetClassLongPtrW(top->handle, GCL_STYLE) & CS_NOCLOSE)) {
         PostMessageW(top->handle, WM_SYSCOMMAND, SC_CLOSE, 0);
     }
     return 0;
@@ -231,7 +233,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_SYSCOMMAND:
             return SystemCommand(handle, wParam);
         case WM_SYSKEYDOWN:
-            return SystemKey(handle, wParam);
+            return SystemKey(handle, wParam, lParam);
         case WM_MOUSEWHEEL:
         case WM_MOUSEHWHEEL:
         case WM_CONTEXTMENU:

@@ -207,6 +207,41 @@ TEST_F(Dialog, KeysDoWhatTheyMean) {
     }
 }
 
+// With the focus nowhere every key is a system key for the active window, in which the dialog sees no Tab, Enter or
+// Escape; only a letter still finds its mnemonic.
+TEST_F(Dialog, IsDeafWhileNobodyHasTheFocus) {
+    std::vector<MSG> keys;
+    const User recorded([&] {
+        PumpMessages([&](MSG& message) {
+            if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) keys.push_back(message);
+            return IsDialogMessageW(m_dialog, &message) != FALSE;
+        });
+    });
+    SetFocus(Item(IDCANCEL));
+    EnableWindow(Item(IDCANCEL), FALSE);
+    ASSERT_EQ(GetFocus(), nullptr);
+    for (const int key : {VK_TAB, VK_RETURN, VK_ESCAPE, VK_F4}) {
+        SCOPED_TRACE(key);
+        keys.clear();
+        ASSERT_TRUE(recorded.Press(key));
+        ASSERT_EQ(keys.size(), key == VK_F4 ? 2U : 3U);
+        EXPECT_EQ(keys.front().message, UINT{WM_SYSKEYDOWN});
+        EXPECT_EQ(keys.back().message, UINT{WM_SYSKEYUP});
+        for (const MSG& message : keys) {
+            EXPECT_EQ(message.hwnd, m_dialog);
+            EXPECT_EQ(HIWORD(message.lParam) & KF_ALTDOWN, 0);
+        }
+        EXPECT_EQ(GetFocus(), nullptr);
+        EXPECT_EQ(TakeCommands(), std::vector<Command>{});
+    }
+    recorded.Press('C');
+    EXPECT_EQ(FocusId(), kCheck);
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kCheck, BN_CLICKED}}));
+    // With Alt, and somebody's focus, the same key closes.
+    recorded.Press(VK_F4, {.alt = true});
+    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{IDCANCEL, 0}}));
+}
+
 TEST_F(Dialog, ArrowsWalkThroughRadioButtonsAndCheckThem) {
     SetFocus(Item(kFirst));
     const struct {

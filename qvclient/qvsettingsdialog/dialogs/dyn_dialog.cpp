@@ -167,6 +167,9 @@ void XDynDialog::TranslateButtons() {
 }
 
 LRESULT XDynDialog::OnInitFocus(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    // Of several buttons with the default style a template makes the last one the default; Enter means OK here. Not
+    // sent to the dialog: this handler's own message has the same number.
+    DefWindowProc(DM_SETDEFID, IDOK, 0);
     if (CWnd* button = GetDlgItem(IDC_DEFAULT_BUTTON)) {
         if (CWnd* next = GetNextDlgTabItem(button)) GotoDlgCtrl(next);
     }

@@ -72,6 +72,8 @@ void XDynDialogModeless::OnClose() {
 
 void XDynDialogModeless::SetModified(bool modified) {
     m_modified = modified;
+    // A refused value has taken the focus by now; otherwise it would end with nobody, and the keyboard with it.
+    if (!modified && m_apply.IsLive() && ::GetFocus() == m_apply.m_hWnd) GotoDlgCtrl(GetDlgItem(IDOK));
     if (m_apply.IsLive()) m_apply.EnableWindow(modified);
 }
 

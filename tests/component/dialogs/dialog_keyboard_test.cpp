@@ -1,0 +1,191 @@
+// The settings dialog by keyboard and mouse together: who has the focus after Apply, and which button shows that Enter
+// presses it.
+#include "framework/app.h"
+#include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
+#include "tests/component/dialogs/whole_dialog.h"
+#include "tests/framework/framed_buttons.h"
+
+namespace {
+
+class DialogKeyboard : public WholeDialog {
+protected:
+    DialogKeyboard() { host.DefinePlainPage(); }
+
+    // A second page whose controls hold push buttons: a dialog button and a chooser; beside them a colour, which is
+    // drawn by itself and no push button.
+    void DefineButtonPage() {
+        host.DefinePage(L"2", L"Buttons");
+        host.DefineItem(L"more/text",
+                        {{L"type", L"3"}, {L"label", L"Te&xt"}, {L"default", L"hello"}, {L"pagenumber", L"2"}});
+        host.DefineItem(L"more/notes",
+                        {{L"type", L"10"}, {L"label", L"&Notes"}, {L"pagenumber", L"2"}, {L"ordernumber", L"1"}});
+        host.DefineItem(L"more/folder", {{L"type", L"7"},
+                                         {L"label", L"Folder"},
+                                         {L"pagenumber", L"2"},
+                                         {L"ordernumber", L"2"},
+                                         {L"checkpath", L"0"}});
+        host.DefineItem(L"more/colour",
+                        {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"2"}, {L"ordernumber", L"3"}});
+    }
+    [[nodiscard]] HWND Button(int id) const { return ::GetDlgItem(driver.Dialog().m_hWnd, id); }
+    [[nodiscard]] HWND Row(std::wstring_view key) const { return driver.Control(key)->m_hWnd; }
+    void ExpectFramed(HWND button) const {
+        EXPECT_EQ(FramedButtons(::GetAncestor(driver.Dialog().m_hWnd, GA_ROOT)), std::vector<HWND>{button});
+    }
+    // What must hold at any moment: the push button with the focus is framed, or else OK.
+    void ExpectFrameAtFocus() const {
+        HWND focus = ::GetFocus();
+        ASSERT_NE(focus, nullptr);
+        const bool push =
+            (::SendMessageW(focus, WM_GETDLGCODE, 0, 0) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+        ExpectFramed(push ? focus : Button(IDOK));
+    }
+
+    const qv::User user{[] { PumpPending(); }};
+};
+
+TEST_F(DialogKeyboard, GoesOnFromOkAfterEveryApply) {
+    const auto apply = [this](int key) {
+        return [this, key] {
+            EXPECT_TRUE(driver.Type(L"common/name", L"Dora"));
+            user.Focus(Button(IDC_APPLY_BUTTON));
+            EXPECT_TRUE(user.Press(key));
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            EXPECT_EQ(::GetFocus(), Button(IDOK));
+            ExpectFramed(Button(IDOK));
+            user.Press(VK_TAB);
+            EXPECT_EQ(::GetFocus(), Button(IDCANCEL));
+        };
+    };
+    EXPECT_EQ(Show({apply(VK_SPACE), apply(VK_RETURN), apply(VK_SPACE), [this] { user.Press(VK_ESCAPE); }}), IDCANCEL);
+    EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
+}
+
+TEST_F(DialogKeyboard, ARefusedApplyLeavesTheFocusAtTheValue) {
+    EXPECT_EQ(Show({
+                  [this] {
+                      EXPECT_TRUE(driver.Type(L"common/count", L"11"));
+                      user.Focus(Button(IDC_APPLY_BUTTON));
+                      user.Press(VK_SPACE);
+                      EXPECT_EQ(driver.boxes.size(), 1U);
+                      EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+                      EXPECT_EQ(::GetFocus(), Row(L"common/count"));
+                      ExpectFramed(Button(IDOK));
+                  },
+                  [this] { user.Type(L"9"); },
+                  [this] { user.Press(VK_RETURN); },
+              }),
+              IDOK);
+    EXPECT_EQ(host.Stored(L"common/count"), L"9");
+}
+
+TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
+    DefineButtonPage();
+    Show({
+        [this] { ExpectFramed(Button(IDOK)); },
+        // Round the first page and round the second, and back.
+        [this] {
+            for (const int page : {0, 1}) {
+                EXPECT_TRUE(driver.SwitchPage(page));
+                for (const bool shift : {false, true}) {
+                    for (int i = 0; i < 16; ++i) {
+                        user.Press(VK_TAB, {.shift = shift});
+                        ExpectFrameAtFocus();
+                    }
+                }
+            }
+        },
+        [this] {
+            user.Focus(Row(L"more/notes"));
+            ExpectFramed(Row(L"more/notes"));
+            user.Click(Row(L"more/text"));
+            ExpectFramed(Button(IDOK));
+            user.Press('N', {.alt = true});
+            ExpectFramed(Row(L"more/notes"));
+            user.Click(Row(L"more/text"));
+            ExpectFramed(Button(IDOK));
+            HWND browse = ::GetWindow(Row(L"more/folder"), GW_CHILD);
+            while (browse != nullptr && (::SendMessageW(browse, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) == 0)
+                browse = ::GetWindow(browse, GW_HWNDNEXT);
+            user.Focus(browse);
+            ExpectFramed(browse);
+            user.Focus(Row(L"more/colour"));
+            ExpectFramed(Button(IDOK));
+        },
+        // Default, with the mouse, wakes Apply; the frame is where the focus is.
+        [this] {
+            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
+            ExpectFramed(Button(IDC_DEFAULT_BUTTON));
+            user.Focus(Row(L"more/notes"));
+            user.Press(VK_NEXT, {.control = true});
+            ExpectFramed(Button(IDOK));
+        },
+        // A box over the dialog, as a refused value brings it up, and back.
+        [this] {
+            EXPECT_TRUE(driver.Type(L"common/count", L"11"));
+            qv::SetMessageBoxSink([this](const qv::MessageBoxCall&) {
+                CWnd box;
+                box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
+                ::SetActiveWindow(box.m_hWnd);
+                EXPECT_EQ(FramedButtons(driver.Frame().m_hWnd).size(), 1U);
+                return IDOK;
+            });
+            EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+            EXPECT_EQ(::GetFocus(), Row(L"common/count"));
+            ExpectFramed(Button(IDOK));
+        },
+        [this] { user.Press(VK_ESCAPE); },
+    });
+}
+
+// The template of the modeless dialog makes three buttons the default.
+TEST_F(DialogKeyboard, TheModelessDialogMeansOkByEnter) {
+    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XDynDialogModeless dialog(constructionSet, nullptr);
+    ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
+    dialog.ShowWindow(SW_SHOW);
+    PumpPending();
+    ExpectFrameAtFocus();
+    EXPECT_TRUE(driver.Type(L"common/name", L"Gerda"));
+    ExpectFramed(Button(IDOK));
+    user.Focus(Button(IDC_APPLY_BUTTON));
+    ExpectFramed(Button(IDC_APPLY_BUTTON));
+    user.Press(VK_RETURN);
+    EXPECT_EQ(::GetFocus(), Button(IDOK));
+    ExpectFramed(Button(IDOK));
+    EXPECT_TRUE(driver.Type(L"common/name", L"Hilde"));
+    user.Press(VK_RETURN);
+    EXPECT_FALSE(dialog.IsLive());
+    EXPECT_EQ(host.Stored(L"common/name"), L"Hilde");
+}
+
+TEST_F(DialogKeyboard, TheFourButtonDialogFramesOneToo) {
+    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    const int code = driver.Run(
+        [&] {
+            XDynDialog dialog(constructionSet, nullptr);
+            return static_cast<int>(dialog.DoModal());
+        },
+        {
+            [this] {
+                ExpectFramed(Button(IDOK));
+                for (int i = 0; i < 10; ++i) {
+                    user.Press(VK_TAB);
+                    ExpectFrameAtFocus();
+                }
+                user.Focus(Button(IDC_HELP_BUTTON));
+                ExpectFramed(Button(IDC_HELP_BUTTON));
+                user.Click(Row(L"common/name"));
+                ExpectFramed(Button(IDOK));
+            },
+            [this] { user.Press(VK_RETURN); },
+        });
+    EXPECT_EQ(code, IDOK);
+}
+
+}  // namespace

@@ -1,0 +1,24 @@
+// Which push buttons below a window wear the frame that says "Enter presses me". Counts by class and style, in every
+// window below, shown or not.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+inline std::vector<HWND> FramedButtons(HWND top) {
+    std::vector<HWND> framed;
+    ::EnumChildWindows(
+        top,
+        [](HWND window, LPARAM list) -> BOOL {
+            wchar_t name[16] = {};
+            ::GetClassNameW(window, name, 16);
+            const auto type = static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & BS_TYPEMASK;
+            const bool isButton = std::wstring_view(name) == L"Button" || std::wstring_view(name) == L"BUTTON";
+            if (isButton && type == BS_DEFPUSHBUTTON) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&framed));
+    return framed;
+}
