@@ -44,12 +44,12 @@ void CScrollView::ScrollToPosition(POINT position) {
     m_scroller.ScrollTo(position);
 }
 
-void CScrollView::OnDescendantFocused(HWND descendant) {
-    CView::OnDescendantFocused(descendant);
+HWND CScrollView::OnDescendantFocused(HWND descendant) {
     CRect rect;
     ::GetWindowRect(descendant, &rect);
     ScreenToClient(rect);
     m_scroller.BringIntoView(rect);
+    return CView::OnDescendantFocused(descendant);
 }
 
 void CScrollView::OnSize(UINT type, int cx, int cy) {

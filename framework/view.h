@@ -29,7 +29,7 @@ class CScrollView : public CView {
     [[nodiscard]] POINT GetScrollPosition() const;
     void ScrollToPosition(POINT position);
     // Scrolls until the focused control is visible.
-    void OnDescendantFocused(HWND descendant) override;
+    HWND OnDescendantFocused(HWND descendant) override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();

@@ -116,8 +116,9 @@ class CWnd : public CCmdTarget {
     // when this window holds pages and dealt with it.
     virtual bool OnSwitchPage(int step);
     // The focus came to this descendant, in whatever way: the place to scroll it into view. While a mouse button is
-    // down it is told only once the button is up, so that nothing moves away under the pointer.
-    virtual void OnDescendantFocused(HWND descendant);
+    // down it is told only once the button is up, so that nothing moves away under the pointer. Returns what the windows
+    // further out are told of: the descendant, or this window where it is a control made of several.
+    virtual HWND OnDescendantFocused(HWND descendant);
     // Tells it to every window around the control.
     static void TellOfFocus(HWND control);
     // One at a time; null takes it away. Borrowed: it must be taken away before it goes.

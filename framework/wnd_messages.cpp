@@ -137,14 +137,15 @@ bool CWnd::OnSwitchPage(int) {
     return false;
 }
 
-void CWnd::OnDescendantFocused(HWND descendant) {
+HWND CWnd::OnDescendantFocused(HWND descendant) {
     if (m_hook != nullptr) m_hook->OnDescendantFocused(descendant);
+    return descendant;
 }
 
 void CWnd::TellOfFocus(HWND control) {
     for (HWND around = ::GetAncestor(control, GA_PARENT); around != nullptr;
          around = ::GetAncestor(around, GA_PARENT)) {
-        if (CWnd* object = FromHandlePermanent(around)) object->OnDescendantFocused(control);
+        if (CWnd* object = FromHandlePermanent(around)) control = object->OnDescendantFocused(control);
     }
 }
 

@@ -41,12 +41,9 @@ bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lP
 void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {
     // An open list would stay where it is while its box moves.
     if (::SendMessageW(descendant, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
-    HWND control = descendant;
-    while (control != nullptr && ::GetAncestor(control, GA_PARENT) != m_window)
-        control = ::GetAncestor(control, GA_PARENT);
     const auto& rows = m_layout.m_rows;
-    const auto found = std::find_if(rows.begin(), rows.end(), [control](const auto& row) {
-        return row->HasControl() && row->control->m_hWnd == control;
+    const auto found = std::find_if(rows.begin(), rows.end(), [descendant](const auto& row) {
+        return row->HasControl() && row->control->m_hWnd == descendant;
     });
     if (found == rows.end()) return;
 

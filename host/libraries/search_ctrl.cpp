@@ -97,6 +97,11 @@ void XBaseSearchCtrl::SetAccessibleName(std::wstring_view name) {
     m_button.SetAccessibleName(std::wstring(name) + L" " + kButtonCaption);
 }
 
+HWND XBaseSearchCtrl::OnDescendantFocused(HWND descendant) {
+    CWnd::OnDescendantFocused(descendant);
+    return m_hWnd;
+}
+
 HWND XBaseSearchCtrl::DialogOwner() const {
     const CWnd* top = GetTopLevelParent();
     return top != nullptr ? top->m_hWnd : nullptr;

@@ -31,6 +31,8 @@ class XBaseSearchCtrl : public CWnd {
 
     // The field goes by the chooser's name too, and the button by it with its own caption.
     void SetAccessibleName(std::wstring_view name) override;
+    // Whoever shows the field shows the button with it.
+    HWND OnDescendantFocused(HWND descendant) override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
