@@ -26,10 +26,10 @@ bool HasMessage() {
     return ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) != FALSE;
 }
 
-// Temporary objects are freed only when no window procedure is on the stack that might hold one.
+// Temporary objects are freed only when no call is on the stack that might hold one.
 bool RunIdle(int count) {
     ThreadState& thread = ThisThread();
-    if (thread.procedureDepth == 0) DeleteTemporaryObjects();
+    if (thread.innermostCall == nullptr) DeleteTemporaryObjects();
     const std::shared_ptr<IdleHandler> handler = thread.idleHandler;
     if (!*handler) return false;
     try {
@@ -44,6 +44,7 @@ bool PreTranslate(MSG& message) {
     // From the message's window up to the top-level one, not to its owner.
     for (HWND window = message.hwnd; window != nullptr;) {
         if (CWnd* object = CWnd::FromHandlePermanent(window)) {
+            const qv::CallScope call(window);
             if (object->PreTranslateMessage(message)) return true;
             if (::IsWindow(window) == FALSE) return false;
         }

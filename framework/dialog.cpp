@@ -51,19 +51,21 @@ void CDialog::InitModalIndirect(std::span<const std::byte> dialogTemplate, CWnd*
 
 bool CDialog::CreateFromTemplate(HWND parent, DWORD removeStyle, DWORD addStyle, DWORD addExStyle) {
     if (m_hWnd != nullptr) return false;
-    m_initFailed = false;
+    m_init = Init::NotReached;
+    m_gaveUp = false;
     const auto source = m_template.empty() ? qv::detail::FindDialogTemplate(m_templateId) : m_template;
     const auto copy = qv::detail::RestyledTemplate(source, removeStyle, addStyle, addExStyle);
     if (copy.empty()) return false;
+    const qv::detail::CreationHold hold(*this);
     HWND window = qv::detail::CreateFromDialogTemplate(*this, copy.data(), parent);
-    if (window != nullptr && m_initFailed) DestroyWindow();
+    if (window != nullptr && m_init == Init::Failed) DestroyWindow();
     return window != nullptr && m_hWnd != nullptr;
 }
 
 LRESULT CDialog::OnInitDialogMessage(WPARAM, LPARAM) {
-    m_initFailed = true;
+    m_init = Init::Failed;  // unless it comes to its end
     const bool setFocus = OnInitDialog();
-    m_initFailed = false;
+    if (!m_gaveUp) m_init = Init::Done;
     if (m_hWnd != nullptr && (GetStyle() & WS_CHILD) == 0) FollowFocus();
     return setFocus ? TRUE : FALSE;
 }
@@ -100,6 +102,8 @@ LRESULT CDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
+void CDialog::OnNotShown() {}
+
 bool CDialog::OnInitDialog() {
     UpdateData(false);
     return true;
@@ -129,34 +133,70 @@ HWND CDialog::FindOwner() const {
     return candidate != nullptr && ::IsWindow(candidate) != FALSE ? ::GetAncestor(candidate, GA_ROOT) : nullptr;
 }
 
+// The owner is disabled while it exists, and gets its state and focus back at the end.
+class CDialog::Modality {
+public:
+    explicit Modality(CDialog& dialog)
+        : m_dialog(dialog),
+          m_moment(qv::detail::Deferral::Now()),
+          m_owner(dialog.FindOwner()),
+          m_focusBefore(::GetFocus()),
+          m_disableOwner(m_owner != nullptr && ::IsWindowEnabled(m_owner) != FALSE) {
+        if (m_disableOwner) ::EnableWindow(m_owner, FALSE);
+        m_dialog.m_inModalLoop = true;
+    }
+    ~Modality() {
+        m_dialog.m_inModalLoop = false;
+        HWND window = m_dialog.m_hWnd;
+        // The owner first: a disabled one could not become active when the dialog goes.
+        if (m_disableOwner && ::IsWindow(m_owner) != FALSE) ::EnableWindow(m_owner, TRUE);
+        HWND active = ::GetActiveWindow();
+        const bool passActivationOn = m_wasCreated && (active == window || active == nullptr);
+        if (passActivationOn && ::IsWindow(m_owner) != FALSE) ::SetActiveWindow(m_owner);
+        if (m_dialog.m_hWnd != nullptr) m_dialog.DestroyWindow();
+        const bool focusIsInOwner = m_focusBefore != nullptr && ::IsWindow(m_focusBefore) != FALSE &&
+                                    ::GetAncestor(m_focusBefore, GA_ROOT) == m_owner;
+        if (focusIsInOwner && ::GetActiveWindow() == m_owner && ::IsWindowEnabled(m_focusBefore) != FALSE) {
+            ::SetFocus(m_focusBefore);
+        }
+        // Nothing of the dialog is left on the stack, whatever runs further out.
+        qv::detail::Deferral::DeleteMadeSince(m_moment);
+    }
+    Modality(const Modality&) = delete;
+    Modality& operator=(const Modality&) = delete;
+
+    [[nodiscard]] HWND Owner() const noexcept { return m_owner; }
+    void SetCreated() noexcept { m_wasCreated = true; }
+
+private:
+    CDialog& m_dialog;
+    std::uint64_t m_moment;
+    HWND m_owner;
+    HWND m_focusBefore;
+    bool m_disableOwner;
+    bool m_wasCreated = false;
+};
+
 INT_PTR CDialog::DoModal() {
     if (m_hWnd != nullptr || m_inModalLoop) return -1;
-    HWND owner = FindOwner();
-    HWND focusBefore = ::GetFocus();
-    const bool disableOwner = owner != nullptr && ::IsWindowEnabled(owner) != FALSE;
-    if (disableOwner) ::EnableWindow(owner, FALSE);
+    const INT_PTR result = RunModal();
+    if (result == -1 && m_init != Init::Done) OnNotShown();
+    return result;
+}
 
+INT_PTR CDialog::RunModal() {
     m_modalResult = -1;
     m_ended = false;
-    m_inModalLoop = true;
-    const bool created = CreateFromTemplate(owner);
-    HWND window = m_hWnd;
-    if (created) RunModalLoop();
-    m_inModalLoop = false;
-    // A window that went without EndDialog, and a thread that quits, count as cancelled.
-    if (created && !m_ended) m_modalResult = IDCANCEL;
-
-    // The owner first: a disabled one could not become active when the dialog goes.
-    if (disableOwner && ::IsWindow(owner) != FALSE) ::EnableWindow(owner, TRUE);
-    HWND active = ::GetActiveWindow();
-    if (owner != nullptr && created && (active == window || active == nullptr)) ::SetActiveWindow(owner);
-    if (m_hWnd != nullptr) DestroyWindow();
-    const bool focusIsInOwner =
-        focusBefore != nullptr && ::IsWindow(focusBefore) != FALSE && ::GetAncestor(focusBefore, GA_ROOT) == owner;
-    if (focusIsInOwner && ::GetActiveWindow() == owner && ::IsWindowEnabled(focusBefore) != FALSE) {
-        ::SetFocus(focusBefore);
+    Modality modality(*this);
+    const bool created = CreateFromTemplate(modality.Owner());
+    if (created) {
+        modality.SetCreated();
+        RunModalLoop();
     }
-    return m_modalResult;
+    if (m_init == Init::Failed) return -1;
+    if (m_ended) return m_modalResult;
+    // A window that went without EndDialog, and a thread that quits, count as cancelled.
+    return m_init == Init::Done ? IDCANCEL : -1;
 }
 
 void CDialog::RunModalLoop() {
@@ -167,7 +207,7 @@ void CDialog::RunModalLoop() {
         ShowWindow(SW_SHOWNORMAL);
         ::UpdateWindow(window);
     }
-    RunMessageLoop([this, window] { return !m_ended && ::IsWindow(window) != FALSE; });
+    RunMessageLoop([this, window] { return !m_ended && m_hWnd == window; });
 }
 
 void CDialog::GotoDlgCtrl(CWnd* control) {

@@ -23,13 +23,15 @@ class CDialog : public CWnd {
     // Says what DoModal will use; the bytes must stay until it returns.
     void InitModalIndirect(std::span<const std::byte> dialogTemplate, CWnd* parent = nullptr);
     // Creates the window from the template, disables the owner, runs until EndDialog, gives the owner its state and
-    // focus back and destroys the window. The code of EndDialog; IDCANCEL when the window was destroyed or the thread
-    // is to quit; -1 when the window could not be created or OnInitDialog threw.
+    // focus back and destroys the window. The code of EndDialog; IDCANCEL when the window was destroyed before anybody
+    // ended it, during OnInitDialog too, or the thread is to quit; -1, after OnNotShown, when the platform refused the
+    // window or a control, or OnInitDialog threw or gave up. Objects that belong to windows and were made meanwhile are
+    // gone when it returns.
     virtual INT_PTR DoModal();
     // Ends the modal loop with this result. A dialog that runs no loop stays as it is.
     void EndDialog(int result);
 
-    // True lets the platform set the first focus.
+    // True lets the platform set the first focus. May find its window destroyed after whatever it called.
     virtual bool OnInitDialog();
     virtual void OnOK();      // UpdateData, then EndDialog(IDOK)
     virtual void OnCancel();  // EndDialog(IDCANCEL)
@@ -54,13 +56,24 @@ protected:
     // Creates the dialog window from the template in the current module's resources, or from the one in memory when
     // there is one, with these changes to its styles; not yet visible for DoModal.
     bool CreateFromTemplate(HWND parent, DWORD removeStyle = 0, DWORD addStyle = 0, DWORD addExStyle = 0);
+    // For OnInitDialog, when the dialog lacks what it cannot do without: the window is destroyed again, Create answers
+    // false and DoModal -1.
+    void GiveUpInit() noexcept { m_gaveUp = true; }
+    // DoModal shows no dialog and is about to answer -1; everything is put back. The place to tell the user.
+    virtual void OnNotShown();
+    // EndDialog was called, and the loop has still to end.
+    [[nodiscard]] bool IsEnding() const noexcept { return m_inModalLoop && m_ended; }
 
     UINT m_templateId = 0;
     std::span<const std::byte> m_template;  // in memory; empty for one in the resources
     CWnd* m_parent = nullptr;
 
 private:
+    enum class Init { NotReached, Failed, Done };
+    class Modality;
+
     [[nodiscard]] HWND FindOwner() const;
+    INT_PTR RunModal();
     void RunModalLoop();
     LRESULT OnInitDialogMessage(WPARAM wParam, LPARAM lParam);
     void FollowFocus();
@@ -73,7 +86,8 @@ private:
 
     bool m_inModalLoop = false;
     bool m_ended = false;
-    bool m_initFailed = false;
+    Init m_init = Init::NotReached;
+    bool m_gaveUp = false;
     bool m_followsFocus = false;
     int m_modalResult = -1;
 };

@@ -42,15 +42,9 @@ std::vector<DWORD> RestyledTemplate(std::span<const std::byte> dialogTemplate, D
 }
 
 HWND CreateFromDialogTemplate(CWnd& object, const DWORD* dialogTemplate, HWND parent) {
-    bool attached = false;
-    HWND window = nullptr;
-    {
-        const CreationScope scope(object, false);
-        window = CreateDialogIndirectParamW(GetResourceHandle(), reinterpret_cast<const DLGTEMPLATE*>(dialogTemplate),
-                                            parent, &EmptyDialogProcedure, 0);
-        attached = scope.HasAttached();
-    }
-    if (!attached) WindowAccess::NotCreated(object);
+    const CreationScope scope(object, false);
+    HWND window = CreateDialogIndirectParamW(GetResourceHandle(), reinterpret_cast<const DLGTEMPLATE*>(dialogTemplate),
+                                             parent, &EmptyDialogProcedure, 0);
     return window != nullptr && ::IsWindow(window) != FALSE ? window : nullptr;
 }
 

@@ -19,7 +19,7 @@ namespace qv::detail {
                                                   DWORD addExtended);
 
 // Makes the window and attaches the object before its first message; WM_INITDIALOG goes to the object. Null when the
-// window could not be created; the object has then had its PostNcDestroy.
+// window could not be created, or went again on the way; the object is unattached then and stays its creator's.
 HWND CreateFromDialogTemplate(CWnd& object, const DWORD* dialogTemplate, HWND parent);
 
 }  // namespace qv::detail

@@ -1,6 +1,7 @@
 #include "framework/dialog.h"
 #include "framework/dialog_template.h"
 #include "framework/view.h"
+#include "framework/window_internals.h"
 
 QV_RUNTIME_CLASS(CFormView, CScrollView)
 
@@ -27,10 +28,8 @@ bool CFormView::Create(const wchar_t*, std::wstring_view, DWORD style, const REC
     const auto source = m_template.empty() ? qv::detail::FindDialogTemplate(m_templateId) : m_template;
     const auto copy = qv::detail::RestyledTemplate(
         source, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_VISIBLE, WS_CHILD | WS_CLIPCHILDREN, 0);
-    if (copy.empty() || parent == nullptr) {
-        PostNcDestroy();
-        return false;
-    }
+    if (copy.empty() || parent == nullptr) return false;
+    const qv::detail::CreationHold hold(*this);
     if (qv::detail::CreateFromDialogTemplate(*this, copy.data(), parent->m_hWnd) == nullptr) return false;
     ::SetWindowLongPtrW(m_hWnd, GWLP_ID, static_cast<LONG_PTR>(id));
     // The form is at least as large as it was drawn.
@@ -39,7 +38,7 @@ bool CFormView::Create(const wchar_t*, std::wstring_view, DWORD style, const REC
     MoveWindow(rect, false);
     if ((style & WS_DISABLED) != 0) EnableWindow(false);
     if ((style & WS_VISIBLE) != 0) ShowWindow(SW_SHOW);
-    return true;
+    return IsLive();
 }
 
 LRESULT CFormView::OnInitDialogMessage(WPARAM, LPARAM) {

@@ -1,6 +1,8 @@
 #include "framework/gdi.h"
 
-CClientDC::CClientDC(const CWnd& window) : m_window(window.m_hWnd), m_dc(::GetDC(window.m_hWnd)) {}
+// No window would mean the whole screen to the platform.
+CClientDC::CClientDC(const CWnd& window)
+    : m_window(window.m_hWnd), m_dc(m_window != nullptr ? ::GetDC(m_window) : nullptr) {}
 
 CClientDC::~CClientDC() {
     if (m_dc == nullptr) return;

@@ -5,7 +5,7 @@
 
 #include "framework/wnd.h"
 
-// A device context of a window's client area. Null when the platform gives none.
+// A device context of a window's client area. Null when there is no window or the platform gives none.
 class CClientDC {
 public:
     explicit CClientDC(const CWnd& window);

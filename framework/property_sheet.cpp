@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "framework/window_internals.h"
+
 QV_RUNTIME_CLASS(CPropertySheet, CWnd)
 
 namespace {
@@ -39,9 +41,11 @@ bool CPropertySheet::Create(CWnd* parent, DWORD style, DWORD exStyle) {
     if (parent == nullptr || parent->m_hWnd == nullptr) return false;
     // As large as it can become, so that pages are never laid out in nothing; whoever made the sheet places it.
     m_font = parent->GetFont();
+    const qv::detail::CreationHold hold(*this);
     if (!CreateEx(exStyle, nullptr, m_caption, style | WS_CHILD, parent->GetClientRect(), parent->m_hWnd, 0))
         return false;
     OnInitDialog();
+    if (m_hWnd != nullptr && !m_tab.IsLive()) DestroyWindow();  // without tabs nobody gets at the pages
     return m_hWnd != nullptr;
 }
 

@@ -40,7 +40,8 @@ class CPropertySheet : public CWnd {
     ~CPropertySheet() override;
 
     using CWnd::Create;
-    // Creates the sheet's window as a child of parent and runs OnInitDialog.
+    // Creates the sheet's window as a child of parent and runs OnInitDialog. False when the platform refuses it or its
+    // tab control; a page without a window is tried again when it is activated.
     virtual bool Create(CWnd* parent, DWORD style, DWORD exStyle = 0);
     void AddPage(CPropertyPage* page);
     [[nodiscard]] int GetPageCount() const noexcept;

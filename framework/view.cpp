@@ -15,6 +15,6 @@ const MessageMap* CView::GetMessageMap() const {
 
 void CView::OnInitialUpdate() {}
 
-void CView::PostNcDestroy() {
-    delete this;
+bool CView::BelongsToWindow() const {
+    return true;
 }

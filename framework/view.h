@@ -1,5 +1,6 @@
 // Views without a document: a child window that scrolls (CScrollView) and one made from a dialog template (CFormView).
-// A view is made with new and deletes itself when its window is destroyed, or could not be created.
+// A view is made with new and belongs to its window: it is its creator's until Create has answered true, and goes with
+// the window from then on.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +14,7 @@ class CView : public CWnd {
     ~CView() override;
     // Called once after creation, when the content is there.
     virtual void OnInitialUpdate();
-    void PostNcDestroy() override;
+    [[nodiscard]] bool BelongsToWindow() const override;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();

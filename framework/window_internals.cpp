@@ -59,17 +59,13 @@ LRESULT CALLBACK OnComputerBasedTraining(int code, WPARAM wParam, LPARAM lParam)
 class HandlingScope {
 public:
     HandlingScope(ThreadState& thread, const HandledMessage& message)
-        : m_thread(thread), m_previous(std::exchange(thread.current, message)) {
-        ++m_thread.procedureDepth;
-    }
-    ~HandlingScope() {
-        m_thread.current = m_previous;
-        --m_thread.procedureDepth;
-    }
+        : m_call(message.window), m_thread(thread), m_previous(std::exchange(thread.current, message)) {}
+    ~HandlingScope() { m_thread.current = m_previous; }
     HandlingScope(const HandlingScope&) = delete;
     HandlingScope& operator=(const HandlingScope&) = delete;
 
 private:
+    CallScope m_call;
     ThreadState& m_thread;
     HandledMessage m_previous;
 };
@@ -139,7 +135,7 @@ void ReportException() noexcept {
 }
 
 CreationScope::CreationScope(CWnd& object, bool ownClass)
-    : m_object(object),
+    : m_hold(object),
       m_previousToAttach(std::exchange(ThisThread().toAttach, &object)),
       m_previousBeingCreated(std::exchange(ThisThread().beingCreated, &object)) {
     HHOOK hook = nullptr;
@@ -153,8 +149,12 @@ CreationScope::~CreationScope() {
     ThisThread().beingCreated = m_previousBeingCreated;
 }
 
-bool CreationScope::HasAttached() const {
-    return ThisThread().toAttach != &m_object;
+CreationHold::CreationHold(CWnd& object) : m_object(object) {
+    ++WindowAccess::Creations(object);
+}
+
+CreationHold::~CreationHold() {
+    --WindowAccess::Creations(m_object);
 }
 
 const wchar_t* PlainClassName() {
@@ -204,6 +204,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     if (object == nullptr) return PassOn(window, message, wParam, lParam);
 
     const HandlingScope scope(thread, {window, message, wParam, lParam});
+    if (message == WM_DESTROY) WindowAccess::BeginEnd(*object);
     LRESULT result = 0;
     try {
         result = WindowAccess::Dispatch(*object, message, wParam, lParam);
@@ -214,14 +215,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     }
     if (message == WM_NCDESTROY) {
         // Asked again, since the handler may have detached or deleted the object.
-        if (CWnd* gone = FindPermanent(window); gone != nullptr) {
-            WindowAccess::Forget(*gone);
-            try {
-                gone->PostNcDestroy();
-            } catch (...) {
-                ReportException();
-            }
-        }
+        if (CWnd* gone = FindPermanent(window); gone != nullptr) WindowAccess::FinishEnd(*gone);
     }
     return result;
 }
@@ -230,6 +224,7 @@ void WindowAccess::AttachRouted(CWnd& object, HWND window) {
     object.m_hWnd = window;
     object.m_routed = true;
     object.m_moduleState = &GetModuleState();
+    object.m_madeAt = Deferral::Now();
     AddPermanent(window, &object);
     const auto old = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
     if (old == &WindowProcedure) {
@@ -243,6 +238,24 @@ void WindowAccess::AttachRouted(CWnd& object, HWND window) {
 LRESULT WindowAccess::Dispatch(CWnd& object, UINT message, WPARAM wParam, LPARAM lParam) {
     const ModuleStateSwitch state(object.m_moduleState != nullptr ? *object.m_moduleState : GetModuleState());
     return object.WindowProc(message, wParam, lParam);
+}
+
+void WindowAccess::BeginEnd(CWnd& object) {
+    // Asked while the window still stands in its tree.
+    if (object.BelongsToWindow()) object.m_treeRoot = ::GetAncestor(object.m_hWnd, GA_ROOT);
+}
+
+void WindowAccess::FinishEnd(CWnd& object) {
+    HWND window = object.m_hWnd;
+    Forget(object);
+    if (object.m_creations != 0) return;
+    std::unique_ptr<CWnd> owned(object.BelongsToWindow() ? &object : nullptr);
+    try {
+        object.PostNcDestroy();
+    } catch (...) {
+        ReportException();
+    }
+    if (owned != nullptr) Deferral::Delete(std::move(owned), window, object.m_treeRoot, object.m_madeAt);
 }
 
 void WindowAccess::Forget(CWnd& object) {

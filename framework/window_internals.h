@@ -2,10 +2,12 @@
 // attaching of an object to the window that is being created, and the window procedure.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <unordered_map>
 
 #include "framework/app.h"
+#include "framework/call_scope.h"
 #include "framework/wnd.h"
 
 namespace qv::detail {
@@ -19,8 +21,9 @@ struct HandledMessage {
 
 struct ThreadState {
     std::unordered_map<HWND, std::unique_ptr<CWnd>> temporary;
-    HandledMessage current;        // what the innermost window procedure is handling
-    int procedureDepth = 0;        // window procedures on the stack
+    HandledMessage current;  // what the innermost window procedure is handling
+    CallScope* innermostCall = nullptr;
+    std::uint64_t moment = 0;      // counts on with every call
     CWnd* toAttach = nullptr;      // waits for its window's first message
     CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
     HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
@@ -45,6 +48,18 @@ void AddPassedOn(HWND handle, WNDPROC procedure);
 // Tells the exception handler of the exception that is being handled.
 void ReportException() noexcept;
 
+// While it exists, the object is being created: whatever becomes of its window, it stays its creator's.
+class CreationHold {
+public:
+    explicit CreationHold(CWnd& object);
+    ~CreationHold();
+    CreationHold(const CreationHold&) = delete;
+    CreationHold& operator=(const CreationHold&) = delete;
+
+private:
+    CWnd& m_object;
+};
+
 // While it exists, the next window that this thread creates gets the object. The framework's own class finds the object
 // by itself; for every other class a hook attaches it.
 class CreationScope {
@@ -53,11 +68,9 @@ public:
     ~CreationScope();
     CreationScope(const CreationScope&) = delete;
     CreationScope& operator=(const CreationScope&) = delete;
-    // False when no window got so far that the object could be attached.
-    [[nodiscard]] bool HasAttached() const;
 
 private:
-    CWnd& m_object;
+    CreationHold m_hold;
     CWnd* m_previousToAttach;
     CWnd* m_previousBeingCreated;
     HHOOK m_previousHook;
@@ -77,8 +90,11 @@ struct WindowAccess {
     static void AttachRouted(CWnd& object, HWND window);
     static LRESULT Dispatch(CWnd& object, UINT message, WPARAM wParam, LPARAM lParam);
     static void Forget(CWnd& object);
-    // What an object that lives with its window is told when there never was one.
-    static void NotCreated(CWnd& object) { object.PostNcDestroy(); }
+    // Before and after the window's destruction.
+    static void BeginEnd(CWnd& object);
+    static void FinishEnd(CWnd& object);
+    static int& Creations(CWnd& object) { return object.m_creations; }
+    static std::uint64_t MadeAt(const CWnd& object) { return object.m_madeAt; }
 };
 
 }  // namespace qv::detail

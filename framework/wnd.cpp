@@ -93,28 +93,17 @@ bool CWnd::CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view t
     cs.hwndParent = parent;
     cs.hMenu = reinterpret_cast<HMENU>(idOrMenu);
     cs.hInstance = GetResourceHandle();
-    if (m_hWnd != nullptr || !PreCreateWindow(cs)) {
-        if (m_hWnd == nullptr) PostNcDestroy();
-        return false;
-    }
-    bool attached = false;
-    HWND window = nullptr;
-    {
-        const CreationScope scope(*this, cs.lpszClass == qv::detail::PlainClassName());
-        window = ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y,
-                                   cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
-        attached = scope.HasAttached();
-    }
-    // Once attached, the object has been told of the window's end and may be gone.
-    if (window == nullptr && !attached) PostNcDestroy();
-    return window != nullptr;
+    if (m_hWnd != nullptr || !PreCreateWindow(cs)) return false;
+    const CreationScope scope(*this, cs.lpszClass == qv::detail::PlainClassName());
+    return ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y, cs.cx,
+                             cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams) != nullptr &&
+           m_hWnd != nullptr;
 }
 
 bool CWnd::Create(const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect, CWnd* parent,
                   UINT id) {
     if (parent == nullptr) {
         ::SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        if (m_hWnd == nullptr) PostNcDestroy();
         return false;
     }
     return CreateEx(0, className, title, style | WS_CHILD, rect, parent->m_hWnd, id);
@@ -136,6 +125,10 @@ bool CWnd::DestroyWindow() {
 }
 
 void CWnd::PostNcDestroy() {}
+
+bool CWnd::BelongsToWindow() const {
+    return false;
+}
 
 void DeleteTemporaryObjects() {
     for (auto& [handle, object] : ThisThread().temporary)

@@ -1,8 +1,10 @@
 // CWnd: a window as an object. It attaches to a handle (its own, a subclassed control's, or another's for a moment),
 // sends messages through its message map and hands notifications back to the control that sent them. It owns its window
-// only while attached as a permanent object: destroying the object destroys the window.
+// only while attached as a permanent object: destroying the object destroys the window. Its window may go at any time,
+// in the middle of its methods too; an object without a window takes every call, does nothing and answers empty.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -46,7 +48,8 @@ class CWnd : public CCmdTarget {
     // --- creation and destruction --------------------------------------------------------------------------------
     // Creates a window of a registered class and attaches this object before its first message. A null class name means
     // the framework's own plain class. False (GetLastError tells) when it could not be created; the object is then
-    // unattached, and has had its PostNcDestroy: an object that lives with its window (a view) no longer exists.
+    // unattached. This holds for every Create of every class: until it has answered true the object, also one that
+    // will belong to its window, is its creator's, and nothing deletes it or calls its PostNcDestroy.
     bool CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect,
                   HWND parent, UINT_PTR idOrMenu);
     // A child window; WS_CHILD is added.
@@ -57,9 +60,13 @@ class CWnd : public CCmdTarget {
     // Called once the object is attached to a window that it did not create itself.
     virtual void PreSubclassWindow();
     virtual bool DestroyWindow();
-    // Called after WM_NCDESTROY, when the object is detached: the place for `delete this` of objects that live with
-    // their window.
+    // Called after WM_NCDESTROY of a window whose creation had succeeded, when the object is detached. Not the place
+    // for `delete this`: calls of the object may be on the stack.
     virtual void PostNcDestroy();
+    // True for objects that are made with new and go with their window: from the moment that its creation has succeeded
+    // the object is deleted when its window is destroyed, as soon as no call can be inside it (framework/call_scope.h),
+    // and at the latest before the DoModal in which it was made returns.
+    [[nodiscard]] virtual bool BelongsToWindow() const;
 
     // --- text, state, tree ---------------------------------------------------------------------------------------
     [[nodiscard]] std::wstring GetWindowText() const;
@@ -175,4 +182,7 @@ private:
     bool m_routed = false;          // the window's messages come through this object
     WindowHook* m_hook = nullptr;
     ModuleState* m_moduleState = nullptr;  // in force while the window handles messages
+    int m_creations = 0;                   // creations of its window that are under way, one inside the other
+    std::uint64_t m_madeAt = 0;            // when it was attached
+    HWND m_treeRoot = nullptr;             // of the tree in which its window was when its destruction began
 };

@@ -154,7 +154,7 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
 }
 
 bool CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return ::PostMessageW(m_hWnd, message, wParam, lParam) != FALSE;
+    return m_hWnd != nullptr && ::PostMessageW(m_hWnd, message, wParam, lParam) != FALSE;
 }
 
 int CWnd::OnCreate(CREATESTRUCTW*) {

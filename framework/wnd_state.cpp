@@ -72,7 +72,8 @@ bool CWnd::IsWindowVisible() const {
 }
 
 CWnd* CWnd::SetFocus() {
-    return FromHandle(::SetFocus(m_hWnd));
+    // No window means something of its own to the platform, here and below: to take the focus from everybody.
+    return m_hWnd != nullptr ? FromHandle(::SetFocus(m_hWnd)) : nullptr;
 }
 
 CWnd* CWnd::GetFocus() {
@@ -198,7 +199,7 @@ void CWnd::CenterWindow(bool onScreen) {
 }
 
 void CWnd::Invalidate(bool erase) {
-    ::InvalidateRect(m_hWnd, nullptr, erase ? TRUE : FALSE);
+    if (m_hWnd != nullptr) ::InvalidateRect(m_hWnd, nullptr, erase ? TRUE : FALSE);
 }
 
 void CWnd::DoDataExchange(CDataExchange&) {}

@@ -22,6 +22,11 @@ public:
     explicit ModalDialog(CWnd* parent) { InitModalIndirect(Layout().Bytes(), parent); }
     std::function<void()> onInit;
     std::function<void()> onDestroy;
+    std::function<void()> onNotShown;
+    using CDialog::GiveUpInit;
+    void OnNotShown() override {
+        if (onNotShown) onNotShown();
+    }
     bool OnInitDialog() override {
         const bool result = CDialog::OnInitDialog();
         if (onInit) onInit();
@@ -98,6 +103,12 @@ TEST(ModalDialog, EndsInEveryWay) {
         {"escape", [](ModalDialog&) { MakeUser().Press(VK_ESCAPE); }, IDCANCEL},
         {"enter in the edit", [](ModalDialog&) { MakeUser().Press(VK_RETURN); }, IDOK},
         {"window destroyed", [](ModalDialog& d) { d.DestroyWindow(); }, IDCANCEL},
+        {"window destroyed after it was ended",
+         [](ModalDialog& d) {
+             d.EndDialog(8);
+             d.DestroyWindow();
+         },
+         8},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -142,6 +153,50 @@ TEST(ModalDialog, FailuresAreMinusOneAndFreeTheOwner) {
     SetExceptionHandler(before);
     EXPECT_EQ(throwing.m_hWnd, nullptr);
     EXPECT_TRUE(top.IsWindowEnabled());
+}
+
+// The dialog hears of it when everything is as it was before, so that it can tell the user.
+TEST(ModalDialog, TellsOfEveryEndBeforeItWasShown) {
+    const struct {
+        const char* name;
+        std::function<void(ModalDialog&, TopWindow&)> act;
+        INT_PTR result;
+        int told;
+    } cases[] = {
+        {"gives up", [](ModalDialog& d, TopWindow&) { d.GiveUpInit(); }, -1, 1},
+        {"throws", [](ModalDialog&, TopWindow&) { throw std::runtime_error("init"); }, -1, 1},
+        {"gives up after it was ended",
+         [](ModalDialog& d, TopWindow&) {
+             d.EndDialog(IDOK);
+             d.GiveUpInit();
+         },
+         -1, 1},
+        {"is destroyed", [](ModalDialog& d, TopWindow&) { d.DestroyWindow(); }, IDCANCEL, 0},
+        {"loses its owner", [](ModalDialog&, TopWindow& top) { top.DestroyWindow(); }, IDCANCEL, 0},
+        {"is ended and destroyed",
+         [](ModalDialog& d, TopWindow&) {
+             d.EndDialog(9);
+             d.DestroyWindow();
+         },
+         9, 0},
+        {"is ended", [](ModalDialog& d, TopWindow&) { d.EndDialog(-1); }, -1, 0},
+    };
+    const auto before = SetExceptionHandler([](const std::exception_ptr&) {});
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        TopWindow top;
+        ModalDialog dialog(&top);
+        int told = 0;
+        dialog.onInit = [&] { each.act(dialog, top); };
+        dialog.onNotShown = [&] {
+            ++told;
+            EXPECT_EQ(dialog.m_hWnd, nullptr);
+            EXPECT_TRUE(top.IsWindowEnabled());
+        };
+        EXPECT_EQ(dialog.DoModal(), each.result);
+        EXPECT_EQ(told, each.told);
+    }
+    SetExceptionHandler(before);
 }
 
 TEST(ModalDialog, NestsAndRunsTwice) {
