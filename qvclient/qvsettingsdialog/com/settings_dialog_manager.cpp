@@ -192,6 +192,8 @@ HRESULT CQVSettingsDialogManager::FetchServices() {
 
 // The two services stay: a dialog that is open, or opened later, still needs them.
 HRESULT CQVSettingsDialogManager::ReleaseHost() noexcept {
+    const qv::ComPtr<IQVSettingsDialogManager> self(
+        this);  // the host may answer with the manager's end, here and below
     return Enter([&] {
         m_host.Reset();
         m_hostCompanion.Reset();
@@ -200,6 +202,7 @@ HRESULT CQVSettingsDialogManager::ReleaseHost() noexcept {
 }
 
 HRESULT CQVSettingsDialogManager::SetHost(ITPFHost* host, IUnknown* companion) noexcept {
+    const qv::ComPtr<IQVSettingsDialogManager> self(this);
     return Enter([&] {
         m_host = qv::ComPtr<ITPFHost>(host);
         m_hostCompanion = qv::ComPtr<IUnknown>(companion);

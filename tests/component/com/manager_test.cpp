@@ -151,7 +151,7 @@ TEST_F(Manager, MenuCommandSetsScopeAndKeyForGood) {
 }
 
 // A host that hands out whatever it was given, of the right kind or not. Lives on the stack.
-class PlainHost final : public ITPFHost {
+class PlainHost : public ITPFHost {
 public:
     PlainHost(IUnknown* sessionData, IUnknown* multiUser) : m_sessionData(sessionData), m_multiUser(multiUser) {}
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
@@ -159,7 +159,11 @@ public:
         return E_NOINTERFACE;
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        --references;
+        if (const auto act = std::exchange(onRelease, {})) act();
+        return references;
+    }
     HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
@@ -170,7 +174,9 @@ public:
         (*object)->AddRef();
         return S_OK;
     }
+    virtual ~PlainHost() = default;
     ULONG references = 0;
+    std::function<void()> onRelease;  // once
 
 private:
     IUnknown* m_sessionData;
@@ -335,6 +341,21 @@ TEST_F(Manager, ACallersStoreTakesTheValues) {
     EXPECT_EQ(store.saves, 1);
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
+}
+
+TEST_F(Manager, SurvivesAHostThatDropsItWhenItIsLetGo) {
+    for (const bool replaced : {false, true}) {
+        PlainHost first(nullptr, nullptr);
+        PlainHost second(nullptr, nullptr);
+        auto object = Create<ITPFObject>(IID_ITPFObject);
+        object->SetHost(&first, &first);
+        first.onRelease = [&] { object.Reset(); };
+        ITPFObject* plain = object.Get();
+        EXPECT_EQ(replaced ? plain->SetHost(&second, &second) : plain->ReleaseHost(), S_OK);
+        EXPECT_EQ(object.Get(), nullptr);
+        EXPECT_EQ(first.references + second.references, 0U);
+        EXPECT_EQ(CanUnloadNow(), S_OK);
+    }
 }
 
 // How the dialog ended is told all the same, and the next one has the host read again.

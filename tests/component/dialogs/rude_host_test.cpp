@@ -297,6 +297,31 @@ TEST_F(RudeHost, MayDestroyAFreeStandingDialogInAnyCall) {
     }
 }
 
+// Inside the storing of one dialog the host opens another, which is owned by the first and goes with it.
+TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
+    EXPECT_EQ(Run(0, {}), IDOK);
+    const auto write =
+        std::find_if(calls.begin(), calls.end(), [](const Call& call) { return call.name.starts_with(L"WriteData"); });
+    const Deed openAnother = [this] {
+        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
+                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XDynDialogScroll inner(L"Second", model, true, nullptr);
+        bool done = false;
+        const IdleHandler before = SetIdleHandler([&](int) {
+            done = done || Destroy(FrameWindow());
+            return false;
+        });
+        EXPECT_EQ(inner.DoModal(), IDCANCEL);
+        SetIdleHandler(before);
+        EXPECT_EQ(qv::LiveLayouts().size(), 2U) << "the pages of the first, whose calls go on";
+        return done;
+    };
+    const auto place = static_cast<std::size_t>(write - calls.begin()) + 1;
+    EXPECT_EQ(Run(place, openAnother), IDCANCEL);
+    EXPECT_TRUE(deedWasDone);
+}
+
 TEST_F(RudeHost, MayThrowInAnyCall) {
     for (const std::size_t place : Places()) {
         SCOPED_TRACE(place);
