@@ -26,7 +26,7 @@ class CDialog : public CWnd {
     // focus back and destroys the window. The code of EndDialog; IDCANCEL when the window was destroyed before anybody
     // ended it, during OnInitDialog too, or the thread is to quit; -1, after OnNotShown, when the platform refused the
     // window or a control, or OnInitDialog threw or gave up. Objects that belong to windows and were made meanwhile are
-    // gone when it returns.
+    // gone with these when it returns.
     virtual INT_PTR DoModal();
     // Ends the modal loop with this result. A dialog that runs no loop stays as it is.
     void EndDialog(int result);

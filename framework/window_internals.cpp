@@ -135,7 +135,8 @@ void ReportException() noexcept {
 }
 
 CreationScope::CreationScope(CWnd& object, bool ownClass)
-    : m_hold(object),
+    : m_object(object),
+      m_hold(object),
       m_previousToAttach(std::exchange(ThisThread().toAttach, &object)),
       m_previousBeingCreated(std::exchange(ThisThread().beingCreated, &object)) {
     HHOOK hook = nullptr;
@@ -144,6 +145,9 @@ CreationScope::CreationScope(CWnd& object, bool ownClass)
 }
 
 CreationScope::~CreationScope() {
+    // A window that was given up before its first message, by somebody's hook, ends without a last one too.
+    HWND window = m_object.m_hWnd;
+    if (window != nullptr && ::IsWindow(window) == FALSE) WindowAccess::Forget(m_object);
     if (const HHOOK hook = std::exchange(ThisThread().creationHook, m_previousHook)) UnhookWindowsHookEx(hook);
     ThisThread().toAttach = m_previousToAttach;
     ThisThread().beingCreated = m_previousBeingCreated;

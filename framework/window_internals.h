@@ -70,6 +70,7 @@ public:
     CreationScope& operator=(const CreationScope&) = delete;
 
 private:
+    CWnd& m_object;
     CreationHold m_hold;
     CWnd* m_previousToAttach;
     CWnd* m_previousBeingCreated;

@@ -96,8 +96,7 @@ bool CWnd::CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view t
     if (m_hWnd != nullptr || !PreCreateWindow(cs)) return false;
     const CreationScope scope(*this, cs.lpszClass == qv::detail::PlainClassName());
     return ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y, cs.cx,
-                             cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams) != nullptr &&
-           m_hWnd != nullptr;
+                             cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams) != nullptr;
 }
 
 bool CWnd::Create(const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect, CWnd* parent,

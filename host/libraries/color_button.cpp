@@ -1,5 +1,8 @@
 #include "host/libraries/color_button.h"
 
+#include <optional>
+
+#include "framework/raised_flag.h"
 #include "host/libraries/pickers.h"
 
 namespace {
@@ -68,10 +71,12 @@ void XColorBtn::SetSelColor(COLORREF color) {
 
 void XColorBtn::PickColor() {
     if (m_isPicking) return;
-    m_isPicking = true;
-    const CWnd* top = GetTopLevelParent();
-    const auto picked = qv::PickColor({top != nullptr ? top->m_hWnd : nullptr, m_color & kVisibleColor});
-    m_isPicking = false;
+    std::optional<COLORREF> picked;
+    {
+        const qv::RaisedFlag picking(m_isPicking);
+        const CWnd* top = GetTopLevelParent();
+        picked = qv::PickColor({top != nullptr ? top->m_hWnd : nullptr, m_color & kVisibleColor});
+    }
     if (!IsLive()) return;
     SetFocus();
     if (!picked) return;

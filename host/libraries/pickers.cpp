@@ -135,19 +135,23 @@ std::optional<COLORREF> PickRealColor(const ColorPickerRequest& request) {
 
 }  // namespace
 
+// A sink may set another one while it answers, so a copy is called.
 std::optional<std::wstring> PickFolder(const PathPickerRequest& request) {
     const CurrentDirectoryKeeper keeper;
-    return Sink().folder ? Sink().folder(request) : PickRealFolder(request);
+    const auto sink = Sink().folder;
+    return sink ? sink(request) : PickRealFolder(request);
 }
 
 std::optional<std::wstring> PickFile(const PathPickerRequest& request) {
     const CurrentDirectoryKeeper keeper;
-    return Sink().file ? Sink().file(request) : PickRealFile(request);
+    const auto sink = Sink().file;
+    return sink ? sink(request) : PickRealFile(request);
 }
 
 std::optional<COLORREF> PickColor(const ColorPickerRequest& request) {
     const CurrentDirectoryKeeper keeper;
-    return Sink().color ? Sink().color(request) : PickRealColor(request);
+    const auto sink = Sink().color;
+    return sink ? sink(request) : PickRealColor(request);
 }
 
 PickerSink SetPickerSink(PickerSink sink) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/gdi.h"
+#include "framework/raised_flag.h"
 #include "host/libraries/pickers.h"
 
 namespace {
@@ -190,9 +191,10 @@ void XBaseSearchCtrl::LayOut(int cx, int cy) {
 
 void XBaseSearchCtrl::Browse() {
     if (m_isBrowsing || m_readOnly) return;
-    m_isBrowsing = true;
-    DoCallDialog();
-    m_isBrowsing = false;
+    {
+        const qv::RaisedFlag browsing(m_isBrowsing);
+        DoCallDialog();
+    }
     if (m_button.IsLive()) m_button.SetFocus();
 }
 

@@ -50,7 +50,8 @@ HRESULT MemorySessionData::OnCall(const SessionCall& call, Interception& interce
         if (fault.operation == call.operation && --fault.callsLeft == 0) answer = fault.status;
     }
     std::erase_if(m_planned, [](const PlannedFault& fault) { return fault.callsLeft <= 0; });
-    if (answer == S_OK && m_fault) answer = m_fault(call);
+    // A copy: it may put another one in its place.
+    if (const auto fault = m_fault; answer == S_OK && fault) answer = fault(call);
     if (answer != S_OK) return answer;
 
     const auto nullBlock = std::find(m_nullBlocks.begin(), m_nullBlocks.end(), call.operation);

@@ -44,10 +44,12 @@ HRESULT Enter(const Operation& operation) noexcept {
 
 // Tells the host to read its settings again, whatever became of the dialog.
 void RefreshBrowserSettings() {
-    if (XQVBrowserSettings* settings = XQVBrowserSettings::GetBrowserSettingsObject()) {
-        settings->Initialize();
-        XQVBrowserSettings::ReleaseBrowserSettingsObject();
-    }
+    XQVBrowserSettings* settings = XQVBrowserSettings::GetBrowserSettingsObject();
+    if (settings == nullptr) return;
+    struct Release {
+        ~Release() { XQVBrowserSettings::ReleaseBrowserSettingsObject(); }
+    } const atTheEnd;
+    settings->Initialize();
 }
 
 }  // namespace
@@ -131,12 +133,16 @@ HRESULT CQVSettingsDialogManager::SetOptionKey(BSTR bstrOptionKey) noexcept {
 std::int32_t CQVSettingsDialogManager::ShowSettingsDialog(const std::wstring& caption,
                                                           IQVSettingsDialogDataIO* dataIO) {
     std::int32_t result = kNoDialog;
-    // A border of its own: a dialog that fails on its way may have stored something already.
+    // Borders of their own: a dialog that fails on its way may have stored something already, and a host that fails to
+    // read it changes nothing about how the dialog ended.
     Enter([&] {
         result = RunDialog(caption, dataIO);
         return S_OK;
     });
-    RefreshBrowserSettings();
+    Enter([] {
+        RefreshBrowserSettings();
+        return S_OK;
+    });
     return result;
 }
 
@@ -157,15 +163,17 @@ std::int32_t CQVSettingsDialogManager::RunDialog(const std::wstring& caption, IQ
 }
 
 HRESULT CQVSettingsDialogManager::ConnectServices(DWORD /*reserved*/, void* /*context*/) noexcept {
+    // A host may let go of the manager while it is asked, or while a message stands there.
+    const qv::ComPtr<IQVSettingsDialogManager> self(this);
     return Enter([&] { return FetchServices(); });
 }
 
 HRESULT CQVSettingsDialogManager::FetchServices() {
-    if (m_host) {
+    if (const qv::ComPtr<ITPFHost> host = m_host) {
         // Deliberate: a host without session data is told only when a dialog is asked for; one whose service is of
         // another kind is told here.
         qv::ComPtr<IUnknown> service;
-        if (m_host->CreateObject(SID_SessionData, kLookUp, service.Put()) == S_OK && service) {
+        if (host->CreateObject(SID_SessionData, kLookUp, service.Put()) == S_OK && service) {
             if (FAILED(
                     service->QueryInterface(IID_ISessionDataManager, reinterpret_cast<void**>(m_sessionData.Put())))) {
                 m_sessionData.Reset();
@@ -173,7 +181,7 @@ HRESULT CQVSettingsDialogManager::FetchServices() {
                 return E_FAIL;
             }
         }
-        if (m_host->CreateObject(SID_MultiUser, kLookUp, service.Put()) == S_OK && service &&
+        if (host->CreateObject(SID_MultiUser, kLookUp, service.Put()) == S_OK && service &&
             SUCCEEDED(service->QueryInterface(IID_IMultiUserManager, reinterpret_cast<void**>(m_multiUser.Put())))) {
             return S_OK;
         }
@@ -184,6 +192,8 @@ HRESULT CQVSettingsDialogManager::FetchServices() {
 
 // The two services stay: a dialog that is open, or opened later, still needs them.
 HRESULT CQVSettingsDialogManager::ReleaseHost() noexcept {
+    const qv::ComPtr<IQVSettingsDialogManager> self(
+        this);  // the host may answer with the manager's end, here and below
     return Enter([&] {
         m_host.Reset();
         m_hostCompanion.Reset();
@@ -192,6 +202,7 @@ HRESULT CQVSettingsDialogManager::ReleaseHost() noexcept {
 }
 
 HRESULT CQVSettingsDialogManager::SetHost(ITPFHost* host, IUnknown* companion) noexcept {
+    const qv::ComPtr<IQVSettingsDialogManager> self(this);
     return Enter([&] {
         m_host = qv::ComPtr<ITPFHost>(host);
         m_hostCompanion = qv::ComPtr<IUnknown>(companion);

@@ -37,7 +37,7 @@ bool CQVSettingsDialogApp::InitInstance() {
 }
 
 int CQVSettingsDialogApp::ExitInstance() {
-    ClearModuleHost();
+    ForgetModuleHost();
     ModuleState& state = GetComponentModuleState();
     UnregisterSettingsResources(state.resources);
     state = ModuleState{};

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Counted by hand: a reference that is left when the module goes must not call into a host that may be gone already.
+// Counted by hand, so that no destructor calls into the host when the module goes.
 ITPFHost* g_moduleHost = nullptr;
 
 }  // namespace
@@ -21,4 +21,8 @@ void SetModuleHostIfEmpty(ITPFHost* host) {
 
 void ClearModuleHost() {
     if (ITPFHost* old = std::exchange(g_moduleHost, nullptr)) old->Release();
+}
+
+void ForgetModuleHost() noexcept {
+    g_moduleHost = nullptr;
 }

@@ -9,3 +9,6 @@
 // Keeps the host unless one is set already.
 void SetModuleHostIfEmpty(ITPFHost* host);
 void ClearModuleHost();
+// The same without a call into the host: for the module's end, when the host may be gone already. A reference that is
+// left then stays with the host.
+void ForgetModuleHost() noexcept;

@@ -10,6 +10,9 @@ public:
     virtual ~SettingsFrame() = default;
     [[nodiscard]] virtual bool IsModal() const = 0;
     virtual void EndFrame(int result) = 0;
+    // The dialog in the frame is being destroyed, by itself or with the frame. A frame that goes on without it has
+    // nothing to show.
+    virtual void OnDialogGone() {}
     [[nodiscard]] virtual CWnd& FrameWindow() = 0;
 };
 

@@ -2,6 +2,8 @@
 // frame; the placement record is the frame's.
 #pragma once
 
+#include <optional>
+
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 
 class XDialogForView : public XDynDialogModeless {
@@ -26,5 +28,5 @@ protected:
     void OnDestroy();
 
 private:
-    WINDOWPLACEMENT m_framePlacement;
+    std::optional<WINDOWPLACEMENT> m_framePlacement;
 };

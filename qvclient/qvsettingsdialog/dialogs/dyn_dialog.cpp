@@ -4,10 +4,13 @@
 #include <array>
 
 #include "framework/app.h"
+#include "framework/call_scope.h"
 #include "framework/module_state.h"
+#include "framework/raised_flag.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/settings_frame.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
+#include "qvclient/qvsettingsdialog/dialogs/failed_opening.h"
 #include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
 #include "qvclient/qvsettingsdialog/dialogs/settings_manual.h"
 #include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
@@ -78,7 +81,9 @@ int XDynDialog::OnCreate(CREATESTRUCTW* cs) {
     // Deliberate: a rectangle off the screen is used as stored, and a record that cannot be read counts as loaded.
     ReadPlacementRecord(*sessionData, m_storedPlacement);
     m_placementLoaded = true;
-    return 0;
+    if (IsLive()) return 0;
+    EndDialog(IDCANCEL);  // not refused, but taken away by the host
+    return -1;
 }
 
 bool XDynDialog::OnInitDialog() {
@@ -96,7 +101,12 @@ bool XDynDialog::OnInitDialog() {
     SetSettingsIcon(*this);
     MeasureButtons();
     const std::wstring caption = CoTranslateText(L"Settings");
-    CreateSheet(caption);
+    const bool hasSheet = CreateSheet(caption);
+    if (!IsLive()) return true;
+    if (!hasSheet) {
+        GiveUpInit();
+        return true;
+    }
 
     rect = FitAroundSheet(rect, hosted, defaultWidth, defaultHeight);
     MoveWindow(rect);
@@ -125,10 +135,15 @@ void XDynDialog::MeasureButtons() {
     m_halfButtonHeight = m_buttonHeight / 2;
 }
 
-void XDynDialog::CreateSheet(std::wstring_view caption) {
+bool XDynDialog::CreateSheet(std::wstring_view caption) {
     m_sheet = std::make_unique<XDynPropertySheet>(caption, m_constructionSet, this, 0);
-    m_sheet->Create(this, WS_CHILD | WS_VISIBLE | WS_TABSTOP);
+    if (!IsLive() || !m_sheet->Create(this, WS_CHILD | WS_VISIBLE | WS_TABSTOP) || !m_sheet->HasPages()) return false;
     m_sheet->ModifyStyleEx(0, WS_EX_CONTROLPARENT);  // Tab passes into the pages
+    return IsLive() && m_sheet->IsLive();
+}
+
+void XDynDialog::OnNotShown() {
+    ReportFailedOpening(CoTranslateText(L"Settings"));
 }
 
 CRect XDynDialog::FitAroundSheet(CRect rect, bool hosted, int defaultWidth, int defaultHeight) {
@@ -216,33 +231,39 @@ void XDynDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
     info->ptMinTrackSize.y = m_sheet->GetRequiredHeight() + kLeastAroundSheetY;
 }
 
+bool XDynDialog::ValidateAndStore() {
+    const qv::CallScope call(m_hWnd);
+    const qv::RaisedFlag storing(m_isStoring);
+    return (m_sheet == nullptr || m_sheet->ValidateAndStore()) && IsLive();
+}
+
 void XDynDialog::OnOK() {
+    if (m_isStoring) return;
+    const qv::CallScope call(m_hWnd);
+    const qv::RaisedFlag storing(m_isStoring);
+    m_lastOkSucceeded = false;
     CWnd* ok = GetDlgItem(IDOK);
     if (ok != nullptr) ok->SetFocus();  // the control that has the focus now gets its chance to check its input
-    if (ok == nullptr || ::GetFocus() != ok->m_hWnd) {
-        m_lastOkSucceeded = false;
-        return;
-    }
-    if (m_sheet != nullptr) {
-        m_lastOkSucceeded = m_sheet->ValidateAndStore();
-        if (!m_lastOkSucceeded) return;
-    }
-    CDialog::OnOK();
+    if (ok == nullptr || ::GetFocus() != ok->m_hWnd) return;
+    m_lastOkSucceeded = ValidateAndStore();
+    if (m_lastOkSucceeded) CDialog::OnOK();
 }
 
 void XDynDialog::OnCancel() {
-    CDialog::OnCancel();
+    if (!m_isStoring) CDialog::OnCancel();
 }
 
 void XDynDialog::OnDefaults() {
-    if (m_sheet != nullptr) m_sheet->ResetToDefaults();
+    if (m_isStoring || m_sheet == nullptr) return;
+    const qv::CallScope call(m_hWnd);
+    m_sheet->ResetToDefaults();
 }
 
 void XDynDialog::OnHelp() {
     ISessionDataManager* sessionData = m_constructionSet.SessionData();
     if (sessionData == nullptr) return;
     const std::optional<std::wstring> manual = SettingsManualPath(*sessionData);
-    if (!manual) return;
+    if (!manual || !IsLive()) return;
     const CWnd* main = GetMainWnd();
     ShellExecuteW(main != nullptr ? main->GetSafeHwnd() : nullptr, L"open", manual->c_str(), nullptr, nullptr,
                   SW_SHOWNORMAL);
@@ -257,8 +278,10 @@ LRESULT XDynDialog::OnHelpKey(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 void XDynDialog::OnDestroy() {
     CDialog::OnDestroy();
     ISessionDataManager* sessionData = m_constructionSet.SessionData();
+    // A dialog that never came to stand has no place to remember.
+    if (!m_initialised || sessionData == nullptr) return;
     // The switch is asked again: turning it on in this very dialog counts.
-    if (sessionData == nullptr || !IsPlacementSwitchedOn(m_constructionSet)) return;
+    if (!IsPlacementSwitchedOn(m_constructionSet)) return;
     if (!GetWindowPlacement(m_storedPlacement)) return;
     // Deliberate: the record of the dialog's own window always says 0 for its flags.
     WritePlacementRecord(*sessionData, m_storedPlacement, 0);

@@ -15,6 +15,10 @@ class XDynDialog : public CDialog {
     XDynDialog(XConstructionSet& constructionSet, CWnd* parent);
     ~XDynDialog() override;
 
+    // Every page is being validated and stored, for OK or Apply. A host that runs a message loop meanwhile lets people
+    // press buttons: another OK, Apply, Default or Cancel is passed over until the first has come to its end.
+    [[nodiscard]] bool IsStoring() const noexcept { return m_isStoring; }
+
     // The dialog's own size in pixels when it lives in a form view; 0 otherwise.
     [[nodiscard]] int GetViewWidth() const noexcept { return m_viewWidth; }
     [[nodiscard]] int GetViewHeight() const noexcept { return m_viewHeight; }
@@ -23,7 +27,7 @@ class XDynDialog : public CDialog {
     bool OnInitDialog() override;
     void DoDataExchange(CDataExchange& exchange) override;
     // Closes with IDOK once every page is stored. Stays open when a page is refused, or when the focus does not follow
-    // to OK (a control kept it).
+    // to OK (a control kept it). A dialog whose window goes meanwhile is not ended: it counts as cancelled.
     void OnOK() override;
     void OnCancel() override;
 
@@ -39,6 +43,12 @@ protected:
     void OnDefaults();
     LRESULT OnInitFocus(WPARAM wParam, LPARAM lParam);
     LRESULT OnHelpKey(WPARAM wParam, LPARAM lParam);
+    void OnNotShown() override;
+
+    // True when every page is stored and the dialog still stands there.
+    bool ValidateAndStore();
+    // OnInitDialog came to its end.
+    [[nodiscard]] bool IsInitialised() const noexcept { return m_initialised; }
 
     // Places the sheet and the buttons for the client width cx. heightKept: pixels that the sheet gets back from the
     // button row; buttons: ids from right to left.
@@ -53,7 +63,8 @@ protected:
 
 private:
     void MeasureButtons();
-    void CreateSheet(std::wstring_view caption);
+    // False when the platform refused it, or the window went meanwhile.
+    bool CreateSheet(std::wstring_view caption);
     // The window rectangle around the sheet, from the window's present one.
     [[nodiscard]] CRect FitAroundSheet(CRect rect, bool hosted, int defaultWidth, int defaultHeight);
     void TranslateButtons();
@@ -72,4 +83,5 @@ private:
     int m_viewWidth = 0;
     int m_viewHeight = 0;
     bool m_lastOkSucceeded = true;
+    bool m_isStoring = false;
 };

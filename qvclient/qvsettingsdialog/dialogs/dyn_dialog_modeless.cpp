@@ -56,16 +56,19 @@ void XDynDialogModeless::OnSize(UINT type, int cx, int cy) {
 }
 
 void XDynDialogModeless::OnOK() {
+    if (IsStoring()) return;
     XDynDialog::OnOK();
     DestroyWindow();
 }
 
 void XDynDialogModeless::OnCancel() {
+    if (IsStoring()) return;
     XDynDialog::OnCancel();
     DestroyWindow();
 }
 
 void XDynDialogModeless::OnClose() {
+    if (IsStoring()) return;
     Default();
     DestroyWindow();
 }
@@ -78,15 +81,16 @@ void XDynDialogModeless::SetModified(bool modified) {
 }
 
 void XDynDialogModeless::OnApply() {
-    if (Sheet() == nullptr || !m_modified) return;
+    if (IsStoring() || Sheet() == nullptr || !m_modified) return;
     // Deliberate: Apply goes grey even when a page was refused. The message that the page showed is the answer.
-    Sheet()->ValidateAndStore();
+    ValidateAndStore();
     Sheet()->ResetModifiedNotice();
     SetModified(false);
 }
 
 // Deliberate: Default counts as a change whether or not any value differs from its default.
 void XDynDialogModeless::OnDefaults() {
+    if (IsStoring()) return;
     XDynDialog::OnDefaults();
     SetModified(true);
 }

@@ -11,7 +11,8 @@ class XDynDialogModeless : public XDynDialog {
 
     bool OnInitDialog() override;
     void DoDataExchange(CDataExchange& exchange) override;
-    void OnOK() override;  // destroys the window even when a page was refused; XDialogForView does not
+    // Destroys the window even when a page was refused; XDialogForView does not. Passed over while storing.
+    void OnOK() override;
     void OnCancel() override;
 
     const MessageMap* GetMessageMap() const override;

@@ -1,9 +1,12 @@
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
 
 #include <algorithm>
+#include <memory>
 
+#include "framework/call_scope.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
+#include "qvclient/qvsettingsdialog/dialogs/failed_opening.h"
 #include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
@@ -22,7 +25,9 @@ XDynDialogScroll::XDynDialogScroll(std::wstring caption, XConstructionSet& const
       m_isModal(isModal),
       m_caption(std::move(caption)) {}
 
-XDynDialogScroll::~XDynDialogScroll() = default;
+XDynDialogScroll::~XDynDialogScroll() {
+    if (m_hWnd != nullptr) CWnd::DestroyWindow();  // while this is still the frame that hands its placement down
+}
 
 const MessageMap* XDynDialogScroll::GetThisMessageMap() {
     static const MessageMap map{CDialog::GetThisMessageMap(),
@@ -43,8 +48,18 @@ void XDynDialogScroll::DoDataExchange(CDataExchange& exchange) {
     CDialog::DoDataExchange(exchange);
 }
 
+XFormViewDlg* XDynDialogScroll::View() const noexcept {
+    return DynamicDownCast<XFormViewDlg>(CWnd::FromHandlePermanent(m_view));
+}
+
 XDialogForView* XDynDialogScroll::GetInnerDialog() const noexcept {
-    return m_view != nullptr ? m_view->GetInnerDialog() : nullptr;
+    const XFormViewDlg* view = View();
+    return view != nullptr ? view->GetInnerDialog() : nullptr;
+}
+
+bool XDynDialogScroll::IsStoring() const noexcept {
+    const XDialogForView* dialog = GetInnerDialog();
+    return dialog != nullptr && dialog->IsStoring();
 }
 
 void XDynDialogScroll::EndFrame(int result) {
@@ -55,29 +70,42 @@ void XDynDialogScroll::EndFrame(int result) {
     }
 }
 
+// An end code that was set before stays.
+void XDynDialogScroll::OnDialogGone() {
+    if (m_isOpen && !IsEnding()) EndDialog(IDCANCEL);
+}
+
 bool XDynDialogScroll::OnInitDialog() {
     CDialog::OnInitDialog();
     if (m_isModal) ModifyStyle(0, WS_MAXIMIZEBOX);
     SetSettingsIcon(*this);
     SetWindowText(CoTranslateText(m_caption));
-    if (!CreateView()) return true;
-    if (const XDialogForView* dialog = GetInnerDialog(); dialog != nullptr && !dialog->IsPlacementLoaded()) {
-        FitAroundDialog(*dialog);
+    const bool hasDialog = CreateView();
+    if (!IsLive()) return true;  // the host has taken it away while it was read
+    if (!hasDialog) {
+        GiveUpInit();
+        return true;
     }
+    if (const XDialogForView* dialog = GetInnerDialog(); !dialog->IsPlacementLoaded()) FitAroundDialog(*dialog);
+    m_isOpen = true;
     return true;
 }
 
 bool XDynDialogScroll::CreateView() {
-    m_view = new XFormViewDlg;
-    m_view->SetConstructionSet(m_constructionSet);
-    if (!m_view->Create(nullptr, {}, WS_CHILD | WS_VISIBLE, GetClientRect(), this, kViewId)) {
-        delete m_view;
-        m_view = nullptr;
-        return false;
-    }
-    m_view->ModifyStyleEx(0, WS_EX_CONTROLPARENT);
-    m_view->OnInitialUpdate();
-    return true;
+    const qv::CallScope call(m_hWnd);
+    auto view = std::make_unique<XFormViewDlg>();
+    view->SetConstructionSet(m_constructionSet);
+    if (!view->Create(nullptr, {}, WS_CHILD | WS_VISIBLE, GetClientRect(), this, kViewId)) return false;
+    m_view = view->m_hWnd;
+    XFormViewDlg& shown = *view.release();  // its window's from here on
+    shown.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
+    shown.OnInitialUpdate();
+    const XDialogForView* dialog = GetInnerDialog();
+    return dialog != nullptr && dialog->IsLive();
+}
+
+void XDynDialogScroll::OnNotShown() {
+    ReportFailedOpening(CoTranslateText(m_caption));
 }
 
 void XDynDialogScroll::FitAroundDialog(const XDialogForView& dialog) {
@@ -92,7 +120,7 @@ void XDynDialogScroll::FitAroundDialog(const XDialogForView& dialog) {
 
 void XDynDialogScroll::OnSize(UINT type, int cx, int cy) {
     CDialog::OnSize(type, cx, cy);
-    if (m_view != nullptr && m_view->IsLive()) m_view->MoveWindow(0, 0, cx, cy);
+    if (XFormViewDlg* view = View()) view->MoveWindow(0, 0, cx, cy);
 }
 
 // Null is passed over: the platform's dialog manager uses the same number for a message of its own.
@@ -119,13 +147,15 @@ LRESULT XDynDialogScroll::OnSetPlacement(WPARAM /*wParam*/, LPARAM lParam) {
 // writes the record.
 void XDynDialogScroll::OnDestroy() {
     CDialog::OnDestroy();
-    if (m_view == nullptr || !m_view->IsLive()) return;
+    XFormViewDlg* view = View();
+    if (view == nullptr) return;
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
-    if (GetWindowPlacement(placement)) m_view->SetFramePlacement(placement);
+    if (GetWindowPlacement(placement)) view->SetFramePlacement(placement);
 }
 
 void XDynDialogScroll::OnClose() {
+    if (IsStoring()) return;
     if (!m_isModal) {
         DestroyWindow();
         return;
@@ -139,5 +169,5 @@ void XDynDialogScroll::OnOK() {
 }
 
 void XDynDialogScroll::OnCancel() {
-    CDialog::OnCancel();
+    if (!IsStoring()) CDialog::OnCancel();
 }

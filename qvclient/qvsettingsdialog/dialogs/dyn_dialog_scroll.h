@@ -17,12 +17,14 @@ class XDynDialogScroll : public CDialog, public SettingsFrame {
 
     [[nodiscard]] bool IsModal() const override { return m_isModal; }
     void EndFrame(int result) override;
+    void OnDialogGone() override;
     [[nodiscard]] CWnd& FrameWindow() override { return *this; }
-    // Null while there is no view.
+    // Null while there is no view or no dialog in it.
     [[nodiscard]] XDialogForView* GetInnerDialog() const noexcept;
 
     bool OnInitDialog() override;
     void DoDataExchange(CDataExchange& exchange) override;
+    // OK and Cancel are passed over while the dialog stores.
     void OnOK() override;
     void OnCancel() override;
 
@@ -34,12 +36,17 @@ protected:
     void OnClose();
     void OnDestroy();
     LRESULT OnSetPlacement(WPARAM wParam, LPARAM lParam);
+    void OnNotShown() override;
 
 private:
+    // False when the view or the dialog in it could not be created, or went again.
     bool CreateView();
     void FitAroundDialog(const XDialogForView& dialog);
+    [[nodiscard]] XFormViewDlg* View() const noexcept;
+    [[nodiscard]] bool IsStoring() const noexcept;
 
-    XFormViewDlg* m_view = nullptr;  // deletes itself with its window
+    HWND m_view = nullptr;  // the object belongs to the window and may go with it at any time
+    bool m_isOpen = false;  // the dialog stands in the frame
     XConstructionSet& m_constructionSet;
     bool m_isModal;
     std::wstring m_caption;

@@ -60,6 +60,7 @@ void XDynPropertyPage::DoDataExchange(CDataExchange& exchange) {
 bool XDynPropertyPage::OnInitDialog() {
     CPropertyPage::OnInitDialog();
     CreateSpecialControls();
+    if (!IsLive()) return true;
     const std::vector<XLayout::Group*> groups = m_record.Groups();
     for (XLayout::Group* group : groups) {
         group->parent = this;
@@ -82,7 +83,8 @@ void XDynPropertyPage::CreateSpecialControls() {
             // Deliberate: a refused window is not reported here. The layout leaves such a row empty and keeps it from
             // being stored.
             if (control->CreateOnPage(*this, id)) {
-                control->ShowInitValue();
+                control->ShowInitValue();  // a value that the control refuses is reported
+                if (!IsLive()) return;
                 if (kind == SpecialControlKind::Button) control->Window().SetFont(GetFont(), true);
             }
             ++id;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/call_scope.h"
 #include "framework/gdi.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
 
@@ -46,7 +47,7 @@ const MessageMap* XDynPropertySheet::GetMessageMap() const {
 void XDynPropertySheet::BuildPages() {
     std::list<PageEntry> entries;
     if (!m_constructionSet.LoadPages(entries)) return;
-    if (!m_constructionSet.LoadItems(m_items)) return;
+    if (!m_constructionSet.LoadItems(m_items, m_parentDialog)) return;
 
     UINT index = 0;
     std::size_t previousLength = 0;
@@ -79,6 +80,7 @@ bool XDynPropertySheet::OnInitDialog() {
     int index = 0;
     for (const auto& [number, page] : m_pages) {
         SetActivePage(index++);  // creates the page's window, which lays its controls out
+        if (!IsLive()) return result;
         m_requiredWidth = std::max(m_requiredWidth, page->GetMinWidth());
         m_requiredHeight = std::max(m_requiredHeight, page->GetMinHeight());
         m_canResizeWidth = m_canResizeWidth || page->CanResizeWidth();
@@ -184,20 +186,36 @@ void XDynPropertySheet::ResetModifiedNotice() {
     m_modifiedNotified = false;
 }
 
+bool XDynPropertySheet::HasPages() const {
+    return m_pages.empty() ||
+           std::any_of(m_pages.begin(), m_pages.end(), [](const auto& entry) { return entry.second->IsLive(); });
+}
+
 bool XDynPropertySheet::ValidateAndStore() {
-    for (const auto& [number, page] : m_pages) {
-        PageRecord* record = FindRecord(number);
-        if (record != nullptr && !m_constructionSet.ValidateInputs(*page, *record)) return false;
-    }
-    for (const auto& [number, page] : m_pages) {
-        PageRecord* record = FindRecord(number);
-        if (record != nullptr && !m_constructionSet.StoreSettings(*page, *record)) return false;
-    }
-    return true;
+    const qv::CallScope call(m_hWnd);
+    // A page that the platform refused has nothing to store. One that a message's answer or the host took away in the
+    // middle had.
+    const auto forEachPage = [this](const auto& action) {
+        for (const auto& [number, page] : m_pages) {
+            PageRecord* record = FindRecord(number);
+            const bool wasLive = page->IsLive();
+            if (record != nullptr && !action(*page, *record)) return false;
+            if (!IsLive() || page->IsLive() != wasLive) return false;
+        }
+        return true;
+    };
+    return forEachPage([this](XDynPropertyPage& page, PageRecord& record) {
+               return m_constructionSet.ValidateInputs(page, record);
+           }) &&
+           forEachPage([this](XDynPropertyPage& page, PageRecord& record) {
+               return m_constructionSet.StoreSettings(page, record);
+           });
 }
 
 void XDynPropertySheet::ResetToDefaults() {
+    const qv::CallScope call(m_hWnd);
     for (const auto& [number, page] : m_pages) {
+        if (!IsLive()) return;
         if (PageRecord* record = FindRecord(number)) m_constructionSet.SetDefaults(page->GetLayout(), *record);
     }
 }

@@ -24,7 +24,11 @@ class XDynPropertySheet : public CPropertySheet {
     [[nodiscard]] int GetRequiredWidth();
     [[nodiscard]] int GetRequiredHeight();
 
-    // Validates every page and, only when all pass, stores every page. False at the first page that fails.
+    // False when there are pages to show and the platform refused the windows of all of them.
+    [[nodiscard]] bool HasPages() const;
+
+    // Validates every page and, only when all pass, stores every page. False at the first page that fails or whose
+    // window goes meanwhile: what is stored by then stays stored.
     bool ValidateAndStore();
     void ResetToDefaults();
     // The next change is passed on to the parent again.

@@ -1,11 +1,11 @@
 #include "qvclient/qvsettingsdialog/dialogs/form_view_dlg.h"
 
-#include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
+#include "framework/call_scope.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
 QV_RUNTIME_CLASS_CREATE(XFormViewDlg, CFormView)
 
-XFormViewDlg::XFormViewDlg() : CFormView(IDD_SETTINGS_FORMVIEW), m_framePlacement(InitialPlacement()) {}
+XFormViewDlg::XFormViewDlg() : CFormView(IDD_SETTINGS_FORMVIEW) {}
 
 XFormViewDlg::~XFormViewDlg() = default;
 
@@ -33,10 +33,15 @@ void XFormViewDlg::DoDataExchange(CDataExchange& exchange) {
 }
 
 void XFormViewDlg::OnInitialUpdate() {
+    // The host reads its data for the dialog, and may do whatever it likes meanwhile.
+    const qv::CallScope call(m_hWnd);
     CFormView::OnInitialUpdate();
     if (m_constructionSet == nullptr) return;
     m_dialog = std::make_unique<XDialogForView>(*m_constructionSet, this);
-    if (!m_dialog->Create(IDD_SETTINGS_FOR_VIEW, this)) return;
+    if (!IsLive() || !m_dialog->Create(IDD_SETTINGS_FOR_VIEW, this)) {
+        m_dialog.reset();
+        return;
+    }
     m_dialog->ShowWindow(SW_SHOW);
     SetScrollSizes({m_dialog->GetViewWidth(), m_dialog->GetViewHeight()});
 }
@@ -72,7 +77,7 @@ int XFormViewDlg::OnMouseActivate(CWnd* /*topLevel*/, UINT /*hitTest*/, UINT /*m
 }
 
 void XFormViewDlg::OnDestroy() {
-    if (m_dialog != nullptr) m_dialog->SetFramePlacement(m_framePlacement);
+    if (m_dialog != nullptr && m_framePlacement) m_dialog->SetFramePlacement(*m_framePlacement);
     CFormView::OnDestroy();
 }
 

@@ -1,8 +1,9 @@
 // XFormViewDlg: the form view that fills the frame and scrolls the settings dialog when the frame is smaller than it.
-// The platform's view rules apply: the object deletes itself with its window.
+// The platform's view rules apply: the object belongs to its window.
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "framework/view.h"
 #include "qvclient/qvsettingsdialog/controls/settings_frame.h"
@@ -15,7 +16,7 @@ class XFormViewDlg : public CFormView, public SettingsHostView {
 
     // Before the initial update; must outlive the view.
     void SetConstructionSet(XConstructionSet& constructionSet) noexcept { m_constructionSet = &constructionSet; }
-    // Null before the initial update.
+    // Null before the initial update, and after one that could not create the dialog.
     [[nodiscard]] XDialogForView* GetInnerDialog() const noexcept { return m_dialog.get(); }
     // The frame's placement, handed in while the windows are being destroyed.
     void SetFramePlacement(const WINDOWPLACEMENT& placement) noexcept { m_framePlacement = placement; }
@@ -42,5 +43,5 @@ protected:
 private:
     std::unique_ptr<XDialogForView> m_dialog;
     XConstructionSet* m_constructionSet = nullptr;
-    WINDOWPLACEMENT m_framePlacement;
+    std::optional<WINDOWPLACEMENT> m_framePlacement;
 };

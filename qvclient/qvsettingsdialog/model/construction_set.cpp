@@ -103,8 +103,9 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     return true;
 }
 
-bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items) {
+bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, const CWnd* dialog) {
     if (!m_sessionData) return false;
+    const bool isForWindow = dialog != nullptr && dialog->IsLive();
     qv::StringBlock names;
     if (!EnumerateNames(*m_sessionData.Get(), m_optionKey, kDefinitions, m_controlPath, names)) return false;
 
@@ -122,6 +123,7 @@ bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items) {
             if (attribute.name != L"type") continue;  // as it stands: a blank makes it another name
             DrawItem({name, SysStringLen(name)}, qv::LeadingInteger(attribute.text), attributes);
         }
+        if (isForWindow && !dialog->IsLive()) return false;
     }
     for (const auto& [number, record] : m_pages)
         items[number] = record.get();

@@ -40,12 +40,15 @@ public:
     [[nodiscard]] bool HasSettings();
     // Ascending by number; entries with one number keep their order.
     bool LoadPages(std::list<PageEntry>& pages);
-    // Once a dialog: a second call loads every item again. The records stay owned by this object.
-    bool LoadItems(std::map<std::int32_t, PageRecord*>& items);
+    // Once a dialog: a second call loads every item again. The records stay owned by this object. Loading asks the host
+    // and shows boxes; it ends with false when the window of the dialog that it is for (null: none) goes meanwhile.
+    bool LoadItems(std::map<std::int32_t, PageRecord*>& items, const CWnd* dialog = nullptr);
 
     // False after reporting the first input of the page that is not acceptable and putting the focus there.
     [[nodiscard]] bool ValidateInputs(SettingsPage& page, PageRecord& record);
-    // False only without session data; single values that cannot be stored are reported and passed over.
+    // False only without session data; single values that cannot be stored are reported and passed over. When the
+    // page's window goes meanwhile, in the host or behind a box, nothing more is written; a value that was written is
+    // still saved.
     bool StoreSettings(SettingsPage& page, PageRecord& record);
     // Shows every default of the page; stores nothing.
     void SetDefaults(XLayout& layout, PageRecord& record);

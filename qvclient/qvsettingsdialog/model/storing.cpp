@@ -21,21 +21,24 @@ bool XConstructionSet::StoreSettings(SettingsPage& page, PageRecord& record) {
         if (const SESSIONDATATYPE* own = record.FindScope(itemKey)) scope = *own;
     };
 
+    // The host may take the windows away while it writes.
+    CWnd& window = page.PageWindow();
     const XLayout& layout = page.GetLayout();
     for (XLayout::ColumnReference& row : layout.GetReferenceList()) {
+        if (!window.IsLive()) return true;
         if (row.excluded) continue;
         std::wstring& text = row.text;
         if (text.empty() && row.name == kRecentItems) text = L"0";
         if (!qv::IsTextEdit(layout.GetColumn(row.name))) qv::NormaliseSeparator(text);
         takeScopeOf(row.name);
         if (const auto place = qv::SplitItemKey(row.name)) {
-            WriteAndSave(place->key, place->name, text, scope, page.PageWindow());
+            WriteAndSave(place->key, place->name, text, scope, window);
         }
     }
 
     for (const SpecialControlKind kind : record.ControlKinds()) {
         for (const auto& control : record.Controls(kind)) {
-            // One whose window could not be created shows nothing that the user could have meant.
+            // One whose window could not be created, or is gone, shows nothing that the user could have meant.
             if (control->Window().GetSafeHwnd() == nullptr) continue;
             const std::wstring text = control->GetValue();
             if (control->IsReadOnly()) continue;
@@ -43,7 +46,7 @@ bool XConstructionSet::StoreSettings(SettingsPage& page, PageRecord& record) {
             std::wstring name;
             if (!control->GetStorageKey(key, name)) continue;
             takeScopeOf(key + L'/' + name);
-            WriteAndSave(key, name, text, scope, page.PageWindow());
+            WriteAndSave(key, name, text, scope, window);
         }
     }
     return true;

@@ -35,6 +35,7 @@ void ReportRange(SettingsPage& page, CWnd& control, std::wstring_view name, cons
     const CWnd* owner = sheet != nullptr ? sheet->GetParent() : nullptr;
     if (owner == nullptr) return;
     CoInfoBox(owner->m_hWnd, caption, text, 0);
+    if (!control.IsLive()) return;  // the dialog went while the message stood there
     sheet->SetFocus();
     control.SendMessage(EM_SETSEL, 0, -1);
     control.SetFocus();
@@ -60,6 +61,7 @@ bool XConstructionSet::ValidateInputs(SettingsPage& page, PageRecord& record) {
         for (const auto& control : record.Controls(kind)) {
             auto* chooser = dynamic_cast<ValidatedControl*>(control.get());
             if (chooser == nullptr || control->Window().GetSafeHwnd() == nullptr || chooser->ValidateValue()) continue;
+            if (!control->Window().IsLive()) return false;  // the dialog went while the reason stood there
             page.MakeActivePage();
             FocusSheet(page.PageWindow());
             control->Window().SetFocus();

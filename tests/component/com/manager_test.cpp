@@ -1,8 +1,13 @@
 // The manager: what it answers, what it shows without a dialog, and the dialog through COM from end to end.
 #include <new>
+#include <stdexcept>
 
+#include "framework/app.h"
 #include "host/libraries/translation.h"
+#include "qvclient/qvsettingsdialog/com/settings_module.h"
+#include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "tests/component/com/component_dll.h"
+#include "tests/component/watched_host.h"
 
 using qv::MessageBoxCall;
 using qv::SessionOperation;
@@ -146,7 +151,7 @@ TEST_F(Manager, MenuCommandSetsScopeAndKeyForGood) {
 }
 
 // A host that hands out whatever it was given, of the right kind or not. Lives on the stack.
-class PlainHost final : public ITPFHost {
+class PlainHost : public ITPFHost {
 public:
     PlainHost(IUnknown* sessionData, IUnknown* multiUser) : m_sessionData(sessionData), m_multiUser(multiUser) {}
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
@@ -154,7 +159,11 @@ public:
         return E_NOINTERFACE;
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        --references;
+        if (const auto act = std::exchange(onRelease, {})) act();
+        return references;
+    }
     HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
@@ -165,7 +174,9 @@ public:
         (*object)->AddRef();
         return S_OK;
     }
+    virtual ~PlainHost() = default;
     ULONG references = 0;
+    std::function<void()> onRelease;  // once
 
 private:
     IUnknown* m_sessionData;
@@ -330,6 +341,138 @@ TEST_F(Manager, ACallersStoreTakesTheValues) {
     EXPECT_EQ(store.saves, 1);
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
+}
+
+TEST_F(Manager, SurvivesAHostThatDropsItWhenItIsLetGo) {
+    for (const bool replaced : {false, true}) {
+        PlainHost first(nullptr, nullptr);
+        PlainHost second(nullptr, nullptr);
+        auto object = Create<ITPFObject>(IID_ITPFObject);
+        object->SetHost(&first, &first);
+        first.onRelease = [&] { object.Reset(); };
+        ITPFObject* plain = object.Get();
+        EXPECT_EQ(replaced ? plain->SetHost(&second, &second) : plain->ReleaseHost(), S_OK);
+        EXPECT_EQ(object.Get(), nullptr);
+        EXPECT_EQ(first.references + second.references, 0U);
+        EXPECT_EQ(CanUnloadNow(), S_OK);
+    }
+}
+
+// How the dialog ended is told all the same, and the next one has the host read again.
+TEST_F(Manager, ABrowserSettingsReaderThatThrowsChangesNoResult) {
+    host.DefinePlainPage();
+    XQVBrowserSettings::SetReader([](XQVBrowserSettings&) {
+        ++s_browserReads;
+        throw std::runtime_error("reader");
+    });
+    const auto manager = CreateConnected();
+    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
+    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    EXPECT_EQ(s_browserReads, 2);
+    XQVBrowserSettings::SetReader(nullptr);
+    EXPECT_EQ(XQVBrowserSettings::GetBrowserSettingsObject(), nullptr) << "given back after each of them";
+}
+
+// When the process ends the host may have gone before the component.
+TEST_F(Manager, TheModulesEndCallsNoHost) {
+    PlainHost last(nullptr, nullptr);
+    CQVSettingsDialogApp app;
+    EXPECT_TRUE(app.InitInstance());
+    SetModuleHostIfEmpty(&last);
+    EXPECT_EQ(last.references, 1U);
+    app.ExitInstance();
+    EXPECT_EQ(last.references, 1U);
+    EXPECT_FALSE(GetModuleHost()) << "forgotten, though not released";
+}
+
+int g_windowsLeft;
+
+LRESULT CALLBACK RefuseOneWindow(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_CREATEWND && --g_windowsLeft == 0) return 1;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(Manager, AWindowThatThePlatformRefusesIsReportedOnceAndTheHostStillReadsAgain) {
+    host.DefinePlainPage();
+    const auto manager = CreateConnected();
+    // Frame, view, dialog, its five buttons, sheet and tab control; the rest costs a row at most.
+    constexpr int kIndispensable = 10;
+    int reported = 0;
+    for (int n = 1; n <= kIndispensable; ++n) {
+        SCOPED_TRACE(n);
+        driver.boxes.clear();
+        const int readsBefore = s_browserReads;
+        HHOOK hook = SetWindowsHookExW(WH_CBT, &RefuseOneWindow, nullptr, GetCurrentThreadId());
+        g_windowsLeft = n;
+        const IdleHandler idleBefore = SetIdleHandler([&](int) { return driver.PressKey(VK_ESCAPE); });
+        const LONG result = Open(*manager.Get(), L"My caption", nullptr);
+        SetIdleHandler(idleBefore);
+        UnhookWindowsHookEx(hook);
+        EXPECT_EQ(s_browserReads, readsBefore + 1);
+        EXPECT_EQ(result, driver.boxes.empty() ? IDCANCEL : -1);
+        if (driver.boxes.empty()) continue;  // a window of the platform's own
+        ++reported;
+        ASSERT_EQ(driver.boxes.size(), 1U);
+        EXPECT_EQ(driver.boxes[0].kind, MessageBoxCall::Kind::Error);
+        EXPECT_EQ(driver.boxes[0].owner, nullptr);
+        EXPECT_EQ(driver.boxes[0].caption, L"My caption");
+    }
+    EXPECT_GE(reported, 5);
+    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
+}
+
+// A host that does the worst in each of its calls in turn, from the first service that is asked for on.
+TEST_F(Manager, SurvivesAHostThatDropsItOrClosesItsWindowInAnyCall) {
+    host.DefinePlainPage();
+    host.session->Put(SDT_userData, L"common", L"configdialoginit", L"1");
+    qvtest::WatchedHost watched(host);
+    CWnd owner;
+    qv::ComPtr<IQVSettingsDialogManager> manager;
+    std::size_t calls = 0;
+    std::size_t at = 0;
+    std::function<void()> deed;
+    watched.onCall = [&](const std::wstring&) {
+        if (++calls == at) deed();
+    };
+    const auto run = [&](std::size_t place, std::function<void()> rude) {
+        calls = 0;
+        at = place;
+        deed = std::move(rude);
+        if (!owner.IsLive()) {
+            owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 300, 200}, nullptr, 0);
+        }
+        SetActiveWindow(owner.m_hWnd);
+        manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
+        {
+            auto object = Query<ITPFObject>(manager, IID_ITPFObject);
+            object->SetHost(watched.Host(), nullptr);
+            ITPFObject* plain = object.Get();
+            object.Reset();
+            plain->ConnectServices(0, nullptr);
+        }
+        LONG result = -1;
+        if (IQVSettingsDialogManager* plain = manager.Get()) {
+            const IdleHandler before = SetIdleHandler([&](int) { return driver.PressKey(VK_RETURN); });
+            result = Open(*plain, L"Caption", nullptr);
+            SetIdleHandler(before);
+        }
+        manager.Reset();
+        EXPECT_EQ(CanUnloadNow(), S_OK) << "something of the dialog is left";
+        EXPECT_TRUE(qv::LiveLayouts().empty());
+        PumpPending();
+        return result;
+    };
+    EXPECT_EQ(run(0, {}), IDOK);
+    const std::size_t all = calls;
+    ASSERT_GT(all, 40U);
+    constexpr std::size_t kStep = 3;
+    for (std::size_t place = 1; place <= all; place += kStep) {
+        SCOPED_TRACE(place);
+        const LONG dropped = run(place, [&] { manager.Reset(); });
+        EXPECT_TRUE(dropped == IDOK || (place <= 2 && dropped == -1)) << dropped;
+        const LONG closed = run(place, [&] { owner.DestroyWindow(); });
+        EXPECT_TRUE(closed == IDOK || closed == IDCANCEL) << closed;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <memory>
 #include <optional>
+#include <stdexcept>
 
+#include "framework/app.h"
 #include "framework/gdi.h"
 #include "host/libraries/pickers.h"
 #include "qvclient/qvsettingsdialog/controls/search_controls.h"
@@ -268,6 +270,27 @@ TEST_F(Choosers, ACancelledPickerChangesAndReportsNothing) {
     ::GetCurrentDirectoryW(MAX_PATH, after);
     EXPECT_STREQ(after, before);
     qv::SetPickerSink(std::move(silent));
+}
+
+TEST_F(Choosers, BrowseAgainAfterAPickerThatThrew) {
+    XDynFolderSearchCtrl forFolders;
+    XDynSearchFileCtrl forFiles;
+    const auto handler = SetExceptionHandler([](const std::exception_ptr&) {});
+    for (XBaseSearchCtrl* chooser :
+         {static_cast<XBaseSearchCtrl*>(&forFolders), static_cast<XBaseSearchCtrl*>(&forFiles)}) {
+        requests.clear();
+        ASSERT_TRUE(chooser->Create(L"", kControlId, RECT{0, 0, 200, 24}, nullptr, &page));
+        const auto fail = [](const qv::PathPickerRequest&) -> std::optional<std::wstring> {
+            throw std::runtime_error("picker");
+        };
+        auto working = qv::SetPickerSink({fail, fail, {}});
+        Button(*chooser)->SendMessage(BM_CLICK);
+        qv::SetPickerSink(std::move(working));
+        EXPECT_TRUE(requests.empty());
+        Button(*chooser)->SendMessage(BM_CLICK);
+        EXPECT_EQ(requests.size(), 1U);
+    }
+    SetExceptionHandler(handler);
 }
 
 TEST_F(Choosers, FocusTextAndTabOrderAreTheFields) {

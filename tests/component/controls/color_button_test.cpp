@@ -1,5 +1,8 @@
 #include "qvclient/qvsettingsdialog/controls/color_button.h"
 
+#include <stdexcept>
+
+#include "framework/app.h"
 #include "host/libraries/pickers.h"
 #include "tests/component/controls/controls_fixture.h"
 
@@ -102,6 +105,32 @@ TEST_F(ColorButton, OpensOnceByMouseSpaceAndEnter) {
     EXPECT_EQ(requests.size(), 3U) << "let go outside";
     EXPECT_EQ(::GetCapture(), nullptr);
     EXPECT_TRUE(page.Taken(BN_CLICKED).empty());
+}
+
+TEST_F(ColorButton, OpensAgainAfterAPickerThatThrew) {
+    Hold(L"255");
+    const auto handler = SetExceptionHandler([](const std::exception_ptr&) {});
+    auto working = qv::SetPickerSink(
+        {{}, {}, [](const qv::ColorPickerRequest&) -> std::optional<COLORREF> { throw std::runtime_error("picker"); }});
+    button.SendMessage(BM_CLICK);
+    qv::SetPickerSink(std::move(working));
+    SetExceptionHandler(handler);
+    EXPECT_TRUE(requests.empty());
+    button.SendMessage(BM_CLICK);
+    EXPECT_EQ(requests.size(), 1U);
+}
+
+// The window may go while the picker is open.
+TEST_F(ColorButton, APickedColorOfAButtonThatIsGoneReportsNothing) {
+    Hold(L"255");
+    const auto working = qv::SetPickerSink({{}, {}, [this](const qv::ColorPickerRequest&) {
+                                                page.DestroyWindow();
+                                                return std::optional<COLORREF>(RGB(0, 255, 0));
+                                            }});
+    button.SendMessage(BM_CLICK);
+    qv::SetPickerSink(working);
+    EXPECT_EQ(button.m_hWnd, nullptr);
+    EXPECT_EQ(button.GetValue(), L"255");
 }
 
 TEST_F(ColorButton, DefaultShowsItsColorAtOnce) {

@@ -59,4 +59,17 @@ TEST_F(HelpButton, AsksNothingOfTheShellWithoutAHelpPath) {
     EXPECT_TRUE(driver.boxes.empty());
 }
 
+TEST_F(HelpButton, OpensNothingOnceItsDialogIsGone) {
+    host.session->Put(SDT_machineData, L"Common", L"help_path", L"C:\\Help");
+    EXPECT_EQ(Show({[this] {
+                  host.session->SetFault([this](const qv::SessionCall& call) {
+                      if (call.name == L"languageid") driver.Frame().DestroyWindow();
+                      return S_OK;
+                  });
+                  driver.Press(IDC_HELP_BUTTON);
+              }}),
+              IDCANCEL);
+    EXPECT_TRUE(qv::headless::Executions().empty());
+}
+
 }  // namespace

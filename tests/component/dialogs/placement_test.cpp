@@ -1,5 +1,8 @@
 // The placement record: when it is read and written, in which order, and what faults do to it.
+#include <memory>
+
 #include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
+#include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
 
 using qv::SessionCall;
@@ -250,6 +253,50 @@ TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
     });
     EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 20U);
     EXPECT_NE(Recorded(L"top.x"), L"(none)");
+}
+
+// Its owner may delete it without closing it first.
+TEST_F(Placement, AModelessFrameDeletedWhileItIsShownRemembersItsPlace) {
+    SwitchOn();
+    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", constructionSet, false, nullptr);
+    ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
+    frame->ShowWindow(SW_SHOW);
+    frame->MoveWindow(80, 60, 860, 640);
+    frame.reset();
+    EXPECT_EQ(Recorded(L"top.x"), L"80");
+    EXPECT_EQ(Recorded(L"bottom.x"), L"940");
+    EXPECT_EQ(Recorded(L"state"), L"1");
+    EXPECT_TRUE(qv::LiveLayouts().empty());
+}
+
+// The frame has not been told of its end by then, so nobody has handed its placement down.
+TEST_F(Placement, TheFramesIsRememberedWhenTheDialogInItGoesByItself) {
+    SwitchOn();
+    EXPECT_EQ(Show({
+                  [this] { driver.Frame().MoveWindow(80, 60, 860, 640); },
+                  [this] { driver.Dialog().DestroyWindow(); },
+              }),
+              IDCANCEL);
+    EXPECT_EQ(Recorded(L"top.x"), L"80");
+    EXPECT_EQ(Recorded(L"bottom.x"), L"940");
+}
+
+TEST_F(Placement, ADialogThatNeverStoodThereLeavesTheRecordAlone) {
+    SwitchOn();
+    PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}});
+    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XDynDialogScroll frame(L"Test settings", constructionSet, true, nullptr);
+    host.session->SetFault([&](const SessionCall& call) {
+        if (call.operation == SessionOperation::ReadData && call.name == L"count") frame.DestroyWindow();
+        return S_OK;
+    });
+    EXPECT_EQ(frame.DoModal(), IDCANCEL);
+    EXPECT_TRUE(RecordCalls(SessionOperation::WriteData).empty());
 }
 
 }  // namespace

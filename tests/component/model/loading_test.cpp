@@ -419,4 +419,23 @@ TEST_F(OddHost, HugeTextsAndManyAttributesAreTaken) {
     EXPECT_EQ(row->items.size(), 20'000U);
 }
 
+// Nobody is left to see what would be loaded, nor the boxes of what cannot be.
+TEST_F(ModelTest, LoadingEndsWhenTheWindowGoesThatItIsFor) {
+    for (const auto* key : {L"common/a", L"common/b", L"common/c"})
+        Define(key, {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"2"}}, L"9");
+    CWnd window;
+    ASSERT_TRUE(window.CreateEx(0, nullptr, L"", WS_POPUP, {0, 0, 9, 9}, nullptr, 0));
+    const auto before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall& call) {
+        m_boxes.push_back(call);
+        window.DestroyWindow();
+        return IDOK;
+    });
+    std::map<std::int32_t, PageRecord*> items;
+    EXPECT_FALSE(Model().LoadItems(items, &window));
+    qv::SetMessageBoxSink(before);
+    EXPECT_TRUE(items.empty());
+    EXPECT_EQ(m_boxes.size(), 1U);
+    EXPECT_EQ(m_session->CallsOf(SessionOperation::EnumValues).size(), 1U);
+}
+
 }  // namespace

@@ -186,6 +186,58 @@ TEST_F(StoredPage, ASaveThatFailsIsSilentWithoutAWindowToOwnTheMessage) {
     EXPECT_TRUE(m_boxes.empty());
 }
 
+struct GoneCase {
+    const char* name;
+    qv::SessionOperation during;
+    std::vector<std::wstring> written;
+    std::size_t saves;
+};
+
+class StoredPageGoneMeanwhile : public StoredPage, public ::testing::WithParamInterface<GoneCase> {};
+
+TEST_P(StoredPageGoneMeanwhile, SavesWhatWasWrittenAndWritesNoMore) {
+    const GoneCase& c = GetParam();
+    Define(L"a/first", {{L"type", L"3"}, {L"default", L"x"}, {L"ordernumber", L"1"}});
+    Define(L"a/second", {{L"type", L"3"}, {L"default", L"y"}, {L"ordernumber", L"2"}});
+    Define(L"a/colour", {{L"type", L"8"}}, L"5");
+    HWND top = Shown().Top();
+    m_session->SetFault([&](const qv::SessionCall& call) {
+        const bool isThere = call.name == L"first" || call.name == L"colour";
+        if (call.operation == c.during && isThere && m_session->CallsOf(c.during).size() == c.written.size()) {
+            ::DestroyWindow(top);
+        }
+        return S_OK;
+    });
+    EXPECT_TRUE(Store());
+    EXPECT_EQ(Written(), c.written);
+    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::SaveData).size(), c.saves);
+    EXPECT_TRUE(m_boxes.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StoredPageGoneMeanwhile,
+    ::testing::Values(GoneCase{"WhileARowIsWritten", qv::SessionOperation::WriteData, {L"4 a/first=x"}, 1},
+                      GoneCase{"WhileARowIsSaved", qv::SessionOperation::SaveData, {L"4 a/first=x"}, 1},
+                      GoneCase{"WhileTheLastControlIsWritten",
+                               qv::SessionOperation::WriteData,
+                               {L"4 a/first=x", L"4 a/second=y", L"4 a/colour=5"},
+                               3}),
+    kCaseName);
+
+TEST_F(StoredPage, BehindTheMessageOfAFailedSaveStoringEndsToo) {
+    Define(L"a/first", {{L"type", L"3"}}, L"x");
+    Define(L"a/second", {{L"type", L"3"}}, L"y");
+    HWND top = Shown().Top();
+    m_session->FailNth(qv::SessionOperation::SaveData, 1);
+    const auto before = qv::SetMessageBoxSink([top](const qv::MessageBoxCall&) {
+        ::DestroyWindow(top);
+        return IDOK;
+    });
+    EXPECT_TRUE(Store());
+    qv::SetMessageBoxSink(before);
+    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::WriteData).size(), 1U);
+}
+
 // A caller's own store: keeps one text and records the calls.
 class CallersStore final : public qv::ComObjectRoot, public IQVSettingsDialogDataIO {
 public:

@@ -158,4 +158,34 @@ TEST_F(PageTest, APasswordHasTwentySixCharactersWhateverItsDefinitionSays) {
     EXPECT_TRUE(m_boxes.empty());
 }
 
+// The user, or whoever runs the program meanwhile, may close everything while the message stands there.
+TEST_F(PageTest, AnInputThatIsRefusedWhileThePageGoesIsRefusedAllTheSame) {
+    Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"default", L"1"}});
+    Shown().Enter(L"common/number", L"0");
+    HWND top = Shown().Top();
+    int boxes = 0;
+    const auto before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall&) {
+        ++boxes;
+        ::DestroyWindow(top);
+        return IDOK;
+    });
+    EXPECT_FALSE(Validate());
+    qv::SetMessageBoxSink(before);
+    EXPECT_EQ(boxes, 1);
+    // With nothing left to look at there is nothing to refuse: whoever asks looks at the windows.
+    EXPECT_TRUE(Validate());
+}
+
+TEST_F(PageTest, AChooserThatIsRefusedWhileThePageGoesIsNotBroughtToTheFront) {
+    Define(L"common/folder", {{L"type", L"7"}, {L"checkpath", L"1"}});
+    HWND top = Shown().Top();
+    const auto before = qv::SetMessageBoxSink([top](const qv::MessageBoxCall&) {
+        ::DestroyWindow(top);
+        return IDOK;
+    });
+    EXPECT_FALSE(Validate());
+    qv::SetMessageBoxSink(before);
+    EXPECT_EQ(Shown().Activations(), 0);
+}
+
 }  // namespace
