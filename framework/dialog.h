@@ -41,7 +41,7 @@ class CDialog : public CWnd {
 
     // Keys are translated by a top-level dialog, for everything inside it: a focused push button is pressed by Enter in
     // its own dialog, otherwise Enter is this dialog's default button or OnOK and Escape its OnCancel. Child dialogs
-    // leave keys alone.
+    // leave keys alone. Arrows never stop at a label.
     bool PreTranslateMessage(MSG& message) override;
     // Of all push buttons in a top-level dialog, nested ones included, the one that Enter presses is framed, and no
     // other: the one with the focus, else the default button. From the first focus on, however the focus moves.
@@ -67,6 +67,7 @@ private:
     bool TakeKeyOfNobody(MSG& message);
     bool TranslateEnterOrEscape(const MSG& message);
     bool TranslatePageKey(const MSG& message);
+    bool TranslateArrow(const MSG& message);
 
     bool m_inModalLoop = false;
     bool m_ended = false;

@@ -31,6 +31,10 @@ void AnnounceFocus(HWND focus) {
     }
 }
 
+bool IsLabel(HWND window) {
+    return window != nullptr && (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
+}
+
 BOOL CALLBACK AskToSwitchPage(HWND window, LPARAM step) noexcept {
     CWnd* object = CWnd::FromHandlePermanent(window);
     if (object == nullptr || ::IsWindowVisible(window) == FALSE) return TRUE;
@@ -46,7 +50,7 @@ bool CDialog::PreTranslateMessage(MSG& message) {
     HWND dialog = m_hWnd;
     HWND focusBefore = ::GetFocus();
     const bool used = TakeKeyOfNobody(message) || TranslateEnterOrEscape(message) || TranslatePageKey(message) ||
-                      ::IsDialogMessageW(dialog, &message) != FALSE;
+                      TranslateArrow(message) || ::IsDialogMessageW(dialog, &message) != FALSE;
     // A key that ended the dialog may have ended this object as well.
     if (!used) return false;
     qv::detail::FrameEnterButton(dialog);
@@ -92,4 +96,22 @@ bool CDialog::TranslatePageKey(const MSG& message) {
     if (message.wParam == VK_PRIOR) step = -1;
     if (message.wParam == VK_NEXT) step = 1;
     return step != 0 && ::EnumChildWindows(m_hWnd, &AskToSwitchPage, step) == FALSE;
+}
+
+// Arrows walk through a group, and the platform stops at its labels too: the focus would be gone from sight, and Space
+// and typing with it. Only that is done here.
+bool CDialog::TranslateArrow(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam < VK_LEFT || message.wParam > VK_DOWN) return false;
+    const auto wants = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    if ((wants & (DLGC_WANTARROWS | DLGC_WANTMESSAGE)) != 0) return false;
+    const BOOL previous = message.wParam == VK_LEFT || message.wParam == VK_UP ? TRUE : FALSE;
+    HWND first = ::GetNextDlgGroupItem(m_hWnd, message.hwnd, previous);
+    if (!IsLabel(first)) return false;
+    HWND next = first;
+    do {
+        next = ::GetNextDlgGroupItem(m_hWnd, next, previous);
+    } while (next != first && IsLabel(next));
+    if (next != nullptr && !IsLabel(next) && next != message.hwnd)
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    return true;
 }
