@@ -64,6 +64,11 @@ bool CDialog::CreateFromTemplate(HWND parent, DWORD removeStyle, DWORD addStyle,
 
 LRESULT CDialog::OnInitDialogMessage(WPARAM, LPARAM) {
     m_init = Init::Failed;  // unless it comes to its end
+    // What comes first begins a group, whether or not the template says so. Arrow keys would walk from it into whatever
+    // lies around this dialog, and back from there.
+    if (HWND first = ::GetWindow(m_hWnd, GW_CHILD)) {
+        ::SetWindowLongW(first, GWL_STYLE, ::GetWindowLongW(first, GWL_STYLE) | static_cast<LONG>(WS_GROUP));
+    }
     const bool setFocus = OnInitDialog();
     if (!m_gaveUp) m_init = Init::Done;
     if (m_hWnd != nullptr && (GetStyle() & WS_CHILD) == 0) FollowFocus();

@@ -43,8 +43,8 @@ class CDialog : public CWnd {
 
     // Keys are translated by a top-level dialog, for everything inside it: a focused push button is pressed by Enter in
     // its own dialog, otherwise Enter is this dialog's default button or OnOK and Escape its OnCancel. Child dialogs
-    // leave keys alone. PgUp and PgDn scroll where the focused control has no use for them, and the wheel
-    // scrolls what lies under the pointer.
+    // leave keys alone. Arrows never stop at a label, PgUp and PgDn scroll where the focused control has no use for
+    // them, and the wheel scrolls what lies under the pointer.
     bool PreTranslateMessage(MSG& message) override;
     // Of all push buttons in a top-level dialog, nested ones included, the one that Enter presses is framed, and no
     // other: the one with the focus, else the default button. From the first focus on, however the focus moves.
@@ -83,6 +83,7 @@ private:
     bool TranslatePageKey(const MSG& message);
     bool TranslateScrollKey(const MSG& message);
     void LeadWheelToPointer(MSG& message) const;
+    bool TranslateArrow(const MSG& message);
 
     bool m_inModalLoop = false;
     bool m_ended = false;

@@ -27,6 +27,10 @@ void PressOwn(HWND dialog, int id) {
     SendClick(dialog, id, button);
 }
 
+bool IsLabel(HWND window) {
+    return window != nullptr && (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0;
+}
+
 BOOL CALLBACK AskToSwitchPage(HWND window, LPARAM step) noexcept {
     CWnd* object = CWnd::FromHandlePermanent(window);
     if (object == nullptr || ::IsWindowVisible(window) == FALSE) return TRUE;
@@ -75,7 +79,8 @@ bool CDialog::PreTranslateMessage(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     HWND dialog = m_hWnd;
     const bool used = TakeKeyOfNobody(message) || TranslateEnterOrEscape(message) || TranslatePageKey(message) ||
-                      TranslateScrollKey(message) || ::IsDialogMessageW(dialog, &message) != FALSE;
+                      TranslateArrow(message) || TranslateScrollKey(message) ||
+                      ::IsDialogMessageW(dialog, &message) != FALSE;
     // A key that ended the dialog may have ended this object as well.
     if (used) qv::detail::FrameEnterButton(dialog);
     return used;
@@ -142,4 +147,22 @@ void CDialog::LeadWheelToPointer(MSG& message) const {
     const auto packed = static_cast<DWORD_PTR>(message.lParam);
     HWND under = ::WindowFromPoint({static_cast<SHORT>(LOWORD(packed)), static_cast<SHORT>(HIWORD(packed))});
     if (under != nullptr && ::IsChild(m_hWnd, under) != FALSE) message.hwnd = under;
+}
+
+// Arrows walk through a group, and the platform stops at its labels too: the focus would be gone from sight, and Space
+// and typing with it. Only that is done here.
+bool CDialog::TranslateArrow(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam < VK_LEFT || message.wParam > VK_DOWN) return false;
+    const auto wants = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
+    if ((wants & (DLGC_WANTARROWS | DLGC_WANTMESSAGE)) != 0) return false;
+    const BOOL previous = message.wParam == VK_LEFT || message.wParam == VK_UP ? TRUE : FALSE;
+    HWND first = ::GetNextDlgGroupItem(m_hWnd, message.hwnd, previous);
+    if (!IsLabel(first)) return false;
+    HWND next = first;
+    do {
+        next = ::GetNextDlgGroupItem(m_hWnd, next, previous);
+    } while (next != first && IsLabel(next));
+    if (next != nullptr && !IsLabel(next) && next != message.hwnd)
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    return true;
 }

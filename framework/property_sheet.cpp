@@ -54,7 +54,7 @@ int CPropertySheet::OnCreate(CREATESTRUCTW* cs) {
 }
 
 bool CPropertySheet::OnInitDialog() {
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | TCS_MULTILINE;
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS | TCS_MULTILINE;
     // Users size the tab control to the sheet less ten pixels and never move it: half of them stay on each side.
     constexpr int kMargin = 5;
     const CRect client = GetClientRect();

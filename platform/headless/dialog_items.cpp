@@ -43,17 +43,21 @@ void CollectControls(const Window& parent, std::vector<const Window*>& controls)
     }
 }
 
-// The controls of one group in order: from the one that begins it to the one before the next beginning.
+// The controls of one group in order: from the one that begins it to the one before the next beginning. What stands
+// before the first beginning belongs to the last group.
 std::vector<const Window*> GroupOf(const Window& root, const Window& member) {
     std::vector<const Window*> controls;
     CollectControls(root, controls);
     const auto begins = [](const Window* window) { return (window->style & WS_GROUP) != 0; };
     const auto at = std::find(controls.begin(), controls.end(), &member);
     if (at == controls.end()) return {&member};
-    auto start = at;
-    while (start != controls.begin() && !begins(*start))
-        --start;
-    return {start, std::find_if(std::next(at), controls.end(), begins)};
+    // With the group's beginning in front, one ends where the next begins.
+    const auto before = std::find_if(std::make_reverse_iterator(std::next(at)), controls.rend(), begins);
+    const auto last = std::find_if(controls.rbegin(), controls.rend(), begins);
+    if (last == controls.rend()) return controls;
+    std::rotate(controls.begin(), std::prev((before != controls.rend() ? before : last).base()), controls.end());
+    controls.erase(std::find_if(std::next(controls.begin()), controls.end(), begins), controls.end());
+    return controls;
 }
 
 }  // namespace
@@ -104,7 +108,8 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
             from = from->first;
         if (!from) return nullptr;
         // Nothing to start from: the first usable control of the first group, or its last.
-        const std::vector<const Window*> group = GroupOf(*root, *from);
+        std::vector<const Window*> group = GroupOf(*root, *from);
+        std::rotate(group.begin(), std::find(group.begin(), group.end(), from), group.end());
         const auto usable = [](const Window* window) { return IsUsable(*window); };
         if (previous) {
             const auto last = std::find_if(group.rbegin(), group.rend(), usable);

@@ -113,6 +113,51 @@ TEST(NestedDialogKeys, ArrowsMoveInsideAGroup) {
     });
 }
 
+TEST(DialogKeys, ArrowsPassLabelsAndStayWhereThereIsNothingElse) {
+    constexpr int kCheck = 301;
+    constexpr DWORD kGroup = WS_GROUP;
+    static const Builder layout = Builder(WS_POPUP | WS_CAPTION, 100, 100)
+                                      .Add(Builder::Static, 0xFFFF, kGroup, u"Alone", 5, 5)
+                                      .Add(Builder::Button, kCheck, WS_TABSTOP | BS_AUTOCHECKBOX, u"", 50, 5)
+                                      .Add(Builder::Static, 0xFFFF, kGroup, u"Together", 5, 20)
+                                      .Add(Builder::Button, kPush, WS_TABSTOP, u"Push", 50, 20)
+                                      .Add(Builder::Static, 0xFFFF, 0, u"more", 5, 35)
+                                      .Add(Builder::Button, IDOK, WS_TABSTOP, u"OK", 50, 35);
+    CDialog dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(layout.Bytes()));
+    dialog.ShowWindow(SW_SHOW);
+    const qv::User user = MakeUser();
+    const struct {
+        int from;
+        int key;
+        int to;
+    } cases[] = {
+        {kCheck, VK_DOWN, kCheck}, {kCheck, VK_LEFT, kCheck}, {kPush, VK_RIGHT, IDOK},
+        {IDOK, VK_DOWN, kPush},    {kPush, VK_UP, IDOK},      {IDOK, VK_LEFT, kPush},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.from << " key " << c.key);
+        ASSERT_TRUE(user.Focus(::GetDlgItem(dialog.m_hWnd, c.from)));
+        user.Press(c.key);
+        EXPECT_EQ(FocusId(), c.to);
+    }
+}
+
+TEST(NestedDialogKeys, ArrowsWalkTheButtonsOfADialogAndNoFurther) {
+    InFrame([](Frame& frame, Log&, qv::User& user) {
+        for (const bool back : {false, true}) {
+            ASSERT_TRUE(user.Focus(frame.Item(kHelp)));
+            std::vector<int> walked;
+            for (int i = 0; i < 5; ++i) {
+                walked.push_back(FocusId());
+                user.Press(back ? VK_LEFT : VK_RIGHT);
+            }
+            EXPECT_EQ(walked, (back ? std::vector<int>{kHelp, kApply, IDCANCEL, IDOK, kHelp}
+                                    : std::vector<int>{kHelp, IDOK, IDCANCEL, kApply, kHelp}));
+        }
+    });
+}
+
 TEST(NestedDialogKeys, PagingKeysSwitchPagesFromAnywhere) {
     InFrame([](Frame& frame, Log&, qv::User& user) {
         CPropertySheet& sheet = frame.inner.Sheet();

@@ -45,7 +45,7 @@ inline const Builder& InnerLayout() {
 inline const Builder& PageLayout() {
     static const Builder layout =
         Builder(WS_CHILD | WS_DISABLED | WS_BORDER, 186, 95)
-            .Add(Builder::Static, 0xFFFF, 0, u"&Name", 5, 5)
+            .Add(Builder::Static, 0xFFFF, WS_GROUP, u"&Name", 5, 5)
             .Add(Builder::Edit, kEdit, WS_TABSTOP, u"", 60, 5)
             .Add(Builder::ComboBox, kCombo, WS_TABSTOP | CBS_DROPDOWNLIST, u"", 60, 20, 50, 60)
             .Add(Builder::Button, kPush, WS_TABSTOP, u"&Push", 60, 35)
@@ -58,6 +58,7 @@ inline const Builder& PageLayout() {
 
 struct Log {
     std::vector<std::string> lines;
+    HWND strayFrame = nullptr;  // a button that is framed when the page's field loses the focus or a radio is chosen
     std::string Take() {
         std::string all;
         for (const auto& line : lines)
@@ -73,6 +74,13 @@ public:
     const MessageMap* GetMessageMap() const override {
         static const MessageMap map{CPropertyPage::GetThisMessageMap(), {on::Command<&Page::OnPush>(kPush)}};
         return &map;
+    }
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        const bool leaves = HIWORD(wParam) == EN_KILLFOCUS || LOWORD(wParam) == kRadioB;
+        if (leaves && m_log.strayFrame != nullptr) {
+            ::SendMessageW(m_log.strayFrame, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+        }
+        return CPropertyPage::OnCommand(wParam, lParam);
     }
     void OnPush() { m_log.lines.emplace_back("push"); }
     bool OnInitDialog() override {

@@ -334,6 +334,10 @@ TEST_F(Dialog, NextItemsByTabAndByGroup) {
     EXPECT_EQ(group(kFirst, true), kThird);
     EXPECT_EQ(group(kCheck, false), kCheck) << "alone in its group";
     EXPECT_EQ(group(kLabel, false), kName);
+    EXPECT_EQ(group(kName, false), IDOK) << "the last group goes on at the beginning, where nothing begins one";
+    EXPECT_EQ(group(kLabel, true), kLines);
+    EXPECT_EQ(group(IDOK, true), kName);
+    EXPECT_EQ(group(kLines, false), kLabel);
 }
 
 TEST_F(Dialog, ItemsAnswerByIdentifier) {

@@ -1,5 +1,7 @@
 // The settings dialog by keyboard and mouse together: who has the focus after Apply, and which button shows that Enter
 // presses it.
+#include <algorithm>
+
 #include "framework/app.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
@@ -134,6 +136,35 @@ TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
             EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
             EXPECT_EQ(::GetFocus(), Row(L"common/count"));
             ExpectFramed(Button(IDOK));
+        },
+        [this] { user.Press(VK_ESCAPE); },
+    });
+}
+
+// The platform lets them stop at a prompt, where nobody sees the focus.
+TEST_F(DialogKeyboard, ArrowsStayInTheRowAndAmongTheButtons) {
+    const auto stays = [this](HWND from, std::initializer_list<HWND> reached) {
+        user.Focus(from);
+        for (const int key : {VK_RIGHT, VK_LEFT, VK_DOWN, VK_UP, VK_RIGHT, VK_RIGHT, VK_RIGHT, VK_RIGHT}) {
+            user.Press(key);
+            EXPECT_NE(std::find(reached.begin(), reached.end(), ::GetFocus()), reached.end());
+        }
+    };
+    // With one page only the tabs come right behind its last row.
+    host.DefineItem(L"common/last",
+                    {{L"type", L"12"}, {L"label", L"Last"}, {L"pagenumber", L"1"}, {L"ordernumber", L"9"}});
+    Show({
+        [&] { stays(Row(L"common/last"), {Row(L"common/last")}); },
+        [this] { user.Press(VK_ESCAPE); },
+    });
+    DefineButtonPage();
+    Show({
+        [&] {
+            stays(Button(IDOK), {Button(IDOK), Button(IDCANCEL), Button(IDC_HELP_BUTTON), Button(IDC_DEFAULT_BUTTON)});
+            stays(Row(L"common/flag"), {Row(L"common/flag")});
+            driver.SwitchPage(1);
+            stays(Row(L"more/notes"), {Row(L"more/notes")});
+            stays(Row(L"more/colour"), {Row(L"more/colour")});
         },
         [this] { user.Press(VK_ESCAPE); },
     });
