@@ -12,9 +12,9 @@ ComPtr<ISessionDataManager> g_sessionData;
 std::wstring Stored(const wchar_t* name) {
     const Bstr key(L"common");
     const Bstr valueName(name);
-    Variant value;
-    if (FAILED(g_sessionData->ReadData(key.Get(), valueName.Get(), VT_BSTR, &value, SDT_allData))) return {};
-    return TextOf(value.bstrVal);
+    const auto value = Receive<Variant>(
+        [&](VARIANT* out) { return g_sessionData->ReadData(key.Get(), valueName.Get(), VT_BSTR, out, SDT_allData); });
+    return std::wstring(value.value.Text().value_or(std::wstring_view()));
 }
 
 void Read(XQVBrowserSettings& settings) {

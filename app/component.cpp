@@ -40,10 +40,17 @@ bool SettingsComponent::Connect(ITPFHost* host, std::wstring& problem) {
     const auto getClassObject = reinterpret_cast<GetClassObjectFunction>(
         reinterpret_cast<void*>(GetProcAddress(m_library, "DllGetClassObject")));
     ComPtr<IClassFactory> factory;
-    if (getClassObject == nullptr ||
-        FAILED(getClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory,
-                              reinterpret_cast<void**>(factory.Put()))) ||
-        FAILED(factory->CreateInstance(nullptr, IID_ITPFObject, reinterpret_cast<void**>(m_object.Put())))) {
+    if (getClassObject != nullptr) {
+        factory = Receive<ComPtr<IClassFactory>>([&](auto out) {
+                      return getClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, out);
+                  }).value;
+    }
+    if (factory) {
+        m_object = Receive<ComPtr<ITPFObject>>([&](auto out) {
+                       return factory->CreateInstance(nullptr, IID_ITPFObject, out);
+                   }).value;
+    }
+    if (!m_object) {
         problem = L"qvsettingsdialog.dll does not offer the settings dialog";
         return false;
     }
@@ -55,9 +62,8 @@ bool SettingsComponent::Connect(ITPFHost* host, std::wstring& problem) {
 }
 
 bool SettingsComponent::ChangeSettings() {
-    ComPtr<ITPFMenuCommand> command;
-    if (FAILED(m_object->QueryInterface(IID_ITPFMenuCommand, reinterpret_cast<void**>(command.Put())))) return false;
-    return command->ExecuteCommand(kCommand) == S_OK;
+    const auto command = QueryFor<ITPFMenuCommand>(*m_object.Get(), IID_ITPFMenuCommand);
+    return command && command->ExecuteCommand(kCommand) == S_OK;
 }
 
 }  // namespace qv

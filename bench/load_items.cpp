@@ -116,16 +116,17 @@ private:
 // The calls of one loading, with nothing made of what they answer.
 void CopyOnly(LeanHost& host) {
     ISessionDataManager& session = host;
-    qv::StringBlock names;
     const qv::Bstr root(L"option-configuration");
-    session.EnumSubKeys(root.Get(), 1, names.PutCount(), names.Put(), SDT_machineData);
+    const auto names = qv::ReceiveStrings(1, [&](ULONG* count, BSTR** out) {
+                           return session.EnumSubKeys(root.Get(), 1, count, out, SDT_machineData);
+                       }).value;
     std::vector<std::pair<std::wstring, std::wstring>> attributes;
     for (std::size_t i = 0; i < names.Count(); ++i) {
         const std::wstring name = qv::TextOf(names.At(i));
         const qv::Bstr definition(name);
-        qv::StringBlock pairs;
-        pairs.SetStringsPerEntry(2);
-        session.EnumValues(definition.Get(), pairs.PutCount(), pairs.Put(), SDT_machineData);
+        const auto pairs = qv::ReceiveStrings(2, [&](ULONG* count, BSTR** out) {
+                               return session.EnumValues(definition.Get(), count, out, SDT_machineData);
+                           }).value;
         attributes.clear();
         for (std::size_t pair = 0; pair < pairs.Count(); ++pair) {
             attributes.emplace_back(qv::TextOf(pairs.At(2 * pair)), qv::TextOf(pairs.At(2 * pair + 1)));
@@ -134,9 +135,9 @@ void CopyOnly(LeanHost& host) {
         benchmark::DoNotOptimize(host.CheckRight(right.Get()));
         const qv::Bstr key(L"common");
         const qv::Bstr valueName(std::wstring_view(name).substr(name.rfind(L'/') + 1));
-        qv::Variant value;
-        session.ReadData(key.Get(), valueName.Get(), VT_BSTR, &value, SDT_userData);
-        benchmark::DoNotOptimize(qv::TextOf(value.bstrVal));
+        const auto value = qv::Receive<qv::Variant>(
+            [&](VARIANT* out) { return session.ReadData(key.Get(), valueName.Get(), VT_BSTR, out, SDT_userData); });
+        benchmark::DoNotOptimize(qv::TextOf(value.value.Get().bstrVal));
         benchmark::DoNotOptimize(attributes);
     }
 }

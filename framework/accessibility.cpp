@@ -7,17 +7,13 @@ namespace {
 
 constexpr LONG kSelf = 0;  // the window itself, not a part of it
 
-HRESULT StandardObject(HWND window, qv::ComPtr<IAccessible>& object) {
-    return ::CreateStdAccessibleObject(window, OBJID_CLIENT, IID_IAccessible, reinterpret_cast<void**>(object.Put()));
-}
-
 // Asks the standard object one question.
 template <class Question>
 HRESULT Ask(HWND window, const Question& question) {
-    qv::ComPtr<IAccessible> object;
-    const HRESULT result = StandardObject(window, object);
-    if (FAILED(result)) return result;
-    return object ? question(*object.Get()) : E_FAIL;
+    const auto object = qv::Receive<qv::ComPtr<IAccessible>>(
+        [&](auto out) { return ::CreateStdAccessibleObject(window, OBJID_CLIENT, IID_IAccessible, out); });
+    if (FAILED(object.status)) return object.status;
+    return object.value ? question(*object.value.Get()) : E_FAIL;
 }
 
 }  // namespace

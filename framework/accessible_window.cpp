@@ -133,14 +133,11 @@ private:
 }  // namespace
 
 LRESULT AccessibleObjectResult(const CWnd& window, WPARAM wParam) {
-    ComPtr<IAccessible> standard;
-    if (FAILED(::CreateStdAccessibleObject(window.m_hWnd, OBJID_CLIENT, IID_IAccessible,
-                                           reinterpret_cast<void**>(standard.Put()))) ||
-        !standard) {
-        return 0;
-    }
+    auto standard = Receive<ComPtr<IAccessible>>(
+        [&](auto out) { return ::CreateStdAccessibleObject(window.m_hWnd, OBJID_CLIENT, IID_IAccessible, out); });
+    if (!standard.value) return 0;
     const auto object = ComPtr<IAccessible>::Adopt(
-        static_cast<IAccessible*>(new (std::nothrow) AccessibleWindow(window.m_hWnd, std::move(standard))));
+        static_cast<IAccessible*>(new (std::nothrow) AccessibleWindow(window.m_hWnd, std::move(standard.value))));
     return object ? ::LresultFromObject(IID_IAccessible, wParam, object.Get()) : 0;
 }
 

@@ -143,7 +143,9 @@ HRESULT SessionDataBase::ReadData(BSTR key, BSTR valueName, USHORT wantedType, V
             const std::wstring* const text = source->Find(path, name);
             if (text == nullptr) continue;
             Variant found(*text);
-            return ::VariantChangeType(value, &found, 0, static_cast<VARTYPE>(wantedType));
+            const HRESULT changed = found.ChangeType(static_cast<VARTYPE>(wantedType));
+            if (changed == S_OK) *value = found.Detach();
+            return changed;
         }
         return kNotFound;
     });
@@ -151,10 +153,15 @@ HRESULT SessionDataBase::ReadData(BSTR key, BSTR valueName, USHORT wantedType, V
 
 HRESULT SessionDataBase::WriteData(BSTR key, BSTR valueName, VARIANT value, SESSIONDATATYPE scope) {
     return Guarded([&] {
-        Variant text;
-        if (const HRESULT changed = ::VariantChangeType(&text, &value, 0, VT_BSTR); changed != S_OK) return changed;
-        const SessionCall call{SessionOperation::WriteData, scope, TextOf(key), TextOf(valueName),
-                               TextOf(text.bstrVal),        0};
+        // A copy: what a caller hands in stays the caller's.
+        const auto text = Receive<Variant>([&](VARIANT* out) { return ::VariantChangeType(out, &value, 0, VT_BSTR); });
+        if (text.status != S_OK) return text.status;
+        const SessionCall call{SessionOperation::WriteData,
+                               scope,
+                               TextOf(key),
+                               TextOf(valueName),
+                               std::wstring(text.value.Text().value_or(std::wstring_view())),
+                               0};
         Interception interception{};
         if (const HRESULT answer = OnCall(call, interception); answer != S_OK) return answer;
         if (!CanHold(scope) || call.name.empty()) return E_INVALIDARG;

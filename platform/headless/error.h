@@ -49,6 +49,7 @@ inline constexpr LONG ERROR_FILENAME_EXCED_RANGE = 206;
 inline constexpr LONG ERROR_MORE_DATA = 234;
 inline constexpr LONG ERROR_NO_MORE_ITEMS = 259;
 inline constexpr LONG ERROR_DIRECTORY = 267;
+inline constexpr LONG ERROR_PARTIAL_COPY = 299;
 inline constexpr LONG ERROR_MR_MID_NOT_FOUND = 317;
 inline constexpr LONG ERROR_INVALID_ADDRESS = 487;
 inline constexpr LONG ERROR_NOACCESS = 998;

@@ -10,5 +10,10 @@ void SetLastError(DWORD error) noexcept;
 
 DWORD GetCurrentThreadId() noexcept;
 DWORD GetCurrentProcessId() noexcept;
+// A handle that stands for the calling process; it needs no closing.
+HANDLE GetCurrentProcess() noexcept;
+// Copies size bytes into buffer and says in *copied, unless null, how many. FALSE when they cannot all be read:
+// addresses that lead nowhere are refused. Only the calling process can be read.
+BOOL ReadProcessMemory(HANDLE process, LPCVOID address, LPVOID buffer, SIZE_T size, SIZE_T* copied) noexcept;
 // Milliseconds since the process started; wraps as documented.
 DWORD GetTickCount() noexcept;

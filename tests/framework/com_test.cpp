@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <stdexcept>
 
 #include "framework/com_module.h"
@@ -47,18 +48,20 @@ HRESULT CreateNothing(REFIID, void**) {
 const qv::ObjectMapEntry kMap[] = {{&kThingClass, &CreateThing}, {&kThrowingClass, &CreateNothing}};
 
 qv::ComPtr<IClassFactory> Factory(REFCLSID classId) {
-    qv::ComPtr<IClassFactory> factory;
-    EXPECT_EQ(qv::GetClassObject(g_module, kMap, classId, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-              S_OK);
-    return factory;
+    auto factory = qv::Receive<qv::ComPtr<IClassFactory>>(
+        [&](auto out) { return qv::GetClassObject(g_module, kMap, classId, IID_IClassFactory, out); });
+    EXPECT_EQ(factory.status, S_OK);
+    return std::move(factory.value);
 }
 
 TEST(ClassFactory, MakesObjectsThatKeepTheModuleLoaded) {
     {
         auto factory = Factory(kThingClass);
         EXPECT_EQ(g_module.LockCount(), 1);
-        qv::ComPtr<IThing> thing;
-        ASSERT_EQ(factory->CreateInstance(nullptr, kThingId, reinterpret_cast<void**>(thing.Put())), S_OK);
+        const auto thing = qv::Receive<qv::ComPtr<IThing>>([&](auto out) {
+                               return factory->CreateInstance(nullptr, kThingId, out);
+                           }).value;
+        ASSERT_TRUE(thing);
         factory.Reset();
         EXPECT_EQ(thing->Answer(), 42);
         EXPECT_EQ(g_module.LockCount(), 1);
@@ -108,6 +111,106 @@ TEST(ComPtr, CountsReferences) {
         first = qv::ComPtr<Thing>::Adopt(handedOver);
         first = nullptr;
         EXPECT_EQ(g_alive, 0);
+    }
+}
+
+template <class T>
+T* Poison() {
+    return reinterpret_cast<T*>(std::uintptr_t{0xDDDDDDDDDDDDDDDD});
+}
+
+// Whatever a call answers but S_OK, what it left is neither used nor released.
+TEST(Receive, TakesOverOnlyWhatASuccessfulCallHandsOut) {
+    for (const HRESULT status : {E_FAIL, S_FALSE, E_OUTOFMEMORY}) {
+        const auto thing = qv::Receive<qv::ComPtr<IThing>>([&](IThing** out) {
+            *out = Poison<IThing>();
+            return status;
+        });
+        EXPECT_EQ(thing.status, status);
+        EXPECT_FALSE(thing.value);
+        const auto text = qv::Receive<qv::Bstr>([&](BSTR* out) {
+            *out = Poison<OLECHAR>();
+            return status;
+        });
+        EXPECT_EQ(text.value.Get(), nullptr);
+        const auto value = qv::Receive<qv::Variant>([&](VARIANT* out) {
+            out->vt = VT_BSTR;
+            out->bstrVal = Poison<OLECHAR>();
+            return status;
+        });
+        EXPECT_FALSE(value.value.Text());
+        const auto strings = qv::ReceiveStrings(2, [&](ULONG* count, BSTR** out) {
+            *count = 7;
+            *out = Poison<BSTR>();
+            return status;
+        });
+        EXPECT_EQ(strings.value.Count(), 0U);
+    }
+    EXPECT_EQ(qv::QueryFor<IThing>(*Factory(kThingClass).Get(), kThingId).Get(), nullptr);
+    {
+        const auto thing = qv::Receive<qv::ComPtr<IThing>>([](auto out) { return CreateThing(kThingId, out); });
+        EXPECT_EQ(thing.status, S_OK);
+        EXPECT_EQ(g_alive, 1);
+    }
+    EXPECT_EQ(g_alive, 0);
+    const auto text = qv::Receive<qv::Variant>([](VARIANT* out) {
+        out->vt = VT_BSTR;
+        out->bstrVal = SysAllocString(L"mine now");
+        return S_OK;
+    });
+    EXPECT_EQ(text.value.Text(), L"mine now");
+}
+
+// All the strings of every entry go with the block; where any is left, the sanitized build says so.
+TEST(Receive, OwnsABlockWithAllItsStrings) {
+    const auto block = qv::ReceiveStrings(2, [](ULONG* count, BSTR** out) {
+        *count = 2;
+        *out = static_cast<BSTR*>(CoTaskMemAlloc(4 * sizeof(BSTR)));
+        for (int i = 0; i < 4; ++i)
+            (*out)[i] = i == 2 ? nullptr : SysAllocString(L"text");
+        return S_OK;
+    });
+    EXPECT_EQ(block.value.Count(), 2U);
+    EXPECT_EQ(qv::TextOf(block.value.At(3)), L"text");
+    const auto empty = qv::ReceiveStrings(2, [](ULONG* count, BSTR** out) {
+        *count = 0;
+        *out = static_cast<BSTR*>(CoTaskMemAlloc(sizeof(BSTR)));
+        return S_OK;
+    });
+    EXPECT_EQ(empty.value.Count(), 0U);
+    const auto none = qv::ReceiveStrings(2, [](ULONG* count, BSTR**) {
+        *count = 5;
+        return S_OK;
+    });
+    EXPECT_EQ(none.value.Count(), 0U) << "a count without a block";
+}
+
+TEST(Exchange, OneStringIsArgumentAndResult) {
+    struct Case {
+        const char* name;
+        HRESULT status;
+        bool frees;   // the argument, before another takes its place
+        BSTR leaves;  // in the variable, where it frees
+        const wchar_t* expected;
+    };
+    const Case cases[] = {
+        {"left alone", S_OK, false, nullptr, L"mine"},   {"replaced", S_OK, true, SysAllocString(L"yours"), L"yours"},
+        {"emptied", S_FALSE, true, nullptr, L""},        {"failed, left alone", E_FAIL, false, nullptr, L""},
+        {"failed, emptied", E_FAIL, true, nullptr, L""}, {"failed, poisoned", E_FAIL, true, Poison<OLECHAR>(), L""},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        const auto result = qv::Exchange(L"mine", [&](BSTR argument, BSTR* variable) {
+            EXPECT_EQ(argument, *variable);
+            EXPECT_EQ(qv::TextOf(argument), L"mine");
+            if (each.frees) {
+                SysFreeString(*variable);
+                *variable = each.leaves;
+            }
+            return each.status;
+        });
+        EXPECT_EQ(result.status, each.status);
+        EXPECT_EQ(qv::TextOf(result.value.Get()), each.expected);
     }
 }
 

@@ -261,22 +261,24 @@ TEST(Accessibility, GivesAWindowTheNameItWasGivenForAsLongAsItLives) {
         combo.AddString(L"Entry");
         combo.SetCurSel(0);
         combo.SetAccessibleName(L"Label");
-        qv::ComPtr<IAccessible> object;
-        ASSERT_EQ(::AccessibleObjectFromWindow(combo.m_hWnd, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                               reinterpret_cast<void**>(object.Put())),
-                  S_OK);
+        const auto object = qv::Receive<qv::ComPtr<IAccessible>>([&](auto out) {
+                                return ::AccessibleObjectFromWindow(combo.m_hWnd, static_cast<DWORD>(OBJID_CLIENT),
+                                                                    IID_IAccessible, out);
+                            }).value;
+        ASSERT_TRUE(object);
         VARIANT self{};
         V_VT(&self) = VT_I4;
         V_I4(&self) = CHILDID_SELF;
-        qv::Bstr name;
-        EXPECT_EQ(object->get_accName(self, name.Put()), S_OK);
-        EXPECT_EQ(qv::TextOf(name.Get()), L"Label");
+        const auto askName = [&] {
+            return qv::Receive<qv::Bstr>([&](BSTR* out) { return object->get_accName(self, out); });
+        };
+        EXPECT_EQ(qv::TextOf(askName().value.Get()), L"Label");
         HWND window = nullptr;
         EXPECT_EQ(::WindowFromAccessibleObject(object.Get(), &window), S_OK);
         EXPECT_EQ(window, combo.m_hWnd);
         // A client may hold the object longer than there is a window.
         combo.DestroyWindow();
-        EXPECT_NE(object->get_accName(self, name.Put()), S_OK);
+        EXPECT_NE(askName().status, S_OK);
     }
     OleUninitialize();
 }

@@ -32,9 +32,8 @@ TEST(HostObject, HandsOutTheServicesItHasAndNothingElse) {
         const auto object = ComPtr<IUnknown>::Adopt(raw);
         ASSERT_EQ(static_cast<bool>(object), c.isOffered) << c.name;
         if (!object) continue;
-        ComPtr<IUnknown> service;
-        EXPECT_EQ(object->QueryInterface(c.wanted, reinterpret_cast<void**>(service.Put())), S_OK) << c.name;
-        EXPECT_EQ(object->QueryInterface(IID_ITPFMenuCommand, reinterpret_cast<void**>(service.Put())), E_NOINTERFACE);
+        EXPECT_TRUE(qv::QueryFor<IUnknown>(*object.Get(), c.wanted)) << c.name;
+        EXPECT_FALSE(qv::QueryFor<IUnknown>(*object.Get(), IID_ITPFMenuCommand));
     }
     EXPECT_EQ(host->CreateObject(SID_SessionData, 1, nullptr), E_POINTER);
 }

@@ -227,15 +227,16 @@ TEST(LayoutCheckBox, IsNamedByItsPromptToAssistivePrograms) {
     spec.prompt = L"Show &tool bar";
     page.Add(spec);
     page.Show();
-    qv::ComPtr<IAccessible> box;
-    ASSERT_EQ(::AccessibleObjectFromWindow(page.layout.GetColumnControl(L"x")->m_hWnd, static_cast<DWORD>(OBJID_CLIENT),
-                                           IID_IAccessible, reinterpret_cast<void**>(box.Put())),
-              S_OK);
+    const HWND window = page.layout.GetColumnControl(L"x")->m_hWnd;
+    const auto box =
+        qv::Receive<qv::ComPtr<IAccessible>>([&](auto out) {
+            return ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, out);
+        }).value;
+    ASSERT_TRUE(box);
     VARIANT self{};
     self.vt = VT_I4;
-    qv::Bstr name;
-    ASSERT_EQ(box->get_accName(self, name.Put()), S_OK);
-    EXPECT_EQ(qv::TextOf(name.Get()), L"Show tool bar");
+    const auto name = qv::Receive<qv::Bstr>([&](BSTR* out) { return box->get_accName(self, out); });
+    EXPECT_EQ(qv::TextOf(name.value.Get()), L"Show tool bar");
 }
 
 TEST(Layouts, AreListedWhileTheyLive) {

@@ -68,12 +68,12 @@ TEST_F(SessionData, WriteIsSeenAtOnceAndPermanentOnlyWhenSaved) {
 }
 
 TEST_F(SessionData, ValuesOfOtherTypesAreConvertedOnTheWayInAndOut) {
-    qv::Variant number;
+    VARIANT number{};
     number.vt = VT_I4;
     number.lVal = -42;
     ASSERT_EQ(m_data->WriteData(qv::Bstr(L"k").Get(), qv::Bstr(L"v").Get(), number, SDT_userData), S_OK);
     EXPECT_EQ(m_caller.Read(SDT_userData, L"k", L"v"), L"-42");
-    qv::Variant read;
+    VARIANT read{};
     ASSERT_EQ(m_data->ReadData(qv::Bstr(L"k").Get(), qv::Bstr(L"v").Get(), VT_I4, &read, SDT_userData), S_OK);
     EXPECT_EQ(read.lVal, -42);
     m_data->Put(SDT_userData, L"k", L"v", L"no number");
@@ -113,8 +113,9 @@ TEST_F(SessionData, NullArgumentsAreRefusedOrEmpty) {
     EXPECT_EQ(m_data->EnumValues(nullptr, &count, nullptr, SDT_userData), E_POINTER);
     EXPECT_EQ(m_data->ReadData(nullptr, nullptr, VT_BSTR, nullptr, SDT_userData), E_POINTER);
     ASSERT_TRUE(m_caller.Store(SDT_userData, L"", L"v", L"root")) << "a null key is the empty one";
-    qv::Variant value;
-    EXPECT_EQ(m_data->ReadData(nullptr, qv::Bstr(L"v").Get(), VT_BSTR, &value, SDT_userData), S_OK);
+    const auto value = qv::Receive<qv::Variant>(
+        [&](VARIANT* out) { return m_data->ReadData(nullptr, qv::Bstr(L"v").Get(), VT_BSTR, out, SDT_userData); });
+    EXPECT_EQ(value.value.Text(), L"root");
 }
 
 }  // namespace

@@ -32,9 +32,9 @@ constexpr USHORT kOut = PARAMFLAG_FOUT;
 constexpr USHORT kResult = PARAMFLAG_FOUT | PARAMFLAG_FRETVAL;
 
 std::wstring NameOf(ITypeInfo& type) {
-    qv::Bstr name;
-    type.GetDocumentation(MEMBERID_NIL, name.Put(), nullptr, nullptr, nullptr);
-    return qv::TextOf(name.Get());
+    const auto name = qv::Receive<qv::Bstr>(
+        [&](BSTR* out) { return type.GetDocumentation(MEMBERID_NIL, out, nullptr, nullptr, nullptr); });
+    return qv::TextOf(name.value.Get());
 }
 
 std::wstring TypeName(ITypeInfo& type, const TYPEDESC& description) {
@@ -52,9 +52,9 @@ std::wstring TypeName(ITypeInfo& type, const TYPEDESC& description) {
         case VT_HRESULT:
             return L"HRESULT";
         case VT_USERDEFINED: {
-            qv::ComPtr<ITypeInfo> referred;
-            type.GetRefTypeInfo(description.hreftype, referred.Put());
-            return referred ? NameOf(*referred.Get()) : L"(unknown)";
+            const auto referred = qv::Receive<qv::ComPtr<ITypeInfo>>(
+                [&](ITypeInfo** out) { return type.GetRefTypeInfo(description.hreftype, out); });
+            return referred.value ? NameOf(*referred.value.Get()) : L"(unknown)";
         }
         default:
             return qv::Format(L"(type %d)", static_cast<int>(description.vt));
@@ -67,19 +67,23 @@ protected:
         const HMODULE module = LoadLibraryW(L"qvsettingsdialog.dll");
         std::array<wchar_t, 1024> path{};
         GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-        ASSERT_EQ(LoadTypeLibEx(path.data(), REGKIND_NONE, library.Put()), S_OK);
+        library = qv::Receive<qv::ComPtr<ITypeLib>>([&](ITypeLib** out) {
+                      return LoadTypeLibEx(path.data(), REGKIND_NONE, out);
+                  }).value;
         FreeLibrary(module);
+        ASSERT_TRUE(library);
     }
 
     qv::ComPtr<ITypeInfo> TypeOf(const GUID& id) {
-        qv::ComPtr<ITypeInfo> type;
-        EXPECT_EQ(library->GetTypeInfoOfGuid(id, type.Put()), S_OK);
-        return type;
+        auto type =
+            qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return library->GetTypeInfoOfGuid(id, out); });
+        EXPECT_EQ(type.status, S_OK);
+        return std::move(type.value);
     }
     static std::wstring HelpOf(ITypeInfo& type, MEMBERID member) {
-        qv::Bstr help;
-        type.GetDocumentation(member, nullptr, help.Put(), nullptr, nullptr);
-        return qv::TextOf(help.Get());
+        const auto help = qv::Receive<qv::Bstr>(
+            [&](BSTR* out) { return type.GetDocumentation(member, nullptr, out, nullptr, nullptr); });
+        return qv::TextOf(help.value.Get());
     }
 
     void ExpectInterface(const IID& id, const wchar_t* help, const std::vector<Member>& members) {
@@ -94,10 +98,11 @@ protected:
         EXPECT_EQ(HelpOf(*type.Get(), MEMBERID_NIL), help);
 
         HREFTYPE base = 0;
-        qv::ComPtr<ITypeInfo> baseType;
         ASSERT_EQ(type->GetRefTypeOfImplType(0, &base), S_OK);
-        ASSERT_EQ(type->GetRefTypeInfo(base, baseType.Put()), S_OK);
-        EXPECT_EQ(NameOf(*baseType.Get()), L"IUnknown");
+        const auto baseType =
+            qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return type->GetRefTypeInfo(base, out); });
+        ASSERT_EQ(baseType.status, S_OK);
+        EXPECT_EQ(NameOf(*baseType.value.Get()), L"IUnknown");
 
         for (UINT i = 0; i < members.size(); ++i)
             ExpectMember(*type.Get(), i, members[i]);
@@ -148,11 +153,12 @@ TEST_F(TypeLibrary, NamesItselfAndHoldsFourTypes) {
     EXPECT_EQ(attributes->wMinorVerNum, 0);
     EXPECT_EQ(attributes->syskind, SYS_WIN64);
     library->ReleaseTLibAttr(attributes);
-    qv::Bstr name;
-    qv::Bstr help;
-    library->GetDocumentation(-1, name.Put(), help.Put(), nullptr, nullptr);
-    EXPECT_EQ(qv::TextOf(name.Get()), L"QVSETTINGSDIALOGLib");
-    EXPECT_EQ(qv::TextOf(help.Get()), L"QVSettingsDialog 1.0 Type Library");
+    const auto name =
+        qv::Receive<qv::Bstr>([&](BSTR* out) { return library->GetDocumentation(-1, out, nullptr, nullptr, nullptr); });
+    const auto help =
+        qv::Receive<qv::Bstr>([&](BSTR* out) { return library->GetDocumentation(-1, nullptr, out, nullptr, nullptr); });
+    EXPECT_EQ(qv::TextOf(name.value.Get()), L"QVSETTINGSDIALOGLib");
+    EXPECT_EQ(qv::TextOf(help.value.Get()), L"QVSettingsDialog 1.0 Type Library");
     EXPECT_EQ(library->GetTypeInfoCount(), 4U);
 }
 
@@ -231,10 +237,11 @@ TEST_F(TypeLibrary, ClassIsCreatableAndDefaultsToTheManagerInterface) {
     EXPECT_EQ(NameOf(*type.Get()), L"QVSettingsDialogManager");
     EXPECT_EQ(HelpOf(*type.Get(), MEMBERID_NIL), L"QVSettingsDialogManager Class");
     HREFTYPE reference = 0;
-    qv::ComPtr<ITypeInfo> implemented;
     ASSERT_EQ(type->GetRefTypeOfImplType(0, &reference), S_OK);
-    ASSERT_EQ(type->GetRefTypeInfo(reference, implemented.Put()), S_OK);
-    EXPECT_EQ(NameOf(*implemented.Get()), L"IQVSettingsDialogManager");
+    const auto implemented =
+        qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return type->GetRefTypeInfo(reference, out); });
+    ASSERT_EQ(implemented.status, S_OK);
+    EXPECT_EQ(NameOf(*implemented.value.Get()), L"IQVSettingsDialogManager");
     INT flags = 0;
     type->GetImplTypeFlags(0, &flags);
     EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT);
@@ -245,7 +252,8 @@ TEST_F(TypeLibrary, ScopesAreAnEnumerationOfNumbers) {
     for (UINT i = 0; i < library->GetTypeInfoCount() && !type; ++i) {
         TYPEKIND kind{};
         library->GetTypeInfoType(i, &kind);
-        if (kind == TKIND_ENUM) library->GetTypeInfo(i, type.Put());
+        if (kind != TKIND_ENUM) continue;
+        type = qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return library->GetTypeInfo(i, out); }).value;
     }
     ASSERT_TRUE(type);
     EXPECT_EQ(NameOf(*type.Get()), L"SESSIONDATATYPE");
@@ -258,9 +266,9 @@ TEST_F(TypeLibrary, ScopesAreAnEnumerationOfNumbers) {
     for (UINT i = 0;; ++i) {
         VARDESC* variable = nullptr;
         if (FAILED(type->GetVarDesc(i, &variable))) break;
-        qv::Bstr name;
-        type->GetDocumentation(variable->memid, name.Put(), nullptr, nullptr, nullptr);
-        found.emplace_back(qv::TextOf(name.Get()), variable->lpvarValue->lVal);
+        const auto name = qv::Receive<qv::Bstr>(
+            [&](BSTR* out) { return type->GetDocumentation(variable->memid, out, nullptr, nullptr, nullptr); });
+        found.emplace_back(qv::TextOf(name.value.Get()), variable->lpvarValue->lVal);
         type->ReleaseVarDesc(variable);
     }
     EXPECT_EQ(found, expected);

@@ -65,20 +65,22 @@ protected:
         ASSERT_NE(module, nullptr);
         const auto canUnload = qv::ProcedureOf<CanUnloadFunction>(module, "DllCanUnloadNow");
         {
-            qv::ComPtr<IClassFactory> factory;
-            ASSERT_EQ(qv::ProcedureOf<GetClassObjectFunction>(module, "DllGetClassObject")(
-                          CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-                      S_OK);
+            const auto getClassObject = qv::ProcedureOf<GetClassObjectFunction>(module, "DllGetClassObject");
+            auto factory = qv::Receive<qv::ComPtr<IClassFactory>>([&](auto out) {
+                               return getClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, out);
+                           }).value;
+            ASSERT_TRUE(factory);
             EXPECT_EQ(canUnload(), S_FALSE) << "only a factory";
-            qv::ComPtr<ITPFObject> object;
-            ASSERT_EQ(factory->CreateInstance(nullptr, IID_ITPFObject, reinterpret_cast<void**>(object.Put())), S_OK);
+            auto object = qv::Receive<qv::ComPtr<ITPFObject>>([&](auto out) {
+                              return factory->CreateInstance(nullptr, IID_ITPFObject, out);
+                          }).value;
+            ASSERT_TRUE(object);
             factory.Reset();
             EXPECT_EQ(canUnload(), S_FALSE) << "only an object";
             const auto hostObject = qv::HostObject::Create(host.session.Get(), host.users.Get());
             object->SetHost(hostObject.Get(), nullptr);
             ASSERT_EQ(object->ConnectServices(0, nullptr), S_OK);
-            qv::ComPtr<IQVSettingsDialogManager> manager;
-            object->QueryInterface(IID_IQVSettingsDialogManager, reinterpret_cast<void**>(manager.Put()));
+            auto manager = qv::QueryFor<IQVSettingsDialogManager>(*object.Get(), IID_IQVSettingsDialogManager);
             HRESULT duringDialog = S_OK;
             LONG result = 0;
             driver.Run(

@@ -42,6 +42,12 @@ HRESULT Enter(const Operation& operation) noexcept {
     }
 }
 
+// A service of the host; null when it has none such.
+qv::ComPtr<IUnknown> LookUp(ITPFHost& host, REFGUID service) {
+    return qv::Receive<qv::ComPtr<IUnknown>>([&](IUnknown** out) { return host.CreateObject(service, kLookUp, out); })
+        .value;
+}
+
 // Tells the host to read its settings again, whatever became of the dialog.
 void RefreshBrowserSettings() {
     XQVBrowserSettings* settings = XQVBrowserSettings::GetBrowserSettingsObject();
@@ -169,21 +175,19 @@ HRESULT CQVSettingsDialogManager::ConnectServices(DWORD /*reserved*/, void* /*co
 }
 
 HRESULT CQVSettingsDialogManager::FetchServices() {
-    if (const qv::ComPtr<ITPFHost> host = m_host) {
+    if (const auto host = m_host) {  // kept: the host may let go of this object while it is asked
         // Deliberate: a host without session data is told only when a dialog is asked for; one whose service is of
         // another kind is told here.
-        qv::ComPtr<IUnknown> service;
-        if (host->CreateObject(SID_SessionData, kLookUp, service.Put()) == S_OK && service) {
-            if (FAILED(
-                    service->QueryInterface(IID_ISessionDataManager, reinterpret_cast<void**>(m_sessionData.Put())))) {
-                m_sessionData.Reset();
+        if (const auto service = LookUp(*host.Get(), SID_SessionData)) {
+            m_sessionData = qv::QueryFor<ISessionDataManager>(*service.Get(), IID_ISessionDataManager);
+            if (!m_sessionData) {
                 CoPlainBox(CoTranslateText(kNoSessionData));
                 return E_FAIL;
             }
         }
-        if (host->CreateObject(SID_MultiUser, kLookUp, service.Put()) == S_OK && service &&
-            SUCCEEDED(service->QueryInterface(IID_IMultiUserManager, reinterpret_cast<void**>(m_multiUser.Put())))) {
-            return S_OK;
+        if (const auto service = LookUp(*host.Get(), SID_MultiUser)) {
+            m_multiUser = qv::QueryFor<IMultiUserManager>(*service.Get(), IID_IMultiUserManager);
+            if (m_multiUser) return S_OK;
         }
     }
     CoPlainBox(CoTranslateText(kNoManagers));

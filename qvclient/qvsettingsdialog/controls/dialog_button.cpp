@@ -12,11 +12,10 @@ namespace {
 qv::ComPtr<HostDialogService> GetDialogService() {
     const auto host = GetModuleHost();
     if (!host) return nullptr;
-    qv::ComPtr<IUnknown> object;
-    if (FAILED(host->CreateObject(CLSID_HostDialogService, 1, object.Put())) || !object) return nullptr;
-    qv::ComPtr<HostDialogService> service;
-    if (FAILED(object->QueryInterface(IID_HostDialogService, reinterpret_cast<void**>(service.Put())))) return nullptr;
-    return service;
+    const auto object = qv::Receive<qv::ComPtr<IUnknown>>(
+        [&](IUnknown** out) { return host->CreateObject(CLSID_HostDialogService, 1, out); });
+    if (!object.value) return nullptr;
+    return qv::QueryFor<HostDialogService>(*object.value.Get(), IID_HostDialogService);
 }
 
 // The number by which a window is known across the border, 32 bits on every platform.
@@ -86,27 +85,30 @@ void XDialogButton::OnClicked() {
     }
     const auto service = GetDialogService();
     if (!service) return;
-    // One variable is argument and result; a service that replaces the text frees this one.
-    qv::Bstr text(m_value);
+    // One variable is argument and result of the first three.
     switch (m_type) {
         case 10: {
-            const HRESULT status = service->EditText(text.Get(), text.InOut());
-            m_value = TextOrDefault(status, text, m_defaultValue);
+            const auto edited =
+                qv::Exchange(m_value, [&](BSTR argument, BSTR* result) { return service->EditText(argument, result); });
+            m_value = TextOrDefault(edited.status, edited.value, m_defaultValue);
             break;
         }
         case 11: {
-            const HRESULT status = service->ChooseText(text.Get(), text.InOut(), 0);
-            m_value = TextOrDefault(status, text, m_defaultValue);
+            const auto chosen = qv::Exchange(
+                m_value, [&](BSTR argument, BSTR* result) { return service->ChooseText(argument, result, 0); });
+            m_value = TextOrDefault(chosen.status, chosen.value, m_defaultValue);
             break;
         }
         case 12:
             // Deliberate: a viewer changes nothing, whatever it returns.
-            service->ViewText(text.Get(), text.InOut());
+            (void)qv::Exchange(m_value,
+                               [&](BSTR argument, BSTR* result) { return service->ViewText(argument, result); });
             break;
         case 13: {
             // Deliberate: the argument comes back as the value, so only an empty one or a failure changes anything.
-            const HRESULT status = service->PlaceBeside(text.Get(), FrameHandle(*this));
-            m_value = TextOrDefault(status, text, m_defaultValue);
+            const qv::Bstr argument(m_value);
+            const HRESULT status = service->PlaceBeside(argument.Get(), FrameHandle(*this));
+            m_value = TextOrDefault(status, argument, m_defaultValue);
             break;
         }
         default:

@@ -94,7 +94,7 @@ bool XDynDialog::OnInitDialog() {
     CRect rect = GetWindowRect();
     const bool restored = !hosted && m_restoreEnabled && m_placementLoaded;
     if (restored) {
-        const CRect normal(m_storedPlacement.rcNormalPosition);
+        const CRect normal(WithinWindowSpace(m_storedPlacement).rcNormalPosition);
         defaultWidth = normal.Width();
         defaultHeight = normal.Height();
     }
@@ -155,7 +155,7 @@ CRect XDynDialog::FitAroundSheet(CRect rect, bool hosted, int defaultWidth, int 
 
     if (m_placementLoaded) {
         if (hosted) return rect;
-        const RECT& normal = m_storedPlacement.rcNormalPosition;
+        const RECT normal = WithinWindowSpace(m_storedPlacement).rcNormalPosition;
         CRect stored(static_cast<int>(normal.left), static_cast<int>(normal.top), 0, 0);
         stored.right = stored.left + std::max(defaultWidth, rect.Width());
         stored.bottom = stored.top + std::max(defaultHeight, rect.Height());

@@ -7,6 +7,7 @@
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
 #include "qvclient/qvsettingsdialog/dialogs/failed_opening.h"
+#include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
 #include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
@@ -126,7 +127,7 @@ void XDynDialogScroll::OnSize(UINT type, int cx, int cy) {
 // Null is passed over: the platform's dialog manager uses the same number for a message of its own.
 LRESULT XDynDialogScroll::OnSetPlacement(WPARAM /*wParam*/, LPARAM lParam) {
     if (lParam == 0) return 0;
-    const auto& wanted = *reinterpret_cast<const WINDOWPLACEMENT*>(lParam);
+    const WINDOWPLACEMENT wanted = WithinWindowSpace(*reinterpret_cast<const WINDOWPLACEMENT*>(lParam));
     SetWindowPlacement(wanted);
     // Deliberate: a frame that was left off the screen comes back there, though the platform would pull one that is
     // wholly outside back in. Whoever stored the record meant a screen that may be plugged in again.

@@ -1,6 +1,8 @@
 #include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "framework/text.h"
@@ -10,6 +12,8 @@ namespace {
 constexpr std::wstring_view kRecordKey = L"SizeConfigDialog";
 constexpr int kDefaultWidth = 470;
 constexpr int kDefaultHeight = 360;
+constexpr LONG kNearest = -32768;  // coordinates of windows are told in 16 bits
+constexpr LONG kFarthest = 32767;
 
 // One value of the record. Names are in lower case, as the record holds them.
 struct Field {
@@ -48,11 +52,13 @@ Switch ReadSwitch(ISessionDataManager& sessionData, std::wstring_view key, std::
                   SESSIONDATATYPE scope) {
     const qv::Bstr keyText(key);
     const qv::Bstr nameText(valueName);
-    qv::Variant value;
-    if (sessionData.ReadData(keyText.Get(), nameText.Get(), VT_BSTR, &value, scope) != S_OK) return Switch::Unknown;
+    qv::Variant value = qv::Receive<qv::Variant>([&](VARIANT* out) {
+                            return sessionData.ReadData(keyText.Get(), nameText.Get(), VT_BSTR, out, scope);
+                        }).value;
+    if (!value.Text()) return Switch::Unknown;
     // The platform's conversion to a 16-bit number decides: a text beyond that range is no 1.
-    if (FAILED(VariantChangeTypeEx(&value, &value, LOCALE_USER_DEFAULT, 0, VT_I2))) return Switch::Off;
-    return value.iVal == 1 ? Switch::On : Switch::Off;
+    if (FAILED(value.ChangeType(VT_I2))) return Switch::Off;
+    return value.Get().iVal == 1 ? Switch::On : Switch::Off;
 }
 
 }  // namespace
@@ -76,12 +82,29 @@ bool IsPlacementSwitchedOn(const XConstructionSet& constructionSet) {
     return state == Switch::On;
 }
 
+WINDOWPLACEMENT WithinWindowSpace(WINDOWPLACEMENT placement) noexcept {
+    const auto clip = [](LONG& coordinate) { coordinate = std::clamp(coordinate, kNearest, kFarthest); };
+    // The start is clipped and the size kept, as far as a window can be that big.
+    const auto clipSpan = [&](LONG& start, LONG& end) {
+        const auto size = std::clamp<std::int64_t>(std::int64_t{end} - start, kNearest, kFarthest);
+        clip(start);
+        end = start + static_cast<LONG>(size);
+    };
+    clip(placement.ptMinPosition.x);
+    clip(placement.ptMinPosition.y);
+    clip(placement.ptMaxPosition.x);
+    clip(placement.ptMaxPosition.y);
+    clipSpan(placement.rcNormalPosition.left, placement.rcNormalPosition.right);
+    clipSpan(placement.rcNormalPosition.top, placement.rcNormalPosition.bottom);
+    return placement;
+}
+
 void ReadPlacementRecord(ISessionDataManager& sessionData, WINDOWPLACEMENT& placement) {
     constexpr ULONG kNameAndText = 2;
     const qv::Bstr key(kRecordKey);
-    qv::StringBlock values;
-    values.SetStringsPerEntry(kNameAndText);
-    if (sessionData.EnumValues(key.Get(), values.PutCount(), values.Put(), SDT_allData) != S_OK) return;
+    const qv::StringBlock values = qv::ReceiveStrings(kNameAndText, [&](ULONG* count, BSTR** pairs) {
+                                       return sessionData.EnumValues(key.Get(), count, pairs, SDT_allData);
+                                   }).value;
     for (std::size_t i = 0; i < values.Count(); ++i) {
         const std::wstring name = qv::ToLower(qv::TextOf(values.At(kNameAndText * i)));
         const int value = qv::LeadingInteger(qv::TextOf(values.At(kNameAndText * i + 1)));
@@ -98,7 +121,7 @@ void WritePlacementRecord(ISessionDataManager& sessionData, const WINDOWPLACEMEN
     for (const Field& field : kFields) {
         const qv::Bstr name(field.name);
         const qv::Variant value(qv::Format(L"%d", field.get(stored)));
-        if (sessionData.WriteData(key.Get(), name.Get(), value, SDT_userData) != S_OK) return;
+        if (sessionData.WriteData(key.Get(), name.Get(), value.Get(), SDT_userData) != S_OK) return;
     }
     for (const Field& field : kFields) {
         const qv::Bstr name(field.name);

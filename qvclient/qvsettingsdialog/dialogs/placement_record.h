@@ -11,6 +11,10 @@
 // session data.
 [[nodiscard]] bool IsPlacementSwitchedOn(const XConstructionSet& constructionSet);
 
+// A placement within the coordinates that a window can have (16 bits): a record may hold any number, and what is worked
+// out from it has to stay a number. Nothing on or near a screen is changed.
+[[nodiscard]] WINDOWPLACEMENT WithinWindowSpace(WINDOWPLACEMENT placement) noexcept;
+
 // Overwrites the fields that the record names. A record that cannot be listed leaves the placement as it is.
 void ReadPlacementRecord(ISessionDataManager& sessionData, WINDOWPLACEMENT& placement);
 

@@ -23,10 +23,21 @@ constexpr std::int32_t kLastButtonType = 13;
 constexpr LONG kDirectChildren = 0;
 constexpr LONG kDefinitions = 1;
 
-bool EnumerateNames(ISessionDataManager& manager, const std::wstring& key, LONG flag, SESSIONDATATYPE scope,
-                    qv::StringBlock& names) {
+// The names below the key; none when the call fails.
+qv::StringBlock EnumerateNames(ISessionDataManager& manager, const std::wstring& key, LONG flag,
+                               SESSIONDATATYPE scope) {
     const qv::Bstr keyText(key);
-    return manager.EnumSubKeys(keyText.Get(), flag, names.PutCount(), names.Put(), scope) == S_OK && names.Count() > 0;
+    return qv::ReceiveStrings(1,
+                              [&](ULONG* count, BSTR** names) {
+                                  return manager.EnumSubKeys(keyText.Get(), flag, count, names, scope);
+                              })
+        .value;
+}
+
+qv::Received<qv::StringBlock> EnumeratePairs(ISessionDataManager& manager, BSTR key, SESSIONDATATYPE scope) {
+    constexpr ULONG kNameAndText = 2;
+    return qv::ReceiveStrings(kNameAndText,
+                              [&](ULONG* count, BSTR** pairs) { return manager.EnumValues(key, count, pairs, scope); });
 }
 
 // The right names of the table above, made once: an item asks for one of them.
@@ -69,16 +80,14 @@ XConstructionSet::~XConstructionSet() {
 
 bool XConstructionSet::HasSettings() {
     if (!m_sessionData) return false;
-    qv::StringBlock names;
-    if (!EnumerateNames(*m_sessionData.Get(), m_optionKey, kDirectChildren, m_controlPath, names)) return false;
+    if (EnumerateNames(*m_sessionData.Get(), m_optionKey, kDirectChildren, m_controlPath).Count() == 0) return false;
     std::list<PageEntry> pages;
     return LoadPages(pages);
 }
 
 bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     if (!m_sessionData) return false;
-    qv::StringBlock names;
-    if (!EnumerateNames(*m_sessionData.Get(), m_optionKey, kDirectChildren, m_controlPath, names)) return false;
+    const qv::StringBlock names = EnumerateNames(*m_sessionData.Get(), m_optionKey, kDirectChildren, m_controlPath);
 
     // deliberate: only the names are lower-cased, so that an option key with capitals never finds its pages.
     const std::wstring wanted = m_optionKey + L"/pages";
@@ -89,13 +98,12 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     }
     if (pagesKey.empty()) return false;
 
-    qv::StringBlock pairs;
-    pairs.SetStringsPerEntry(2);
     const qv::Bstr key(pagesKey);
+    const auto pairs = EnumeratePairs(*m_sessionData.Get(), key.Get(), m_controlPath);
     // deliberate: pages that cannot be read are no reason to say that nothing is defined.
-    if (m_sessionData->EnumValues(key.Get(), pairs.PutCount(), pairs.Put(), m_controlPath) != S_OK) return true;
+    if (pairs.status != S_OK) return true;
     AttributeMap titles;
-    titles.Assign(pairs);
+    titles.Assign(pairs.value);
     if (titles.Empty()) return false;
     for (const Attribute& page : titles)
         pages.push_back({qv::LeadingInteger(page.name), CoTranslateText(page.text)});
@@ -106,17 +114,16 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
 bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, const CWnd* dialog) {
     if (!m_sessionData) return false;
     const bool isForWindow = dialog != nullptr && dialog->IsLive();
-    qv::StringBlock names;
-    if (!EnumerateNames(*m_sessionData.Get(), m_optionKey, kDefinitions, m_controlPath, names)) return false;
+    const qv::StringBlock names = EnumerateNames(*m_sessionData.Get(), m_optionKey, kDefinitions, m_controlPath);
+    if (names.Count() == 0) return false;
 
     const qv::Bstr noName(L"");
     AttributeMap attributes;
     for (std::size_t i = 0; i < names.Count(); ++i) {
         const BSTR name = names.At(i) != nullptr ? names.At(i) : noName.Get();
-        qv::StringBlock pairs;
-        pairs.SetStringsPerEntry(2);
-        if (m_sessionData->EnumValues(name, pairs.PutCount(), pairs.Put(), m_controlPath) != S_OK) continue;
-        attributes.Assign(pairs);
+        const auto pairs = EnumeratePairs(*m_sessionData.Get(), name, m_controlPath);
+        if (pairs.status != S_OK) continue;
+        attributes.Assign(pairs.value);
         // deliberate: a definition without any values ends the loading; what is there already stays.
         if (attributes.Empty()) return false;
         for (const Attribute& attribute : attributes) {

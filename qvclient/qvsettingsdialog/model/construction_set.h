@@ -107,8 +107,8 @@ private:
     template <class Chooser>
     void DrawChooser(SpecialControlKind kind, std::wstring_view name, const AttributeMap& attributes);
 
-    // Finds the stored value of an item as a text variant.
-    bool ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope, qv::Variant& value);
+    // The stored value of an item; without a text when there is none, or none that is a text.
+    [[nodiscard]] qv::Variant ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope);
     // Writes a value and saves it; a failed save is reported above the page. Nothing is said of a failed write.
     void WriteAndSave(std::wstring_view key, std::wstring_view valueName, std::wstring_view text, SESSIONDATATYPE scope,
                       CWnd& page);

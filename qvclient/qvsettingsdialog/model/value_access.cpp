@@ -6,62 +6,58 @@
 #include "qvclient/qvsettingsdialog/model/range.h"
 #include "qvclient/qvsettingsdialog/model/settings_path.h"
 
-namespace {
-
-std::wstring_view TextIn(const qv::Variant& value) {
-    return value.bstrVal != nullptr ? std::wstring_view(value.bstrVal, SysStringLen(value.bstrVal))
-                                    : std::wstring_view();
-}
-
-}  // namespace
-
-bool XConstructionSet::ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope, qv::Variant& value) {
+qv::Variant XConstructionSet::ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope) {
     const auto path = qv::SplitValuePath(definitionName);
-    if (!path || !m_sessionData) return false;
+    if (!path || !m_sessionData) return {};
     const qv::Bstr key(path->key);
     const qv::Bstr name(path->name);
-    const HRESULT result = m_dataIO != nullptr ? m_dataIO->GetData(key.Get(), name.Get(), VT_BSTR, &value, scope)
-                                               : m_sessionData->ReadData(key.Get(), name.Get(), VT_BSTR, &value, scope);
-    return result == S_OK && value.vt == VT_BSTR;
+    return qv::Receive<qv::Variant>([&](VARIANT* value) {
+               return m_dataIO != nullptr ? m_dataIO->GetData(key.Get(), name.Get(), VT_BSTR, value, scope)
+                                          : m_sessionData->ReadData(key.Get(), name.Get(), VT_BSTR, value, scope);
+           })
+        .value;
 }
 
 bool XConstructionSet::ReadString(std::wstring_view definitionName, SESSIONDATATYPE scope, std::wstring& value) {
     value.clear();
-    qv::Variant stored;
-    if (!ReadText(definitionName, scope, stored)) return false;
-    value = qv::TrimView(TextIn(stored));
+    const qv::Variant stored = ReadText(definitionName, scope);
+    const auto text = stored.Text();
+    if (!text) return false;
+    value = qv::TrimView(*text);
     return true;
 }
 
 bool XConstructionSet::ReadInteger(std::wstring_view definitionName, SESSIONDATATYPE scope, std::int32_t& value) {
-    qv::Variant stored;
-    if (!ReadText(definitionName, scope, stored) || TextIn(stored).empty()) return false;
+    qv::Variant stored = ReadText(definitionName, scope);
+    if (stored.Text().value_or(std::wstring_view()).empty()) return false;
     // deliberate: a text that the conversion refuses is a successful read of 0, not a reason to show the default.
-    qv::Variant number;
-    value = VariantChangeType(&number, &stored, 0, VT_I4) == S_OK ? static_cast<std::int32_t>(number.lVal) : 0;
+    value = stored.ChangeType(VT_I4) == S_OK ? static_cast<std::int32_t>(stored.Get().lVal) : 0;
     return true;
 }
 
 bool XConstructionSet::ReadDouble(std::wstring_view definitionName, SESSIONDATATYPE scope, double& value) {
-    qv::Variant stored;
-    if (!ReadText(definitionName, scope, stored)) return false;
-    value = qv::TextToDouble(TextIn(stored));
+    const qv::Variant stored = ReadText(definitionName, scope);
+    const auto text = stored.Text();
+    if (!text) return false;
+    value = qv::TextToDouble(*text);
     return true;
 }
 
 bool XConstructionSet::ReadBoolean(std::wstring_view definitionName, SESSIONDATATYPE scope, bool& value) {
-    qv::Variant stored;
-    if (!ReadText(definitionName, scope, stored)) return false;
-    value = qv::TrimView(TextIn(stored)) == L"1";
+    const qv::Variant stored = ReadText(definitionName, scope);
+    const auto text = stored.Text();
+    if (!text) return false;
+    value = qv::TrimView(*text) == L"1";
     return true;
 }
 
 bool XConstructionSet::ReadStringList(std::wstring_view definitionName, SESSIONDATATYPE scope,
                                       std::vector<std::wstring>& value) {
-    qv::Variant stored;
-    if (!ReadText(definitionName, scope, stored)) return false;
+    const qv::Variant stored = ReadText(definitionName, scope);
+    const auto text = stored.Text();
+    if (!text) return false;
     value.clear();
-    SplitStringList(qv::TrimView(TextIn(stored)), value);
+    SplitStringList(qv::TrimView(*text), value);
     return true;
 }
 
@@ -79,8 +75,9 @@ void XConstructionSet::WriteAndSave(std::wstring_view key, std::wstring_view val
     const qv::Bstr keyText(key);
     const qv::Bstr name(valueName);
     const qv::Variant value(text);
-    const HRESULT written = m_dataIO != nullptr ? m_dataIO->WriteData(keyText.Get(), name.Get(), value, scope)
-                                                : m_sessionData->WriteData(keyText.Get(), name.Get(), value, scope);
+    const HRESULT written = m_dataIO != nullptr
+                                ? m_dataIO->WriteData(keyText.Get(), name.Get(), value.Get(), scope)
+                                : m_sessionData->WriteData(keyText.Get(), name.Get(), value.Get(), scope);
     // deliberate: a refused write is silent; only a write that does not last is worth a word.
     if (written != S_OK) return;
     const HRESULT saved = m_dataIO != nullptr ? m_dataIO->SaveData(scope, keyText.Get(), name.Get())

@@ -34,13 +34,13 @@ RECT OnScreen(HWND window) {
     return rect;
 }
 
-// The size of a text in a window's own font, broken between words at a width; 0: not broken.
+// The size of a text in a window's own font, broken at a width as labels are; 0: not broken.
 SIZE Measure(HWND window, const std::wstring& text, LONG breakAt, UINT flags = 0) {
     HDC dc = GetDC(window);
     const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0));
     const HGDIOBJ before = font != nullptr ? SelectObject(dc, font) : nullptr;
     RECT rect{0, 0, breakAt, 0};
-    flags |= DT_CALCRECT | static_cast<UINT>(breakAt > 0 ? DT_WORDBREAK : DT_SINGLELINE);
+    flags |= DT_CALCRECT | static_cast<UINT>(breakAt > 0 ? DT_WORDBREAK | DT_EDITCONTROL : DT_SINGLELINE);
     DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rect, flags);
     if (before != nullptr) SelectObject(dc, before);
     ReleaseDC(window, dc);
@@ -229,19 +229,19 @@ void CheckTabOrder(HWND dialog, HWND page) {
 
 AccessibleFacts AskAccessible(HWND window) {
     AccessibleFacts facts;
-    qv::ComPtr<IAccessible> object;
-    EXPECT_EQ(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                         reinterpret_cast<void**>(object.Put())),
-              S_OK)
-        << Describe(window);
+    const auto object =
+        qv::Receive<qv::ComPtr<IAccessible>>([&](auto out) {
+            return AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, out);
+        }).value;
+    EXPECT_TRUE(object) << Describe(window);
     if (!object) return facts;
     VARIANT self{};
     self.vt = VT_I4;
     self.lVal = 0;
-    qv::Bstr name;
-    if (object->get_accName(self, name.Put()) == S_OK) facts.name = qv::TextOf(name.Get());
-    qv::Variant role;
-    if (object->get_accRole(self, &role) == S_OK && role.vt == VT_I4) facts.role = role.lVal;
+    const auto name = qv::Receive<qv::Bstr>([&](BSTR* out) { return object->get_accName(self, out); });
+    facts.name = qv::TextOf(name.value.Get());
+    const auto role = qv::Receive<qv::Variant>([&](VARIANT* out) { return object->get_accRole(self, out); });
+    if (role.value.Get().vt == VT_I4) facts.role = role.value.Get().lVal;
     LONG left = 0, top = 0, width = 0, height = 0;
     EXPECT_EQ(object->accLocation(&left, &top, &width, &height, self), S_OK) << Describe(window);
     facts.place = {left, top, left + width, top + height};

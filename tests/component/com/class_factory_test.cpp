@@ -9,9 +9,8 @@ TEST_F(ComponentDll, FactoryRefusesWhatItCannotMake) {
     EXPECT_EQ(object, nullptr);
     EXPECT_EQ(GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, nullptr), E_POINTER);
 
-    qv::ComPtr<IClassFactory> factory;
-    ASSERT_EQ(GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-              S_OK);
+    auto factory = Factory();
+    ASSERT_TRUE(factory);
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
     object = &object;
     EXPECT_EQ(factory->CreateInstance(hostObject.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
@@ -38,17 +37,14 @@ TEST_F(ComponentDll, OneObjectAnswersForItsThreeInterfaces) {
 TEST_F(ComponentDll, UnloadsOnlyWhenNothingOfItIsAlive) {
     EXPECT_EQ(CanUnloadNow(), S_OK);
     {
-        qv::ComPtr<IClassFactory> factory;
-        ASSERT_EQ(
-            GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-            S_OK);
+        auto factory = Factory();
+        ASSERT_TRUE(factory);
         EXPECT_EQ(CanUnloadNow(), S_FALSE);
         factory->LockServer(TRUE);
         factory.Reset();
         EXPECT_EQ(CanUnloadNow(), S_FALSE) << "the server lock stays";
-        ASSERT_EQ(
-            GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-            S_OK);
+        factory = Factory();
+        ASSERT_TRUE(factory);
         factory->LockServer(FALSE);
     }
     EXPECT_EQ(CanUnloadNow(), S_OK);

@@ -31,19 +31,20 @@ protected:
     // A new manager's interface; null when it has none such.
     template <class Interface>
     [[nodiscard]] qv::ComPtr<Interface> Create(REFIID iid) const {
-        qv::ComPtr<IClassFactory> factory;
-        qv::ComPtr<Interface> result;
-        EXPECT_EQ(
-            GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put())),
-            S_OK);
-        EXPECT_EQ(factory->CreateInstance(nullptr, iid, reinterpret_cast<void**>(result.Put())), S_OK);
-        return result;
+        auto result =
+            qv::Receive<qv::ComPtr<Interface>>([&](auto out) { return Factory()->CreateInstance(nullptr, iid, out); });
+        EXPECT_EQ(result.status, S_OK);
+        return std::move(result.value);
+    }
+    [[nodiscard]] qv::ComPtr<IClassFactory> Factory() const {
+        auto factory = qv::Receive<qv::ComPtr<IClassFactory>>(
+            [&](auto out) { return GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, out); });
+        EXPECT_EQ(factory.status, S_OK);
+        return std::move(factory.value);
     }
     template <class Interface, class From>
     [[nodiscard]] static qv::ComPtr<Interface> Query(const qv::ComPtr<From>& from, REFIID iid) {
-        qv::ComPtr<Interface> result;
-        from->QueryInterface(iid, reinterpret_cast<void**>(result.Put()));
-        return result;
+        return qv::QueryFor<Interface>(*from.Get(), iid);
     }
     // A manager that is connected to the test's host.
     [[nodiscard]] qv::ComPtr<IQVSettingsDialogManager> CreateConnected();

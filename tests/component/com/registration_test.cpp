@@ -100,11 +100,12 @@ TEST_F(Registration, ARegisteredClassIsCreatedByItsIdentifier) {
     ASSERT_EQ(Register(), S_OK);
     ASSERT_TRUE(SUCCEEDED(CoInitialize(nullptr)));
     {
-        qv::ComPtr<IQVSettingsDialogManager> manager;
-        EXPECT_EQ(CoCreateInstance(CLSID_QVSettingsDialogManager, nullptr, CLSCTX_INPROC_SERVER,
-                                   IID_IQVSettingsDialogManager, reinterpret_cast<void**>(manager.Put())),
-                  S_OK);
-        EXPECT_TRUE(manager);
+        const auto manager = qv::Receive<qv::ComPtr<IQVSettingsDialogManager>>([](auto out) {
+            return CoCreateInstance(CLSID_QVSettingsDialogManager, nullptr, CLSCTX_INPROC_SERVER,
+                                    IID_IQVSettingsDialogManager, out);
+        });
+        EXPECT_EQ(manager.status, S_OK);
+        EXPECT_TRUE(manager.value);
     }
     CoUninitialize();
     EXPECT_EQ(Unregister(), S_OK);

@@ -92,8 +92,9 @@ public:
         ++calls;
         EXPECT_TRUE(IsEqualGUID(id, CLSID_HostDialogService));
         EXPECT_EQ(number, 1U);
+        // What a failing host leaves behind is nobody's reference.
         *object = service;
-        if (service != nullptr) service->AddRef();
+        if (service != nullptr && status == S_OK) service->AddRef();
         return status;
     }
 };

@@ -70,6 +70,32 @@ TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
     }
 }
 
+// Answers the stored switch with a number, the definition's default with a text.
+class NumberSession final : public qv::SessionDataBase {
+public:
+    HRESULT STDMETHODCALLTYPE ReadData(BSTR, BSTR name, USHORT, VARIANT* value, SESSIONDATATYPE) override {
+        const bool isStored = qv::TextOf(name) == L"configdialoginit";
+        value->vt = isStored ? VT_I2 : VT_BSTR;
+        if (isStored) {
+            value->iVal = 1;
+        } else {
+            value->bstrVal = SysAllocString(defaultText);
+        }
+        return S_OK;
+    }
+    const wchar_t* defaultText = L"0";
+};
+
+TEST_F(Placement, ASwitchThatIsNoTextIsNotStored) {
+    const qv::ComPtr<NumberSession> session(new NumberSession);
+    const XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                           qv::ComPtr<ISessionDataManager>(session.Get()),
+                                           qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    EXPECT_FALSE(IsPlacementSwitchedOn(constructionSet)) << "the number 1 is no stored switch";
+    session->defaultText = L"1";
+    EXPECT_TRUE(IsPlacementSwitchedOn(constructionSet));
+}
+
 TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
     PutRecord({{L"top.x", L"3"}, {L"top.y", L"4"}, {L"bottom.x", L"703"}, {L"bottom.y", L"504"}});
     Show({

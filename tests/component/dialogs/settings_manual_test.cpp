@@ -35,31 +35,77 @@ TEST(SettingsManual, PathIsBuiltFromHelpPathAndLanguage) {
     }
 }
 
-// A session that says no to the help path, with or without a value in its hand.
-class UnwillingSession final : public qv::SessionDataBase {
+// What a session leaves in the value and answers, for one value name; the others are not there. The text stays its own.
+class OddSession final : public qv::SessionDataBase {
 public:
-    explicit UnwillingSession(const wchar_t* delivered) : m_delivered(delivered) {}
+    struct Answer {
+        HRESULT status;
+        VARTYPE type;
+        BSTR text;
+    };
+    OddSession(std::wstring name, Answer answer) : m_name(std::move(name)), m_answer(answer) {}
     HRESULT STDMETHODCALLTYPE ReadData(BSTR, BSTR valueName, USHORT, VARIANT* value, SESSIONDATATYPE) override {
-        VariantInit(value);
-        if (m_delivered != nullptr && qv::TextOf(valueName) == L"help_path") {
+        if (qv::TextOf(valueName) == L"help_path" && m_name != L"help_path") {
             value->vt = VT_BSTR;
-            value->bstrVal = SysAllocString(m_delivered);
+            value->bstrVal = SysAllocString(L"H");
+            return S_OK;
         }
-        return E_FAIL;
+        if (qv::TextOf(valueName) != m_name) return E_FAIL;
+        value->vt = m_answer.type;
+        value->bstrVal = m_answer.text;
+        return m_answer.status;
     }
 
 private:
-    const wchar_t* m_delivered;
+    std::wstring m_name;
+    Answer m_answer;
 };
 
-// Deliberate: what counts for the path is whether there is one, not what the read answered.
-TEST(SettingsManual, AFailedReadCountsByWhatItDelivers) {
-    const qv::ComPtr<ISessionDataManager> delivers(new UnwillingSession(L"D:\\Manuals"));
-    EXPECT_EQ(SettingsManualPath(*delivers.Get()), L"D:\\Manuals\\\\Settingsmanual.pdf");
-    const qv::ComPtr<ISessionDataManager> deliversEmptyText(new UnwillingSession(L""));
-    EXPECT_EQ(SettingsManualPath(*deliversEmptyText.Get()), L"\\\\Settingsmanual.pdf");
-    const qv::ComPtr<ISessionDataManager> deliversNothing(new UnwillingSession(nullptr));
-    EXPECT_EQ(SettingsManualPath(*deliversNothing.Get()), std::nullopt);
+// Deliberate: what counts for the path is whether there is a text, not what the read answered. What a failed read
+// leaves may lead anywhere, and is nobody's to free.
+TEST(SettingsManual, AFailedReadOfTheHelpPathCountsByWhatItLeaves) {
+    const qv::Bstr manuals(L"D:\\Manuals");
+    const qv::Bstr empty(L"");
+    const qv::Bstr tooLong(std::wstring(40000, L'x'));
+    const auto poison = reinterpret_cast<BSTR>(std::uintptr_t{0xDDDDDDDDDDDDDDDD});
+    struct Case {
+        const char* name;
+        OddSession::Answer answer;
+        std::optional<std::wstring> expected;
+    };
+    const Case cases[] = {
+        {"a text", {E_FAIL, VT_BSTR, manuals.Get()}, L"D:\\Manuals\\\\Settingsmanual.pdf"},
+        {"a text and S_FALSE", {S_FALSE, VT_BSTR, manuals.Get()}, L"D:\\Manuals\\\\Settingsmanual.pdf"},
+        {"an empty text", {E_FAIL, VT_BSTR, empty.Get()}, L"\\\\Settingsmanual.pdf"},
+        {"no text", {E_FAIL, VT_BSTR, nullptr}, std::nullopt},
+        {"nothing", {E_FAIL, VT_EMPTY, nullptr}, std::nullopt},
+        {"a pointer that leads nowhere", {E_FAIL, VT_BSTR, poison}, std::nullopt},
+        {"a small number for a pointer", {E_FAIL, VT_BSTR, reinterpret_cast<BSTR>(std::uintptr_t{2})}, std::nullopt},
+        {"another type", {E_FAIL, VT_UNKNOWN, poison}, std::nullopt},
+        {"no type at all", {E_FAIL, 0xDDDD, poison}, std::nullopt},
+        {"no path", {E_FAIL, VT_BSTR, tooLong.Get()}, std::nullopt},
+        {"success without a text", {S_OK, VT_I4, nullptr}, std::nullopt},
+        {"success with a null text", {S_OK, VT_BSTR, nullptr}, L"\\\\Settingsmanual.pdf"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        const qv::ComPtr<ISessionDataManager> session(new OddSession(L"help_path", each.answer));
+        EXPECT_EQ(SettingsManualPath(*session.Get()), each.expected);
+    }
+    EXPECT_EQ(qv::TextOf(manuals.Get()), L"D:\\Manuals");
+}
+
+// The fallback language is for an empty text only, not for what is no text.
+TEST(SettingsManual, ALanguageThatIsNoTextIsNone) {
+    const auto poison = reinterpret_cast<BSTR>(std::uintptr_t{0xDDDDDDDDDDDDDDDD});
+    for (const OddSession::Answer& answer :
+         {OddSession::Answer{S_OK, VT_I4, nullptr}, OddSession::Answer{E_FAIL, VT_BSTR, poison},
+          OddSession::Answer{S_FALSE, VT_BSTR, poison}}) {
+        const qv::ComPtr<ISessionDataManager> session(new OddSession(L"languageid", answer));
+        EXPECT_EQ(SettingsManualPath(*session.Get()), L"H\\\\Settingsmanual.pdf");
+    }
+    const qv::ComPtr<ISessionDataManager> nullText(new OddSession(L"languageid", {S_OK, VT_BSTR, nullptr}));
+    EXPECT_EQ(SettingsManualPath(*nullText.Get()), L"H\\1033\\Settingsmanual.pdf");
 }
 
 }  // namespace

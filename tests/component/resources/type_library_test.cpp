@@ -15,9 +15,9 @@ namespace {
 const int kInsideProgram = 0;
 
 std::wstring HelpText(ITypeInfo& info, MEMBERID member) {
-    qv::Bstr text;
-    info.GetDocumentation(member, nullptr, text.Put(), nullptr, nullptr);
-    return qv::TextOf(text.Get());
+    const auto text =
+        qv::Receive<qv::Bstr>([&](BSTR* out) { return info.GetDocumentation(member, nullptr, out, nullptr, nullptr); });
+    return qv::TextOf(text.value.Get());
 }
 
 class TypeLibrary : public ::testing::Test {
@@ -25,12 +25,14 @@ protected:
     void SetUp() override {
         std::array<wchar_t, MAX_PATH> path{};
         GetModuleFileNameW(qv::ModuleFromAddress(&kInsideProgram), path.data(), MAX_PATH);
-        ASSERT_EQ(LoadTypeLibEx(path.data(), REGKIND_NONE, library.Put()), S_OK);
+        library = qv::Receive<qv::ComPtr<ITypeLib>>([&](ITypeLib** out) {
+                      return LoadTypeLibEx(path.data(), REGKIND_NONE, out);
+                  }).value;
+        ASSERT_TRUE(library);
     }
     qv::ComPtr<ITypeInfo> Find(const GUID& id) {
-        qv::ComPtr<ITypeInfo> info;
-        library->GetTypeInfoOfGuid(id, info.Put());
-        return info;
+        return qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return library->GetTypeInfoOfGuid(id, out); })
+            .value;
     }
     qv::ComPtr<ITypeLib> library;
 };
@@ -43,11 +45,12 @@ TEST_F(TypeLibrary, IsTheSettingsLibraryInItsVersionAndLocale) {
     EXPECT_EQ(attributes->wMinorVerNum, 0);
     EXPECT_EQ(attributes->lcid, 1033U);
     library->ReleaseTLibAttr(attributes);
-    qv::Bstr name;
-    qv::Bstr help;
-    library->GetDocumentation(-1, name.Put(), help.Put(), nullptr, nullptr);
-    EXPECT_EQ(qv::TextOf(name.Get()), L"QVSETTINGSDIALOGLib");
-    EXPECT_EQ(qv::TextOf(help.Get()), L"QVSettingsDialog 1.0 Type Library");
+    const auto name =
+        qv::Receive<qv::Bstr>([&](BSTR* out) { return library->GetDocumentation(-1, out, nullptr, nullptr, nullptr); });
+    const auto help =
+        qv::Receive<qv::Bstr>([&](BSTR* out) { return library->GetDocumentation(-1, nullptr, out, nullptr, nullptr); });
+    EXPECT_EQ(qv::TextOf(name.value.Get()), L"QVSETTINGSDIALOGLib");
+    EXPECT_EQ(qv::TextOf(help.value.Get()), L"QVSettingsDialog 1.0 Type Library");
 }
 
 struct Member {
@@ -147,7 +150,9 @@ TEST_F(TypeLibrary, DescribesTheClassAndTheScopes) {
     for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
         TYPEKIND kind{};
         library->GetTypeInfoType(i, &kind);
-        if (kind == TKIND_ENUM) library->GetTypeInfo(i, scopes.Put());
+        if (kind != TKIND_ENUM) continue;
+        scopes =
+            qv::Receive<qv::ComPtr<ITypeInfo>>([&](ITypeInfo** out) { return library->GetTypeInfo(i, out); }).value;
     }
     ASSERT_TRUE(scopes);
     const std::pair<const wchar_t*, int> expected[] = {
@@ -158,10 +163,10 @@ TEST_F(TypeLibrary, DescribesTheClassAndTheScopes) {
     for (UINT i = 0; i < std::size(expected); ++i) {
         VARDESC* value = nullptr;
         ASSERT_EQ(scopes->GetVarDesc(i, &value), S_OK);
-        qv::Bstr name;
         UINT count = 0;
-        scopes->GetNames(value->memid, name.Put(), 1, &count);
-        EXPECT_EQ(qv::TextOf(name.Get()), expected[i].first);
+        const auto name =
+            qv::Receive<qv::Bstr>([&](BSTR* out) { return scopes->GetNames(value->memid, out, 1, &count); });
+        EXPECT_EQ(qv::TextOf(name.value.Get()), expected[i].first);
         EXPECT_EQ(value->lpvarValue->lVal, expected[i].second);
         scopes->ReleaseVarDesc(value);
     }

@@ -26,14 +26,15 @@ int main(int argc, char** argv) {
     LONG result = 0;
     {
         using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-        qv::ComPtr<IClassFactory> factory;
-        qv::ComPtr<IQVSettingsDialogManager> manager;
-        if (FAILED(qv::ProcedureOf<GetClassObject>(module, "DllGetClassObject")(
-                CLSID_QVSettingsDialogManager, IID_IClassFactory, reinterpret_cast<void**>(factory.Put()))) ||
-            FAILED(factory->CreateInstance(nullptr, IID_IQVSettingsDialogManager,
-                                           reinterpret_cast<void**>(manager.Put())))) {
-            return 3;
-        }
+        const auto factory = qv::Receive<qv::ComPtr<IClassFactory>>([&](auto out) {
+                                 return qv::ProcedureOf<GetClassObject>(module, "DllGetClassObject")(
+                                     CLSID_QVSettingsDialogManager, IID_IClassFactory, out);
+                             }).value;
+        if (!factory) return 3;
+        const auto manager = qv::Receive<qv::ComPtr<IQVSettingsDialogManager>>([&](auto out) {
+                                 return factory->CreateInstance(nullptr, IID_IQVSettingsDialogManager, out);
+                             }).value;
+        if (!manager) return 3;
         const qv::Bstr caption(L"Small host");
         manager->CreateModalDialogEx(caption.Get(), nullptr, &result);
     }
