@@ -104,7 +104,7 @@ protected:
         EXPECT_EQ(byOperation.size(), 11U) << "an operation that the walk does not reach";
         std::vector<std::size_t> places;
         for (const auto& [operation, at] : byOperation) {
-            for (const std::size_t i : {std::size_t{0}, at.size() / 3, at.size() / 2, at.size() - 1})
+            for (const std::size_t i : {std::size_t{0}, at.size() / 2, at.size() - 1})
                 places.push_back(at[i]);
         }
         std::sort(places.begin(), places.end());
@@ -112,6 +112,14 @@ protected:
         for (m_lastStore = calls.size(); !IsStoring(calls[m_lastStore - 1].name); --m_lastStore) {
         }
         return places;
+    }
+    // The first deed of a table is done in all places, the others in every second one, in turn.
+    static std::vector<std::size_t> SomeOf(const std::vector<std::size_t>& places, std::ptrdiff_t deed) {
+        std::vector<std::size_t> some;
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            if (deed == 0 || (i + static_cast<std::size_t>(deed)) % 2 == 0) some.push_back(places[i]);
+        }
+        return some;
     }
     // Everything was stored by the time of that call.
     [[nodiscard]] bool IsAfterStoring(std::size_t place) const { return place > m_lastStore; }
@@ -244,7 +252,7 @@ TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
     const std::vector<std::size_t> places = Places();
     const std::vector<Call> cleanCalls = calls;
     for (const Case& each : cases) {
-        for (const std::size_t place : places) {
+        for (const std::size_t place : SomeOf(places, &each - cases)) {
             SCOPED_TRACE(std::string(each.name) + " in call " + std::to_string(place));
             if (!owner.IsLive()) {
                 owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
@@ -281,7 +289,7 @@ TEST_F(RudeHost, MayDestroyAFreeStandingDialogInAnyCall) {
             [this] { return Destroy(SheetWindow()); },
         };
         for (const Deed& deed : deeds) {
-            for (const std::size_t place : places) {
+            for (const std::size_t place : SomeOf(places, &deed - deeds)) {
                 SCOPED_TRACE((kind == Kind::FreeModal ? "modal, deed " : "modeless, deed ") +
                              std::to_string(&deed - deeds) + " in call " + std::to_string(place));
                 renewOwner();
