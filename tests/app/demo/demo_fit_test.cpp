@@ -52,7 +52,8 @@ protected:
         ASSERT_TRUE(host.Start(options, problem)) << qv::ToUtf8(problem);
         driver.Run(
             [&] {
-                (void)host.ChangeSettings();
+                std::vector<std::wstring> changes;
+                (void)host.ChangeSettings(changes);
                 return 0;
             },
             {[&] { VisitPages(check); }, [&] { driver.PressKey(VK_ESCAPE); }});
