@@ -40,16 +40,6 @@ HWND FindByClass(HWND parent, const wchar_t* className) {
     return search.found;
 }
 
-// Prompts carry their mnemonic as "&"; a person reads the text without it.
-std::wstring WithoutMnemonic(std::wstring_view text) {
-    std::wstring result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == L'&' && i + 1 < text.size()) ++i;
-        result += text[i];
-    }
-    return result;
-}
-
 RowKind KindOf(const XLayout::RowView& row) {
     CWnd* control = row.control;
     if (control == nullptr || !control->IsLive()) return RowKind::Missing;
@@ -90,23 +80,50 @@ std::wstring ChosenEntry(HWND combo) {
     return text;
 }
 
+// The dialog's own buttons; the numbers are fixed, and no other dialog has them all.
+bool IsSettingsFrame(HWND top) {
+    if (IsWindowVisible(top) == FALSE) return false;
+    return std::ranges::all_of(std::array{IDOK, IDCANCEL, 126, 127, 128},
+                               [top](int id) { return FindButton(top, id) != nullptr; });
+}
+
+HWND FindFrame() {
+    for (const XLayout* layout : LiveLayouts()) {
+        const CWnd* page = layout->GetParent();
+        if (page != nullptr && page->IsLive()) return GetAncestor(page->m_hWnd, GA_ROOT);
+    }
+    HWND frame = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM param) -> BOOL {
+            if (!IsSettingsFrame(window)) return TRUE;
+            *reinterpret_cast<HWND*>(param) = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&frame));
+    return frame;
+}
+
 }  // namespace
 
 DialogView DialogView::Look() {
     DialogView view;
-    int page = 0;
-    for (XLayout* layout : LiveLayouts()) {
-        CWnd* parent = layout->GetParent();
+    view.m_frame = FindFrame();
+    if (view.m_frame == nullptr) return view;
+    view.m_tabs = FindByClass(view.m_frame, WC_TABCONTROLW);
+    int page = -1;
+    for (const XLayout* layout : LiveLayouts()) {
+        // Pages are made in tab order, each with its layout; one that could not be opened still has its tab.
+        ++page;
+        const CWnd* parent = layout->GetParent();
         if (parent == nullptr || !parent->IsLive()) continue;
-        view.m_frame = GetAncestor(parent->m_hWnd, GA_ROOT);
         for (const XLayout::RowView& row : layout->GetRows()) {
             const RowKind kind = KindOf(row);
-            view.m_rows.push_back({row.column.name, WithoutMnemonic(row.column.prompt), kind,
-                                   kind == RowKind::Missing ? nullptr : row.control->m_hWnd, &row.column, page});
+            view.m_rows.push_back({row.column.name, PlainLabel(row.column.prompt), kind,
+                                   kind == RowKind::Missing ? nullptr : row.control->m_hWnd, &row.column, page,
+                                   parent->m_hWnd});
         }
-        ++page;  // pages lay themselves out in tab order, once, when the dialog opens
     }
-    if (view.m_frame != nullptr) view.m_tabs = FindByClass(view.m_frame, WC_TABCONTROLW);
     return view;
 }
 

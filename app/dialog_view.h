@@ -1,5 +1,6 @@
 // The settings dialog as it can be seen from outside: the frame, its pages and rows, found through the windows on the
-// screen and the layouts that are alive. Knows nothing of the component's classes.
+// screen and the layouts that are alive. A dialog without pages has no layouts, but the dialog's buttons. Knows nothing
+// of the component's classes.
 #pragma once
 
 #include <optional>
@@ -19,7 +20,8 @@ struct DialogRow {
     RowKind kind;
     HWND control;  // null when it could not be created
     const XLayout::Column* column;
-    int page;  // tab index
+    int page;         // tab index
+    HWND pageWindow;  // visible while the page is in front
 };
 
 class DialogView {

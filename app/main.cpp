@@ -40,12 +40,16 @@ int Run(const qv::Options& options) {
     if (!host.Start(options, problem)) return Fail(kUnusableFile, problem);
 
     qv::ScriptRunner runner(std::move(actions), &qv::PrintLine);
+    std::wstring failure = options.script.empty() ? L"" : L"no settings dialog appeared";
     qv::MainWindow* log = nullptr;
     qv::MainWindow window([&] {
+        failure = L"the dialog broke off";
         qv::PrintLine(L"The settings dialog opens.");
         if (!options.script.empty()) runner.Start();
-        const std::vector<std::wstring> changes = host.ChangeSettings();
+        std::vector<std::wstring> changes;
+        const bool taken = host.ChangeSettings(changes);
         if (!options.script.empty()) runner.DialogEnded();
+        failure = taken ? runner.Problem() : L"the settings component did not take the command";
         const std::wstring summary =
             changes.empty() ? L"The dialog is closed; nothing changed." : L"The dialog is closed. Values that changed:";
         qv::PrintLine(summary);
@@ -67,7 +71,7 @@ int Run(const qv::Options& options) {
     if (options.open) window.PostChangeSettings(true);
     RunMessageLoop([] { return true; });
     SetMainWnd(nullptr);
-    return runner.Succeeded() ? kDone : Fail(kFailed, runner.Problem());
+    return failure.empty() ? kDone : Fail(kFailed, failure);
 }
 
 }  // namespace

@@ -61,8 +61,14 @@ void MainWindow::PostChangeSettings(bool closeAfter) {
 }
 
 void MainWindow::OnChangeSettings() {
+    // Also when it throws: nobody else would end the program.
+    struct CloseAfter {
+        MainWindow& window;
+        ~CloseAfter() {
+            if (window.m_closeAfter && window.IsLive()) window.DestroyWindow();
+        }
+    } const closeAfter{*this};
     m_change();
-    if (m_closeAfter) DestroyWindow();
 }
 
 void MainWindow::OnExit() {

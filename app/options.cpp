@@ -34,11 +34,11 @@ std::wstring_view UsageText() {
   --users FILE        users and the rights that each has been granted; without it everything may be changed
   --user NAME         the user who works now
   --language CODE     language of the texts, from translations.json beside the definition file
-  --script FILE       actions to carry out in the dialog as a person would, one a line
+  --script FILE       actions to carry out in the dialog as a person would, one a line; opens it at once, as --open does
   --open              open the dialog at once and end with it
   --help              this text
 
-Without --open the window's menu opens the dialog: Tools > Settings > Change...
+Without them the window's menu opens the dialog: Tools > Settings > Change...
 Beside the definition file may lie translations.json and units.json.
 
 Script actions:
@@ -50,7 +50,7 @@ Script actions:
   resize W H                      the frame's size in pixels
   snapshot FILE.png               a picture of the frame (where there is a screen)
   dump FILE.json                  what the dialog shows
-  answer ok|cancel|yes|no         for the next message box
+  answer ok|cancel|yes|no|retry   for the next message box
   answer path TEXT | answer colour NUMBER   for the next folder, file or colour dialog
 
 Exit status: 0 done; 1 a script action or the dialog failed; 2 wrong command line; 3 a file could not be used.)";
@@ -78,6 +78,7 @@ bool ParseOptions(std::span<const std::wstring> arguments, Options& options, std
             return false;
         }
     }
+    if (!options.script.empty()) options.open = true;  // a script has no way to the menu
     if (options.help) return true;
     if (options.definitions.empty() || options.data.empty()) {
         problem = L"--definitions FILE and --data DIR are needed";

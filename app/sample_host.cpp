@@ -98,10 +98,12 @@ SampleHost::~SampleHost() {
     ReadBrowserSettingsFrom(nullptr);
 }
 
-std::vector<std::wstring> SampleHost::ChangeSettings() {
+bool SampleHost::ChangeSettings(std::vector<std::wstring>& changes) {
+    changes.clear();
     const StoredValues before = ReadStoredValues(m_data);
-    if (!m_component.ChangeSettings()) return {L"the settings component did not take the command"};
-    return DescribeChanges(before, ReadStoredValues(m_data), m_definitions, kOptionKey);
+    if (!m_component.ChangeSettings()) return false;
+    changes = DescribeChanges(before, ReadStoredValues(m_data), m_definitions, kOptionKey);
+    return true;
 }
 
 }  // namespace qv

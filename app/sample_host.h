@@ -23,8 +23,9 @@ public:
 
     // False with one line that says what is wrong.
     [[nodiscard]] bool Start(const Options& options, std::wstring& problem);
-    // Shows the dialog. The values that changed in the files of the data folder, one line each: scope, key/name = text.
-    [[nodiscard]] std::vector<std::wstring> ChangeSettings();
+    // Shows the dialog. changes: the values that became others in the files of the data folder, one line each: scope,
+    // key/name = text. False, with no changes, when the component does not take the command.
+    [[nodiscard]] bool ChangeSettings(std::vector<std::wstring>& changes);
 
 private:
     [[nodiscard]] std::wstring LoadTexts(const Options& options);

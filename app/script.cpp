@@ -3,6 +3,7 @@
 #include <array>
 
 #include "framework/text.h"
+#include "platform/platform.h"
 
 namespace qv {
 
@@ -19,6 +20,13 @@ constexpr std::array kVerbs{
     Verb{L"dump", ScriptAction::Kind::Dump},     Verb{L"snapshot", ScriptAction::Kind::Snapshot},
     Verb{L"answer", ScriptAction::Kind::Answer},
 };
+
+struct NamedAnswer {
+    std::wstring_view word;
+    int button;
+};
+constexpr std::array kAnswers{NamedAnswer{L"ok", IDOK}, NamedAnswer{L"cancel", IDCANCEL}, NamedAnswer{L"yes", IDYES},
+                              NamedAnswer{L"no", IDNO}, NamedAnswer{L"retry", IDRETRY}};
 
 // The first word of text, which loses it and the blanks around it.
 std::wstring TakeWord(std::wstring& text) {
@@ -62,7 +70,12 @@ std::wstring FillAction(ScriptAction& action, std::wstring rest) {
                 action.first = LeadingInteger(rest);
                 return IsNumber(rest) ? L"" : L"needs a colour number";
             }
-            return action.target.empty() || !rest.empty() ? L"needs one answer" : L"";
+            for (const NamedAnswer& answer : kAnswers) {
+                if (answer.word != action.target || !rest.empty()) continue;
+                action.first = answer.button;
+                return L"";
+            }
+            return L"needs ok, cancel, yes, no, retry, path or colour";
         default:
             action.target = rest;
             return rest.empty() ? L"needs to know what" : L"";

@@ -13,7 +13,7 @@ struct ScriptAction {
     int line;             // in the script, from 1
     std::wstring target;  // page, item key, button, key, file, answer
     std::wstring text;    // Set: what to type or choose; Type: what to type; AnswerPath: the path
-    int first = 0;        // Resize: width; AnswerColour: the colour
+    int first = 0;        // Resize: width; Answer: the button's id; AnswerColour: the colour
     int second = 0;       // Resize: height
 };
 

@@ -1,19 +1,19 @@
-// Carries out a script in the settings dialog, one action whenever the message loop has nothing to do: as a person
-// would, through the controls. Message boxes and pickers that appear are reported and answered from the script.
+// Carries out a script in the settings dialog, one action whenever the message loop has nothing to do. Message boxes
+// and pickers that appear are reported and answered from the script. However the dialog behaves, the script ends: what
+// is left open is closed, and a problem in words tells why.
 #pragma once
 
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/script.h"
+#include "app/script_actions.h"
 
 namespace qv {
-
-class DialogView;
-struct DialogRow;
 
 class ScriptRunner {
 public:
@@ -25,7 +25,8 @@ public:
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;
 
-    // Takes the idle handler and the sinks of message boxes and pickers until destruction.
+    // Takes the idle handler, the sinks of message boxes and pickers and a timer until destruction. One runner at a
+    // time is started.
     void Start();
     // True when every action was carried out and the dialog ended by itself.
     [[nodiscard]] bool Succeeded() const { return m_problem.empty(); }
@@ -36,24 +37,28 @@ public:
 
 private:
     bool OnIdle(int count);
-    void Perform(const ScriptAction& action);
-    void ShowPage(const DialogView& view, const ScriptAction& action);
-    void Set(const DialogView& view, const ScriptAction& action);
-    void SetRow(const DialogRow& row, const std::wstring& text);
-    void Press(const DialogView& view, const ScriptAction& action);
-    void PressKey(const ScriptAction& action);
-    void Snapshot(const DialogView& view, const ScriptAction& action);
-    void Dump(const DialogView& view, const ScriptAction& action);
+    void OnTick();
+    void PerformNext();
+    // The first problem is the one that counts.
     void Fail(std::wstring problem);
+    void CloseFront();
     void TakeAnswers();
+    void StopTimer();
+    // The answer that the script has for what just appeared; nothing when its next answer is for something else.
+    std::optional<ScriptAction> AnswerFor(ScriptAction::Kind kind);
 
     std::vector<ScriptAction> m_actions;
     Tell m_tell;
+    ScriptActions m_hands;
     std::size_t m_next = 0;
     std::deque<ScriptAction> m_answers;  // given before the box or picker that they answer
     std::wstring m_problem;
     bool m_seenDialog = false;
     bool m_started = false;
+    UINT_PTR m_timer = 0;
+    int m_ticksInOtherLoop = 0;    // since a loop of ours had nothing to do
+    int m_ticksWithoutDialog = 0;  // since the dialog was there
+    int m_timesClosed = 0;
 };
 
 }  // namespace qv

@@ -33,6 +33,8 @@ const MessageMap* CCheckListBox::GetThisMessageMap() {
                                     on::Message<&CCheckListBox::OnButtonDown>(WM_LBUTTONDBLCLK),
                                     on::Message<&CCheckListBox::OnMouseWheel>(WM_MOUSEWHEEL),
                                     on::Message<&CCheckListBox::OnSetFont>(WM_SETFONT),
+                                    on::Message<&CCheckListBox::OnEnabled>(WM_ENABLE),
+                                    on::MessageReflect<&CCheckListBox::OnListColor>(WM_CTLCOLORLISTBOX),
                                 }};
     return &map;
 }
@@ -70,13 +72,20 @@ int CCheckListBox::GetCheck(int index) const {
 
 void CCheckListBox::Enable(int index, bool enable) {
     if (Find(index) == nullptr || IsEnabled(index) == enable) return;
+    const bool wasGrey = IsGrey();
     m_entries[static_cast<std::size_t>(index)].enabled = enable;
-    InvalidateEntry(index);
+    if (IsGrey() == wasGrey) return InvalidateEntry(index);
+    if (m_hWnd != nullptr) Invalidate();
 }
 
 bool CCheckListBox::IsEnabled(int index) const {
     const Entry* entry = Find(index);
     return entry != nullptr && entry->enabled;
+}
+
+bool CCheckListBox::IsGrey() const {
+    if (m_hWnd != nullptr && !IsWindowEnabled()) return true;
+    return !m_entries.empty() && std::ranges::none_of(m_entries, &Entry::enabled);
 }
 
 void CCheckListBox::InvalidateEntry(int index) {
@@ -220,6 +229,19 @@ LRESULT CCheckListBox::OnSetFont(WPARAM, LPARAM) {
     return result;
 }
 
+LRESULT CCheckListBox::OnEnabled(WPARAM, LPARAM) {
+    const LRESULT result = Default();
+    Invalidate();
+    return result;
+}
+
+// For what the entries leave free.
+LRESULT CCheckListBox::OnListColor(WPARAM wParam, LPARAM) {
+    const int background = IsGrey() ? COLOR_3DFACE : COLOR_WINDOW;
+    ::SetBkColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(background));
+    return reinterpret_cast<LRESULT>(::GetSysColorBrush(background));
+}
+
 bool CCheckListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     if (CListBox::OnChildNotify(message, wParam, lParam, result)) return true;
     if (message == WM_DRAWITEM) {
@@ -243,12 +265,15 @@ void CCheckListBox::DrawItem(const DRAWITEMSTRUCT& item) {
     const CRect box = BoxRect(item.rcItem);
     text.left = box.right + kMargin;
     if (Find(index) != nullptr) {
-        const bool enabled = IsEnabled(index) && (item.itemState & ODS_DISABLED) == 0;
-        const bool selected = (item.itemState & ODS_SELECTED) != 0;
+        const bool grey = IsGrey();
+        const bool enabled = IsEnabled(index) && !grey;
+        // Grey on the colour of a selection can hardly be read; where the keyboard is, the dotted frame says.
+        const bool selected = (item.itemState & ODS_SELECTED) != 0 && !grey;
+        const int background = grey ? COLOR_3DFACE : COLOR_WINDOW;
         CRect boxSide = item.rcItem;
         boxSide.right = text.left;
-        ::FillRect(item.hDC, &boxSide, ::GetSysColorBrush(COLOR_WINDOW));
-        ::FillRect(item.hDC, &text, ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+        ::FillRect(item.hDC, &boxSide, ::GetSysColorBrush(background));
+        ::FillRect(item.hDC, &text, ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : background));
 
         UINT state = GetCheck(index) == 2 ? DFCS_BUTTON3STATE | DFCS_CHECKED : DFCS_BUTTONCHECK;
         if (GetCheck(index) == 1) state |= DFCS_CHECKED;

@@ -1,6 +1,7 @@
 // CCheckListBox: a list box with a check box in front of every entry. Owner drawn (fixed height, strings kept by the
 // list); space and a click on the box toggle, disabled entries do not. A change of a check by the user is reported to
-// the parent as WM_COMMAND with code CLBN_CHKCHANGE.
+// the parent as WM_COMMAND with code CLBN_CHKCHANGE. A list that is disabled, or whose entries all are, is drawn grey
+// as other disabled fields; in the latter case it can still be scrolled and read with the keyboard.
 #pragma once
 
 #include <vector>
@@ -22,6 +23,8 @@ class CCheckListBox : public CListBox {
     [[nodiscard]] int GetCheck(int index) const;
     void Enable(int index, bool enable = true);
     [[nodiscard]] bool IsEnabled(int index) const;
+    // True when nothing in the list can be ticked; not for an empty list that is enabled.
+    [[nodiscard]] bool IsGrey() const;
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();
@@ -56,6 +59,8 @@ private:
     LRESULT OnButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnMouseWheel(WPARAM wParam, LPARAM lParam);
     LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
+    LRESULT OnEnabled(WPARAM wParam, LPARAM lParam);
+    LRESULT OnListColor(WPARAM wParam, LPARAM lParam);
 
     std::vector<Entry> m_entries;  // one an entry of the list, in the list's order
 };

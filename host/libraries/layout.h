@@ -144,7 +144,7 @@ private:
         int columnGap = 0;
         int controlWidth = 0;  // the widest control's least width
         int lineHeight = 0;
-        int lineControlHeight = 0;  // of the tallest control of one line: the height of an ordinary row
+        int lineControlHeight = 0;  // of an ordinary row: every control of one line has room in it
         int rowGap = 0;
         int height = 0;  // of all rows at their least
         // Whoever frames the page leaves a number of pixels for tabs and buttons that is right at 96 dpi. What these
@@ -153,7 +153,8 @@ private:
     };
     [[nodiscard]] Row* Find(std::wstring_view name) const;
     void Measure(const qv::LayoutMetrics& metrics);
-    // From the row's top.
+    // From the row's top. The line of text of rows of one line: all prompts and fields stand on it.
+    [[nodiscard]] int TextLineTop() const;
     [[nodiscard]] int ControlTop(const Row& row) const;
     [[nodiscard]] int PromptTop(const Row& row) const;
     [[nodiscard]] int RowHeight(const Row& row, int controlHeight) const;

@@ -78,29 +78,37 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     common = std::min(common, 2 * usual);
     m_measures.columnGap = m_measures.promptWidth > 0 ? metrics.X(kColumnGapUnits) : 0;
 
+    int lineControls = 0;
     for (const auto& row : m_rows) {
         row->Measure(metrics, common);
         m_measures.controlWidth = std::max(m_measures.controlWidth, row->minWidth);
-        if (!row->isTall) m_measures.lineControlHeight = std::max(m_measures.lineControlHeight, row->minHeight);
+        if (row->isTall) continue;
+        // The line of text is in the middle of the row, whatever its control has above and below it; a pixel that is
+        // left over is below it.
+        const int below = row->minHeight - m_measures.lineHeight - row->textTop;
+        lineControls = std::max(lineControls, m_measures.lineHeight + std::max(2 * row->textTop, 2 * below - 1));
     }
-    m_measures.lineControlHeight =
-        std::max({m_measures.lineControlHeight, m_measures.lineHeight, metrics.Scale(kCommonHeight)});
+    m_measures.lineControlHeight = std::max({lineControls, m_measures.lineHeight, metrics.Scale(kCommonHeight)});
     for (const auto& row : m_rows)
         m_measures.height += RowHeight(*row, row->minHeight);
     if (!m_rows.empty()) m_measures.height += static_cast<int>(m_rows.size() - 1) * m_measures.rowGap;
 }
 
+int XLayout::TextLineTop() const {
+    return (m_measures.lineControlHeight - m_measures.lineHeight) / 2;
+}
+
 int XLayout::ControlTop(const Row& row) const {
-    return std::max(0, (m_measures.lineControlHeight - row.minHeight) / 2);
+    return row.isTall ? 0 : TextLineTop() - row.textTop;
 }
 
 int XLayout::PromptTop(const Row& row) const {
-    return row.textTop ? ControlTop(row) + *row.textTop : (m_measures.lineControlHeight - m_measures.lineHeight) / 2;
+    return row.isTall ? row.textTop : TextLineTop();
 }
 
 int XLayout::RowHeight(const Row& row, int controlHeight) const {
-    return std::max(
-        {controlHeight, m_measures.lineControlHeight, PromptTop(row) + static_cast<int>(row.promptSize.cy)});
+    return std::max({ControlTop(row) + controlHeight, m_measures.lineControlHeight,
+                     PromptTop(row) + static_cast<int>(row.promptSize.cy)});
 }
 
 int XLayout::GetMinWidth() const {
@@ -146,7 +154,7 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
         const int height = row->minHeight + (row->isTall ? shares[tall++] : 0);
         if (row->HasPrompt()) {
             const int promptTop = top + PromptTop(*row);
-            const CRect place(x, promptTop, x + m_measures.promptWidth,
+            const CRect place(x - row->promptOutdent, promptTop, x + m_measures.promptWidth,
                               promptTop + static_cast<int>(row->promptSize.cy));
             mover.Move(*row->prompt, row->promptPlace, place, 0);
         }

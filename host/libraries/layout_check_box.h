@@ -11,14 +11,24 @@ namespace qv {
 
 class CheckBoxPrompt : public CStatic {
 public:
-    // box: the row's, which is made after its prompt; null until then.
-    explicit CheckBoxPrompt(CWnd* const& box) : m_box(box) {}
+    // On either side of the label, for the frame that shows the focus; pixels at 96 dpi.
+    static constexpr int kFrameRoom = 2;
+
+    // box: the row's, which is made after its prompt; null until then. frameRoom: in pixels; the label begins that far
+    // inside the window.
+    CheckBoxPrompt(CWnd* const& box, int frameRoom) : m_box(box), m_frameRoom(frameRoom) {}
+    // The frame around the label in client coordinates; it leaves a pixel free on either side of it.
+    [[nodiscard]] CRect FocusFrame(HDC dc) const;
+
     const MessageMap* GetMessageMap() const override;
 
 private:
     void OnClicked();
     LRESULT OnPaint(WPARAM wParam, LPARAM lParam);
+    LRESULT OnLookChanged(WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] bool ShowsFocus() const;
     CWnd* const& m_box;
+    int m_frameRoom;
 };
 
 class RowCheckBox : public CButton {

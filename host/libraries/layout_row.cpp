@@ -9,6 +9,7 @@
 #include "host/libraries/layout_check_box.h"
 #include "host/libraries/layout_combo_box.h"
 #include "host/libraries/layout_window.h"
+#include "host/libraries/text_field.h"
 
 namespace {
 
@@ -22,12 +23,14 @@ constexpr int kDoubleCharacters = 16;
 // A short field still has to look like one.
 constexpr int kMinEditCharacters = 6;
 
-std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT id) {
+std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT id, const qv::LayoutMetrics& metrics) {
     auto edit = std::make_unique<CEdit>();
     // A text of at most no characters: the field takes nothing, and the platform has no such limit.
     const bool takesNothing = column.dataType == XLayout::kText && column.limit <= 0;
     const DWORD style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? ES_READONLY : 0);
-    if (!qv::CreateAttached(*edit, L"EDIT", column.value, WS_EX_CLIENTEDGE, style, kNowhere, page, id)) return nullptr;
+    // Of its height from the start: where its text stands is asked before it is placed.
+    const CRect place(0, 0, metrics.X(kMaxPromptUnits), qv::TextFieldHeight(metrics.LineHeight()));
+    if (!qv::CreateAttached(*edit, L"EDIT", column.value, WS_EX_CLIENTEDGE, style, place, page, id)) return nullptr;
     const int limit = column.dataType == XLayout::kDouble ? kDoubleCharacters : column.limit;
     if (limit > 0) edit->LimitText(static_cast<UINT>(limit));
     return edit;
@@ -59,7 +62,8 @@ void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
     promptSize.cx += metrics.Scale(2);  // a last letter may reach beyond its own width
     const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
     if (isCheckBox) {
-        prompt = std::make_unique<qv::CheckBoxPrompt>(control);
+        promptOutdent = metrics.Scale(qv::CheckBoxPrompt::kFrameRoom);
+        prompt = std::make_unique<qv::CheckBoxPrompt>(control, promptOutdent);
     } else {
         prompt = std::make_unique<CStatic>();
     }
@@ -82,7 +86,7 @@ void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, U
     }
     switch (column.controlType) {
         case kEdit:
-            ownControl = CreateEdit(column, page, id);
+            ownControl = CreateEdit(column, page, id, metrics);
             break;
         case kComboBox:
             ownControl = CreateCombo(column, page, id, metrics.Font());
@@ -117,23 +121,22 @@ int XLayout::Row::EntriesWidth(const qv::LayoutMetrics& metrics) const {
     return widest + ::GetSystemMetrics(SM_CXVSCROLL) + metrics.X(6);
 }
 
-bool XLayout::Row::HasTextField() const {
+bool XLayout::Row::IsOfClass(const wchar_t* wanted) const {
     if (!HasControl()) return false;
     std::array<wchar_t, 16> className{};
     ::GetClassNameW(control->m_hWnd, className.data(), static_cast<int>(className.size()));
-    return qv::EqualIgnoringCase(className.data(), L"EDIT") ||
-           ::FindWindowExW(control->m_hWnd, nullptr, L"EDIT", nullptr) != nullptr;
+    return qv::EqualIgnoringCase(className.data(), wanted);
 }
 
 void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
-    // As high as a combo box: a field writes at its top, and the more room it has below, the worse it looks.
-    const int editHeight = metrics.LineHeight() + 2 * ::GetSystemMetrics(SM_CYEDGE) + metrics.Scale(4);
+    const int fieldHeight = qv::TextFieldHeight(metrics.LineHeight());
     int width = commonWidth;
-    int height = editHeight;
+    int height = fieldHeight;
     if (!isPlaceholder && column.controlType == kCheckBox) {
         width = metrics.Scale(qv::RowCheckBox::kSize);
         height = std::max(metrics.Y(10), width);
     } else if (!isPlaceholder && column.controlType == kComboBox && HasControl()) {
+        qv::FitComboHeight(control->m_hWnd, metrics.LineHeight());
         height = control->GetWindowRect().Height();
         const int entries = std::clamp(static_cast<int>(column.items.size()), 1, kDroppedEntries);
         droppedHeight = entries * static_cast<int>(control->SendMessage(CB_GETITEMHEIGHT, 0)) + 2;
@@ -152,17 +155,40 @@ void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
         minWidth = maxWidth = BoundOr(column.minWidth, width, metrics);
     }
     isTall = GrowsInHeight();
-    // A list's first entry stands a little lower than its edge, and so does the text of a field: at its top, however
-    // high the field is.
-    if (isTall || HasTextField()) textTop = ::GetSystemMetrics(SM_CYEDGE) + 1;
+    const bool isField = isPlaceholder ? IsOfClass(L"EDIT") && (control->GetStyle() & ES_MULTILINE) == 0
+                                       : column.controlType == kEdit && HasControl();
+    const bool isCombo = isPlaceholder ? IsOfClass(L"COMBOBOX") : column.controlType == kComboBox && HasControl();
     if (isTall) {
         minHeight = BoundOr(column.minHeight, 3 * metrics.LineHeight(), metrics);
         maxHeight = std::max(minHeight, BoundOr(column.maxHeight, INT_MAX, metrics));
+        textTop = FirstEntryTop(metrics.LineHeight());
+    } else if (isField) {
+        // Whatever height was asked for: fields are alike.
+        minHeight = maxHeight = fieldHeight;
+        if (isPlaceholder) MakeField(fieldHeight);
+        textTop = qv::TextTopInField(control->m_hWnd);
     } else {
         // A height that was given for the usual font may not cut a bigger one.
-        const int least = isPlaceholder && column.minHeight > 0 ? metrics.LineHeight() + metrics.Scale(8) : 0;
+        const int least = isPlaceholder && column.minHeight > 0 ? metrics.LineHeight() + metrics.Scale(10) : 0;
         minHeight = maxHeight = std::max(BoundOr(column.minHeight, height, metrics), least);
+        textTop = isCombo ? qv::TextTopInCombo(control->m_hWnd, metrics.LineHeight())
+                          : (minHeight - metrics.LineHeight()) / 2;
     }
+}
+
+void XLayout::Row::MakeField(int height) {
+    // A thin border around the sunken edge would make the field's frame smaller than its neighbours'.
+    if ((control->GetExStyle() & WS_EX_CLIENTEDGE) != 0) control->ModifyStyle(WS_BORDER, 0, SWP_FRAMECHANGED);
+    control->SetWindowPos(nullptr, 0, 0, height, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+}
+
+int XLayout::Row::FirstEntryTop(int lineHeight) const {
+    const int edge = ::GetSystemMetrics(SM_CYEDGE);
+    if (!IsOfClass(L"LISTBOX")) return edge + 1;
+    RECT frame{};
+    ::AdjustWindowRectEx(&frame, control->GetStyle(), FALSE, control->GetExStyle());
+    const int entryHeight = static_cast<int>(control->SendMessage(LB_GETITEMHEIGHT, 0));
+    return static_cast<int>(-frame.top) + std::max(0, (entryHeight - lineHeight) / 2);
 }
 
 std::wstring XLayout::Row::GetText() const {

@@ -3,7 +3,6 @@
 
 #include <climits>
 #include <memory>
-#include <optional>
 
 #include "host/libraries/layout.h"
 #include "host/libraries/layout_metrics.h"
@@ -25,8 +24,8 @@ struct XLayout::Row {
         return column.resizeMode == kResizeWidth || column.resizeMode == kResizeBoth;
     }
     [[nodiscard]] bool GrowsInHeight() const { return column.resizeMode == kResizeBoth; }
-    // The control is a text field or holds one.
-    [[nodiscard]] bool HasTextField() const;
+    // Case does not count; false without a control.
+    [[nodiscard]] bool IsOfClass(const wchar_t* wanted) const;
 
     void CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics);
     // Makes the row's own control; a placeholder has one already and is only shown.
@@ -34,6 +33,10 @@ struct XLayout::Row {
     // Gives the control the prompt as the name that accessibility clients read, where it would have none or another.
     void NameControl();
     void Measure(const qv::LayoutMetrics& metrics, int commonWidth);
+    // Gives a field that the caller has made the frame and the height of the layout's own.
+    void MakeField(int height);
+    // From the top of a list's frame to the text of its first entry, when it is not scrolled.
+    [[nodiscard]] int FirstEntryTop(int lineHeight) const;
     // The width at which a combo box shows its longest entry; 0 for other rows.
     [[nodiscard]] int EntriesWidth(const qv::LayoutMetrics& metrics) const;
 
@@ -48,13 +51,13 @@ struct XLayout::Row {
 
     // Pixels. Bounds include both ends; an unbounded maximum is INT_MAX.
     SIZE promptSize{0, 0};
+    int promptOutdent = 0;  // how far the prompt's window begins before its text, which is what prompts align by
     int minWidth = 0, maxWidth = 0;
     int minHeight = 0, maxHeight = 0;
     int droppedHeight = 0;  // of a combo box: what its window's height counts for the list
-    // A control of one line is centred in its row; a taller one stands at the top.
+    // A control of one line stands so that its text is in the middle of the row; a taller one stands at the top.
     bool isTall = false;
-    // From the control's top to its first line of text, where that is not in the middle; the prompt stands beside it.
-    std::optional<int> textTop;
+    int textTop = 0;  // from the control's top to its first line of text; its middle, where the control says no other
 
     CRect place;                      // of the whole row
     CRect promptPlace, controlPlace;  // in the page's client area as long as it is not scrolled

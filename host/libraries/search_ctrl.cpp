@@ -5,6 +5,7 @@
 #include "framework/gdi.h"
 #include "framework/raised_flag.h"
 #include "host/libraries/pickers.h"
+#include "host/libraries/text_field.h"
 
 namespace {
 
@@ -178,15 +179,22 @@ void XBaseSearchCtrl::OnSize(UINT, int cx, int cy) {
 void XBaseSearchCtrl::LayOut(int cx, int cy) {
     if (!m_edit.IsLive() || !m_button.IsLive()) return;
     int caption = 0;
+    int line = 0;
     if (CClientDC dc(m_button); dc.IsValid()) {
         dc.SelectFont(m_button.GetFont());
-        caption = static_cast<int>(dc.GetTextExtent(kButtonCaption).cx);
+        const SIZE size = dc.GetTextExtent(kButtonCaption);
+        caption = static_cast<int>(size.cx);
+        line = static_cast<int>(size.cy);
     }
-    const int wanted = std::max(cy, caption + 2 * ScaledFor(m_hWnd, kButtonPadding));
+    // Field and button are as high as fields are, and the text is in the middle, however high the chooser is.
+    const int height = std::min(cy, qv::TextFieldHeight(line));
+    const int wanted = std::max(height, caption + 2 * ScaledFor(m_hWnd, kButtonPadding));
     const int button = std::clamp(wanted, 0, std::max(0, cx / 2));
     const int gap = ScaledFor(m_hWnd, kGap);
-    m_edit.MoveWindow(0, 0, std::max(0, cx - button - gap), cy);
-    m_button.MoveWindow(cx - button, 0, button, cy);
+    m_edit.MoveWindow(0, 0, std::max(0, cx - button - gap), height);
+    const int top = std::clamp((cy - line) / 2 - qv::TextTopInField(m_edit.m_hWnd), 0, cy - height);
+    m_edit.MoveWindow(0, top, std::max(0, cx - button - gap), height);
+    m_button.MoveWindow(cx - button, top, button, height);
 }
 
 void XBaseSearchCtrl::Browse() {

@@ -161,6 +161,13 @@ BOOL Polygon(HDC dc, const POINT* points, int count) {
 COLORREF SetPixel(HDC dc, int, int, COLORREF colour) {
     return IsContext(dc) ? colour : CLR_INVALID;
 }
+COLORREF GetPixel(HDC, int, int) {
+    return CLR_INVALID;
+}
+BOOL SetViewportOrgEx(HDC dc, int, int, POINT* before) {
+    if (before) *before = {};
+    return IsContext(dc);
+}
 BOOL PatBlt(HDC dc, int, int, int, int, DWORD) {
     return IsContext(dc);
 }

@@ -292,6 +292,9 @@ BOOL MoveToEx(HDC dc, int x, int y, POINT* previous);
 BOOL LineTo(HDC dc, int x, int y);
 BOOL Polygon(HDC dc, const POINT* points, int count);
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour);
+// Nothing is drawn here, so there is no colour to tell: CLR_INVALID, as for a point that is covered.
+COLORREF GetPixel(HDC dc, int x, int y);
+BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT* before);
 BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
 int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);

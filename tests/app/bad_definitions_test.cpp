@@ -124,11 +124,13 @@ TEST_F(BadDefinitions, ProgramEndsWithItsExitStatus) {
     WriteStationFiles();
     folder.Write(L"broken.json", "{ broken");
     folder.Write(L"empty.json", "{}");
+    folder.Write(L"bare.json", Tree(R"("pages": { "1": "Nobody's" })"));
     folder.Write(L"ok.script", "press ok");
+    folder.Write(L"page.script", "page 0");
     folder.Write(L"wrong.script", "dance");
     const std::string at = qv::ToUtf8(folder.Path()) + "/";
     const auto with = [&](const std::string& definitions, const std::string& script) {
-        return "--open --definitions " + at + definitions + " --data " + at + " --script " + at + script;
+        return "--definitions " + at + definitions + " --data " + at + " --script " + at + script;
     };
     struct Case {
         std::string arguments;
@@ -141,6 +143,8 @@ TEST_F(BadDefinitions, ProgramEndsWithItsExitStatus) {
         {with("nowhere.json", "ok.script"), kUnusableFile, "there is no such file"},
         {with("definitions.json", "wrong.script"), kUnusableFile, "line 1: unknown action \"dance\""},
         {with("empty.json", "ok.script"), kFailed, "no settings dialog appeared"},
+        {with("bare.json", "ok.script"), kDone, ""},
+        {with("bare.json", "page.script"), kFailed, "line 1: there is no page \"0\""},
         {"--definitions x", kWrongCommandLine, "are needed"},
     };
     for (const Case& each : cases) {

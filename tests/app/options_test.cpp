@@ -31,6 +31,14 @@ TEST(Options, WrongCommandLinesAreRefusedInWords) {
     }
 }
 
+TEST(Options, ScriptOpensTheDialogByItself) {
+    qv::Options options;
+    std::wstring problem;
+    ASSERT_TRUE(
+        qv::ParseOptions(Arguments{L"--definitions", L"d", L"--data", L"x", L"--script", L"s"}, options, problem));
+    EXPECT_TRUE(options.open) << "nobody would choose the menu";
+}
+
 TEST(Options, EveryOptionReachesItsField) {
     const Arguments arguments{L"--open", L"--definitions", L"d.json",     L"--data", L"x",        L"--users", L"u.json",
                               L"--user", L"mira",          L"--language", L"de",     L"--script", L"s"};

@@ -39,9 +39,12 @@ void SampleHostTest::Run(std::string_view script) {
     if (!qv::ParseScript(qv::FromUtf8(script), actions, problem)) return;
     qv::SampleHost host([this](const std::wstring& line) { told.push_back(line); });
     if (!host.Start(options, problem)) return;
-    qv::ScriptRunner runner(std::move(actions), [this](std::wstring_view line) { told.emplace_back(line); });
+    qv::ScriptRunner runner(std::move(actions), [this](std::wstring_view line) {
+        told.emplace_back(line);
+        if (onTold) onTold();
+    });
     runner.Start();
-    changes = host.ChangeSettings();
+    EXPECT_TRUE(host.ChangeSettings(changes));
     if (const XQVBrowserSettings* settings = XQVBrowserSettings::GetBrowserSettingsObject()) {
         browserUser = settings->m_texts[0];
         XQVBrowserSettings::ReleaseBrowserSettingsObject();

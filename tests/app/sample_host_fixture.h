@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -36,10 +37,11 @@ protected:
 
     TemporaryFolder folder;
     qv::Options options;
-    std::wstring problem;      // empty: every action was carried out and the dialog ended
-    Lines told;                // message boxes and pickers, as the program prints them
-    Lines changes;             // stored values that became others
-    std::wstring browserUser;  // the user's name in the browser settings after the dialog
+    std::wstring problem;          // empty: every action was carried out and the dialog ended
+    Lines told;                    // message boxes and pickers, as the program prints them
+    std::function<void()> onTold;  // called inside each of these boxes and pickers
+    Lines changes;                 // stored values that became others
+    std::wstring browserUser;      // the user's name in the browser settings after the dialog
 
 private:
     ModuleState m_moduleState{GetModuleHandleW(nullptr), nullptr};

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/platform.h"
+
 namespace {
 
 using Kind = qv::ScriptAction::Kind;
@@ -26,7 +28,7 @@ TEST(Script, EveryActionIsRead) {
         {L"resize 640  480", Kind::Resize, L"", L"", 640, 480},
         {L"snapshot a b.png", Kind::Snapshot, L"a b.png", L""},
         {L"dump x.json", Kind::Dump, L"x.json", L""},
-        {L"answer cancel", Kind::Answer, L"cancel", L""},
+        {L"answer cancel", Kind::Answer, L"cancel", L"", IDCANCEL},
         {L"answer path C:\\a b", Kind::AnswerPath, L"path", L"C:\\a b"},
         {L"answer colour 255", Kind::AnswerColour, L"colour", L"", 255},
     };
@@ -54,7 +56,9 @@ TEST(Script, WrongLineIsNamed) {
         {L"resize 640", L"line 1: resize needs a width and a height in pixels"},
         {L"resize 640 -1", L"line 1: resize needs a width and a height in pixels"},
         {L"resize 9999999999 1", L"line 1: resize needs a width and a height in pixels"},
-        {L"answer", L"line 1: answer needs one answer"},
+        {L"answer", L"line 1: answer needs ok, cancel, yes, no, retry, path or colour"},
+        {L"answer maybe", L"line 1: answer needs ok, cancel, yes, no, retry, path or colour"},
+        {L"answer ok ok", L"line 1: answer needs ok, cancel, yes, no, retry, path or colour"},
         {L"answer path", L"line 1: answer needs a path"},
         {L"answer colour red", L"line 1: answer needs a colour number"},
     };

@@ -147,7 +147,6 @@ TEST_F(UserSession, ScriptThatDoesNotFitTheDialogFailsInWords) {
     };
     const Case cases[] = {
         {"set person/name Ada", L"the script ended with the dialog open; it is cancelled"},
-        {"press person/note", L"the script ended with the dialog open; it is cancelled"},
         {"press ok\nset person/name Ada", L"line 2: the dialog is closed already"},
         {"set person/nothing 1", L"line 1: there is no item person/nothing"},
         {"set station/mount A tree", L"line 1: station/mount has no entry \"A tree\""},

@@ -128,6 +128,9 @@ TEST_P(DefinitionsPage, ExampleDoesWhatThePageSays) {
         } else if (const auto fixed = Match(claim, L"`*` cannot be changed."); !fixed.empty()) {
             ASSERT_NE(Row(fixed[0]), nullptr);
             EXPECT_TRUE(Row(fixed[0])->disabled);
+        } else if (const auto label = Match(claim, L"`*` is labelled `*`."); !label.empty()) {
+            ASSERT_NE(Row(label[0]), nullptr);
+            EXPECT_EQ(Row(label[0])->prompt, label[1]);
         } else if (const auto box = Match(claim, L"A box says `*`"); !box.empty()) {
             EXPECT_TRUE(Take(said, box[0]));
         } else if (const auto typed = Match(claim, L"Typing `*` into `*` is refused with `*`."); !typed.empty()) {

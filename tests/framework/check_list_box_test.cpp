@@ -1,5 +1,6 @@
 #include "framework/check_list_box.h"
 
+#include "framework/gdi.h"
 #include "tests/framework/test_windows.h"
 
 namespace {
@@ -149,6 +150,60 @@ TEST_F(CheckListBox, LeavesTheWheelToItsParentWhereItCannotScroll) {
     const int turned = parent.turned;
     EXPECT_EQ(turn(-1), 3);
     EXPECT_EQ(parent.turned, turned + 1) << "at its end";
+}
+
+// In which colour an entry is written and on which, and what the list leaves free is filled with.
+TEST_F(CheckListBox, IsGreyWhenNothingInItCanBeTicked) {
+    Make(0);
+    ASSERT_TRUE(user.Focus(list.m_hWnd));
+    list.SetCurSel(0);
+    struct Case {
+        const char* name;
+        std::function<void()> prepare;
+        bool grey;
+        int entry, background, text;
+    };
+    const Case cases[] = {
+        {"enabled", [] {}, false, 1, COLOR_WINDOW, COLOR_WINDOWTEXT},
+        {"an entry disabled", [this] { list.Enable(1, false); }, false, 1, COLOR_WINDOW, COLOR_GRAYTEXT},
+        {"the selected one of several", [] {}, false, 0, COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT},
+        {"all entries disabled",
+         [this] {
+             for (int i = 0; i < list.GetCount(); ++i)
+                 list.Enable(i, false);
+         },
+         true, 1, COLOR_3DFACE, COLOR_GRAYTEXT},
+        {"the selected one of these", [] {}, true, 0, COLOR_3DFACE, COLOR_GRAYTEXT},
+        {"one of them enabled again", [this] { list.Enable(3); }, false, 3, COLOR_WINDOW, COLOR_WINDOWTEXT},
+        {"the list disabled", [this] { list.EnableWindow(false); }, true, 3, COLOR_3DFACE, COLOR_GRAYTEXT},
+        {"and enabled", [this] { list.EnableWindow(true); }, false, 3, COLOR_WINDOW, COLOR_WINDOWTEXT},
+        {"empty", [this] { list.ResetContent(); }, false, -1, COLOR_WINDOW, 0},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        ::UpdateWindow(list.m_hWnd);
+        each.prepare();
+        EXPECT_EQ(list.IsGrey(), each.grey);
+        CClientDC dc(list);
+        const LRESULT brush = parent.SendMessage(WM_CTLCOLORLISTBOX, reinterpret_cast<WPARAM>(dc.Get()),
+                                                 reinterpret_cast<LPARAM>(list.m_hWnd));
+        EXPECT_EQ(reinterpret_cast<HBRUSH>(brush), ::GetSysColorBrush(each.grey ? COLOR_3DFACE : COLOR_WINDOW));
+
+        ::UpdateWindow(list.m_hWnd);
+        const CRect client = list.GetClientRect();
+        const COLORREF rest = ::GetPixel(dc.Get(), client.right / 2, client.bottom - 3);
+        if (rest == CLR_INVALID) continue;  // nothing is drawn on this desktop
+        EXPECT_EQ(rest, ::GetSysColor(each.grey ? COLOR_3DFACE : COLOR_WINDOW));
+        if (each.entry < 0) continue;
+        const CRect entry = list.GetItemRect(each.entry);
+        EXPECT_EQ(::GetPixel(dc.Get(), entry.right - 5, entry.top + 3), ::GetSysColor(each.background));
+        int written = 0;
+        for (int x = entry.left + 20; x < entry.right - 5; ++x) {
+            for (int y = entry.top + 1; y < entry.bottom - 1; ++y)
+                written += ::GetPixel(dc.Get(), x, y) == ::GetSysColor(each.text) ? 1 : 0;
+        }
+        EXPECT_GT(written, 5);
+    }
 }
 
 TEST_F(CheckListBox, EntriesAreHighEnoughForBoxAndFont) {

@@ -53,6 +53,10 @@ public:
     void Show();
     void Arrange(int cx, int cy) { layout.RecalcLayout(10, 10, cx, cy); }
 
+    // Pixels at 96 dpi to the page's.
+    [[nodiscard]] int Scaled(int pixels) const {
+        return ::MulDiv(pixels, static_cast<int>(::GetDpiForWindow(window.m_hWnd)), 96);
+    }
     [[nodiscard]] std::vector<std::wstring> Names() const;
     [[nodiscard]] XLayout::ColumnReference Reference(std::wstring_view name) const;
     // In page client coordinates.

@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "framework/com.h"
+#include "framework/gdi.h"
+#include "host/libraries/layout_check_box.h"
 #include "tests/host/layout_page.h"
 
 namespace {
@@ -219,6 +221,63 @@ TEST(LayoutCheckBox, ClickOnItsPromptTogglesAndReportsIt) {
     }
     EXPECT_EQ(page.Reference(L"x").text, L"1");
     EXPECT_EQ(page.Reference(L"off").text, L"0");
+}
+
+// The frame is where a person looks for the focus: around the label, the whole of it and no more.
+TEST(LayoutCheckBox, FocusFrameStandsAroundTheLabel) {
+    LayoutPage page;
+    RowSpec row = CheckRow(L"a", L"1");
+    row.prompt = L"&Several words, and these a little longer than the other one's";
+    page.Add(row);
+    page.Add(CheckRow(L"b", L"1"));
+    page.Show();
+    page.layout.GetColumnControl(L"a")->SendMessage(WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS));
+    page.layout.GetColumnControl(L"a")->SetFocus();
+    CWnd* const prompt = page.layout.GetColumnPrompt(L"a");
+    const auto* const label = dynamic_cast<qv::CheckBoxPrompt*>(prompt);
+    ASSERT_NE(label, nullptr);
+    prompt->Invalidate();
+    ::UpdateWindow(prompt->m_hWnd);
+
+    CClientDC dc(*prompt);
+    dc.SelectFont(prompt->GetFont());
+    const CRect client = prompt->GetClientRect();
+    const int room = page.Scaled(qv::CheckBoxPrompt::kFrameRoom);
+    const CRect frame = label->FocusFrame(dc.Get());
+    const int text = static_cast<int>(dc.GetTextExtent(qv::WithoutMnemonic(row.prompt)).cx);
+    EXPECT_EQ(frame.left, 0);
+    EXPECT_EQ(frame.top, 0);
+    EXPECT_EQ(frame.bottom, client.bottom);
+    EXPECT_LE(frame.right, client.right) << "cut";
+    EXPECT_LE(frame.right, text + 2 * room);
+    EXPECT_GT(frame.right, text / 2);
+
+    // What can be seen of it, where something is drawn: columns that are written in, between its edges.
+    const auto written = [&](int x) {
+        const COLORREF paper = ::GetPixel(dc.Get(), client.right - 1, client.bottom / 2);
+        int count = 0;
+        for (int y = 1; y + 1 < client.bottom; ++y)
+            count += ::GetPixel(dc.Get(), x, y) != paper ? 1 : 0;
+        return count;
+    };
+    if (::GetPixel(dc.Get(), 0, 0) == CLR_INVALID) return;
+    const auto [left, right] = [&] {
+        int first = -1, last = -1;
+        for (int x = 0; x < client.right; ++x) {
+            if (written(x) == 0) continue;
+            if (first < 0) first = x;
+            last = x;
+        }
+        return std::pair(first, last);
+    }();
+    EXPECT_EQ(left, 0) << "the frame's left edge";
+    int gapRight = 0;
+    for (int x = right - 1; x > 0 && written(x) == 0; --x)
+        ++gapRight;
+    for (int x = 1; x < room; ++x)
+        EXPECT_EQ(written(x), 0) << "a pixel between the frame and the first letter";
+    EXPECT_GE(gapRight, 1);
+    EXPECT_LE(gapRight, 2 * room) << "the frame ends where the label does";
 }
 
 TEST(LayoutCheckBox, IsNamedByItsPromptToAssistivePrograms) {

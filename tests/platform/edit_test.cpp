@@ -313,6 +313,27 @@ TEST_F(EditTest, WithoutScrollingTypingStopsWhereTheTextNoLongerFits) {
     EXPECT_EQ(TextOf(edit).size(), 41u) << "the program may set what does not fit";
 }
 
+// Who centres a field's text between others relies on it.
+TEST_F(EditTest, FramedFieldWritesAPixelBelowItsFrameWhereItHasRoom) {
+    HWND edit = CreateWindowExW(WS_EX_CLIENTEDGE, L"Edit", L"Text", WS_CHILD | WS_VISIBLE | kScrolling, 0, 0, 100, 60,
+                                GetParent(Create(L"Edit", kScrolling)), nullptr, nullptr, nullptr);
+    HDC dc = GetDC(edit);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc, &metrics);
+    ReleaseDC(edit, dc);
+    const int frame = 2 * GetSystemMetrics(SM_CYEDGE);
+    for (const int room : {0, 1, 2, 3, 20}) {
+        SetWindowPos(edit, nullptr, 0, 0, 100, static_cast<int>(metrics.tmHeight) + frame + room,
+                     SWP_NOMOVE | SWP_NOZORDER);
+        RECT text{};
+        SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+        const LRESULT first = SendMessageW(edit, EM_POSFROMCHAR, 0, 0);
+        EXPECT_EQ(text.top, room >= 2 ? 1 : 0) << room;
+        EXPECT_EQ(HIWORD(static_cast<DWORD_PTR>(first)), text.top) << room;
+        EXPECT_EQ(text.bottom - text.top, metrics.tmHeight) << room;
+    }
+}
+
 TEST_F(EditTest, ModifiedMarkFollowsTheUserOnly) {
     HWND edit = Create(L"Edit", kScrolling);
     EXPECT_EQ(SendMessageW(edit, EM_GETMODIFY, 0, 0), 0);

@@ -150,7 +150,7 @@ LRESULT Edit::HandleEditMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case EM_GETLINE:
             return GetLine(wParam, reinterpret_cast<LPWSTR>(lParam));
         case EM_GETRECT:
-            GetClientRect(m_window, reinterpret_cast<RECT*>(lParam));
+            *reinterpret_cast<RECT*>(lParam) = TextRect();
             return 0;
         case EM_POSFROMCHAR:
             return PositionOf(wParam);
@@ -465,7 +465,19 @@ LRESULT Edit::PositionOf(size_t position) const {
     const size_t line = IsMultiLine() ? m_buffer.LineOf(position) : 0;
     const size_t start = m_buffer.LineStart(line);
     const std::wstring_view before = std::wstring_view(m_buffer.Text()).substr(start, position - start);
-    return MAKELONG(static_cast<DWORD>(TextWidth(before)), static_cast<DWORD>(static_cast<int>(line) * LineHeight()));
+    const LONG top = TextRect().top + static_cast<LONG>(line) * LineHeight();
+    return MAKELONG(static_cast<DWORD>(TextWidth(before)), static_cast<DWORD>(top));
+}
+
+// A field of one line with a frame writes a pixel below it, where it is high enough.
+RECT Edit::TextRect() const {
+    RECT rect = {};
+    GetClientRect(m_window, &rect);
+    if (IsMultiLine()) return rect;
+    const bool framed = (GetWindowLongW(m_window, GWL_EXSTYLE) & static_cast<LONG>(WS_EX_CLIENTEDGE)) != 0;
+    if (framed && rect.bottom >= LineHeight() + 2) ++rect.top;
+    rect.bottom = std::min(rect.bottom, rect.top + LineHeight());
+    return rect;
 }
 
 }  // namespace qv::headless

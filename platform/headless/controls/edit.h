@@ -49,6 +49,8 @@ private:
     LRESULT LineLength(LONG_PTR position) const;
     size_t PositionAt(int x, int y) const;
     LRESULT PositionOf(size_t position) const;
+    // Where the text is drawn, in client coordinates.
+    RECT TextRect() const;
 
     EditBuffer m_buffer;
     size_t m_limit;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "app/sample_host.h"
 #include "framework/check_list_box.h"
@@ -52,7 +53,8 @@ protected:
         ASSERT_TRUE(host.Start(options, problem)) << qv::ToUtf8(problem);
         driver.Run(
             [&] {
-                (void)host.ChangeSettings();
+                std::vector<std::wstring> changes;
+                (void)host.ChangeSettings(changes);
                 return 0;
             },
             {[&] { VisitPages(check); }, [&] { driver.PressKey(VK_ESCAPE); }});
@@ -158,6 +160,80 @@ TEST_P(DemoDialog, ShowsEveryControlThatGetsTheFocus) {
         }
         EXPECT_TRUE(GetParam().compact || seen > 0);
     });
+}
+
+// The field of a row of one line: the control itself or, of a chooser, the edit control in it. Null for other rows.
+HWND FieldOf(const XLayout::RowView& row) {
+    const HWND control = row.control->m_hWnd;
+    if (qv::EqualIgnoringCase(ClassOf(control), L"EDIT") || qv::EqualIgnoringCase(ClassOf(control), L"COMBOBOX")) {
+        return control;
+    }
+    return FindWindowExW(control, nullptr, L"EDIT", nullptr);
+}
+
+LONG HeightOf(HWND window) {
+    const RECT place = OnScreen(window);
+    return place.bottom - place.top;
+}
+
+TEST_P(DemoDialog, WritesEveryPromptAndFieldOnTheLineOfItsRow) {
+    LONG height = 0;
+    LONG distance = 0;
+    OnEveryPage([&](HWND page) {
+        LONG before = 0;
+        for (const XLayout::RowView& row : LayoutOf(page).GetRows()) {
+            const LONG promptTop = OnScreen(row.prompt->m_hWnd).top;
+            const HWND field = FieldOf(row);
+            const bool isList = qv::EqualIgnoringCase(ClassOf(row.control->m_hWnd), L"LISTBOX");
+            if (field != nullptr) {
+                if (height == 0) height = HeightOf(field);
+                EXPECT_EQ(HeightOf(field), height) << Describe(field);
+                EXPECT_EQ(TextTopOnScreen(field), promptTop) << Describe(field);
+            } else if (isList) {
+                EXPECT_EQ(TextTopOnScreen(row.control->m_hWnd), promptTop) << Describe(row.control->m_hWnd);
+            }
+            // Whatever its control is, a row's text stands where the eye expects the next line.
+            const bool isOneLine = !isList && HeightOf(row.prompt->m_hWnd) < height;
+            if (isOneLine && before != 0) {
+                if (distance == 0) distance = promptTop - before;
+                EXPECT_EQ(promptTop - before, distance) << Describe(row.prompt->m_hWnd);
+            }
+            before = isOneLine ? promptTop : 0;
+        }
+    });
+    EXPECT_GT(distance, height);
+}
+
+// The letter that a label marks, in lower case; 0 for none.
+wchar_t MarkedLetter(const std::wstring& label) {
+    for (std::size_t i = 0; i + 1 < label.size(); ++i) {
+        if (label[i] != L'&') continue;
+        if (label[++i] != L'&') return qv::ToLower(label.substr(i, 1)).front();
+    }
+    return 0;
+}
+
+TEST_P(DemoDialog, MarksEveryLetterOnceOnAPage) {
+    OnEveryPage(
+        [&](HWND page) {
+            std::map<wchar_t, std::vector<std::wstring>> rows;
+            const auto add = [&rows](const std::wstring& label, const std::wstring& what) {
+                if (const wchar_t letter = MarkedLetter(label)) rows[letter].push_back(what + L" \"" + label + L"\"");
+                // Small sizes of a font may be drawn narrower than they are measured: the line is then beside the text.
+                EXPECT_FALSE(label.size() > 1 && label[label.size() - 2] == L'&') << qv::ToUtf8(label);
+            };
+            for (const XLayout::RowView& row : LayoutOf(page).GetRows())
+                add(row.column.prompt, row.column.name);
+            for (HWND child : VisibleChildren(driver.Dialog().m_hWnd))
+                add(CWnd::FromHandle(child)->GetWindowText(), L"the dialog's");
+            for (const std::wstring& title : driver.TabTitles())
+                add(title, L"the tab");
+            for (const auto& [letter, users] : rows) {
+                EXPECT_EQ(users.size(), 1u)
+                    << qv::ToUtf8(driver.TabTitles()[static_cast<std::size_t>(driver.Sheet().GetActiveIndex())]) << ": "
+                    << qv::ToUtf8(std::wstring(1, letter)) << " marks " << ::testing::PrintToString(users);
+            }
+        });
 }
 
 TEST_P(DemoDialog, IsTabbedThroughAsItIsRead) {

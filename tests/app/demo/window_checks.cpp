@@ -28,12 +28,6 @@ RECT Client(HWND window) {
     return client;
 }
 
-RECT OnScreen(HWND window) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return rect;
-}
-
 // The size of a text in a window's own font, broken at a width as labels are; 0: not broken.
 SIZE Measure(HWND window, const std::wstring& text, LONG breakAt, UINT flags = 0) {
     HDC dc = GetDC(window);
@@ -147,6 +141,38 @@ std::vector<HWND> VisibleChildren(HWND parent) {
         if (IsWindowVisible(child) != FALSE) children.push_back(child);
     }
     return children;
+}
+
+RECT OnScreen(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+
+LONG TextTopOnScreen(HWND field) {
+    const LONG line = Measure(field, L"Äg", 0).cy;
+    POINT top{0, 0};
+    if (IsOf(field, L"COMBOBOX")) {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        EXPECT_NE(GetComboBoxInfo(field, &info), FALSE) << Describe(field);
+        top.y = (info.rcItem.top + info.rcItem.bottom - line) / 2;
+    } else if (IsOf(field, L"LISTBOX")) {
+        RECT entry{};
+        EXPECT_NE(SendMessageW(field, LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&entry)), LB_ERR) << Describe(field);
+        top.y = (entry.top + entry.bottom - line) / 2;
+    } else {
+        // An empty field has no character to ask for.
+        RECT text{};
+        SendMessageW(field, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+        top.y = text.top;
+        if (GetWindowTextLengthW(field) != 0) {
+            const auto place = static_cast<DWORD_PTR>(SendMessageW(field, EM_POSFROMCHAR, 0, 0));
+            top.y = static_cast<SHORT>(HIWORD(place));
+        }
+    }
+    ClientToScreen(field, &top);
+    return top.y;
 }
 
 void CheckTextFits(HWND window) {

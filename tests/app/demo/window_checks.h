@@ -22,6 +22,14 @@ void CheckTabTitlesFit(HWND tabs);
 void CheckNoOverlap(HWND parent);
 void CheckInside(HWND parent);
 
+// From the top of the screen to the line of text of a field (an edit control or a closed combo box), or of a list's
+// first entry when it is not scrolled, in pixels. Asked of the control; where it does not tell, the text is in its
+// middle.
+[[nodiscard]] LONG TextTopOnScreen(HWND field);
+
+// A window's place on the screen.
+[[nodiscard]] RECT OnScreen(HWND window);
+
 // From the first control of a page on, Tab goes down the page and then on to what is outside it.
 void CheckTabOrder(HWND dialog, HWND page);
 
