@@ -1,6 +1,7 @@
 // CWnd: text, state, place in the tree and on the screen, data exchange.
 #include "framework/data_exchange.h"
 #include "framework/dialog_focus.h"
+#include "framework/wipe.h"
 #include "framework/wnd.h"
 
 std::wstring CWnd::GetWindowText() const {
@@ -12,7 +13,9 @@ std::wstring CWnd::GetWindowText() const {
 }
 
 void CWnd::SetWindowText(std::wstring_view text) {
-    ::SetWindowTextW(m_hWnd, std::wstring(text).c_str());
+    std::wstring terminated(text);
+    ::SetWindowTextW(m_hWnd, terminated.c_str());
+    qv::Wipe(terminated);  // it may have been a password
 }
 
 int CWnd::GetWindowTextLength() const {

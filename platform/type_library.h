@@ -12,12 +12,12 @@ namespace qv {
 [[nodiscard]] inline HRESULT RegisterModuleTypeLibrary([[maybe_unused]] HMODULE module) {
 #ifdef _WIN32
     std::array<wchar_t, 4096> path{};
-    if (GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())) == 0) {
-        return HRESULT_FROM_WIN32(GetLastError());
-    }
+    const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0) return HRESULT_FROM_WIN32(GetLastError());
+    if (length >= path.size()) return HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE);
     ITypeLib* library = nullptr;
     const HRESULT result = LoadTypeLibEx(path.data(), REGKIND_REGISTER, &library);
-    if (library != nullptr) library->Release();
+    if (result == S_OK && library != nullptr) library->Release();
     return result;
 #else
     return S_OK;
@@ -31,7 +31,7 @@ namespace qv {
 #ifdef _WIN32
     BSTR path = nullptr;
     const HRESULT known = QueryPathOfRegTypeLib(library, major, minor, locale, &path);
-    SysFreeString(path);
+    if (known == S_OK) SysFreeString(path);
     if (known == TYPE_E_LIBNOTREGISTERED) return S_OK;
     return UnRegisterTypeLib(library, major, minor, locale, SYS_WIN64);
 #else

@@ -15,7 +15,8 @@ std::vector<XLayout*>& Alive() {
 // Ids of the layout's own controls lie above those that pages give to special controls (from 20000) and, where there
 // are more rows than that, between those and the dialog's buttons. Rows are told apart by their windows, not their ids.
 UINT ControlId(std::size_t index) {
-    constexpr std::size_t kFirst = 30000, kAbove = 0xFFFF - kFirst, kFirstBelow = 1000, kBelow = 19000;
+    constexpr std::size_t kFirst = XLayout::kFirstControlId, kAbove = 0xFFFF - kFirst, kFirstBelow = 1000,
+                          kBelow = 19000;
     return static_cast<UINT>(index < kAbove ? kFirst + index : kFirstBelow + (index - kAbove) % kBelow);
 }
 

@@ -19,6 +19,8 @@ class LayoutMetrics;
 
 class XLayout {
 public:
+    // The lowest id that the layout gives to controls of its own; those below are the page's, from 20000 on.
+    static constexpr UINT kFirstControlId = 30000;
     // What a row holds and which control shows it. The pairs in use: (4, 4) check box, (3, 3) integer edit, (2, 3)
     // floating-point edit, (1, 3) text edit, (1, 2) combo box, (1, 6) check list.
     enum DataType : int { kText = 1, kDouble = 2, kInteger = 3, kBoolean = 4 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/gdi.h"
+#include "host/libraries/layout_metrics.h"
 #include "host/libraries/layout_window.h"
 
 namespace qv {
@@ -55,7 +56,7 @@ CRect CheckBoxPrompt::FocusFrame(HDC dc) const {
     const std::wstring text = GetWindowText();
     const CRect client = GetClientRect();
     RECT label = client;
-    ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &label, DT_CALCRECT | DT_WORDBREAK);
+    ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &label, DT_CALCRECT | kLabelFormat);
     ::OffsetRect(&label, m_frameRoom, 0);
     const LONG end = EndOfInk(dc, client, label.left, std::min(label.right, client.right));
     CRect frame(static_cast<int>(label.left - m_frameRoom), static_cast<int>(client.top),

@@ -29,7 +29,7 @@ SIZE LayoutMetrics::LabelSize(const std::wstring& label, int maxWidth) const {
     if (label.empty()) return {0, 0};
     if (!m_dc.IsValid()) return {TextWidth(label), m_baseY};
     RECT rect{0, 0, maxWidth, 0};
-    ::DrawTextW(m_dc.Get(), label.c_str(), static_cast<int>(label.size()), &rect, DT_CALCRECT | DT_WORDBREAK);
+    ::DrawTextW(m_dc.Get(), label.c_str(), static_cast<int>(label.size()), &rect, DT_CALCRECT | kLabelFormat);
     return {rect.right - rect.left, rect.bottom - rect.top};
 }
 

@@ -9,6 +9,10 @@
 
 namespace qv {
 
+// How labels are broken, in measuring and in drawing: between words and, as a multi-line field does, within a word that
+// is too long for a line. The window's text stays the label as it is; SS_EDITCONTROL makes a static window draw it so.
+inline constexpr UINT kLabelFormat = DT_WORDBREAK | DT_EDITCONTROL;
+
 class LayoutMetrics {
 public:
     // Of a page without a device context the measures are those of a common 8 point font.
@@ -25,8 +29,7 @@ public:
     [[nodiscard]] int DigitWidth() const noexcept { return m_digitWidth; }
     [[nodiscard]] int AverageWidth() const noexcept { return m_baseX; }
     [[nodiscard]] int TextWidth(std::wstring_view text) const;
-    // The size of a label (its '&' marks a mnemonic), broken between words where it is wider than maxWidth; a single
-    // word may be wider still.
+    // The size of a label (its '&' marks a mnemonic), broken where it is wider than maxWidth.
     [[nodiscard]] SIZE LabelSize(const std::wstring& label, int maxWidth) const;
 
 private:

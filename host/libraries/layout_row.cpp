@@ -16,7 +16,7 @@ namespace {
 const CRect kNowhere;
 constexpr UINT kStaticId = 0xFFFF;
 constexpr int kDroppedEntries = 12;
-constexpr int kMaxPromptUnits = 200;  // dialog units; longer prompts are broken between words
+constexpr int kMaxPromptUnits = 200;  // dialog units; longer prompts are broken
 
 // Characters that fit the longest double that is typed by hand: fifteen significant ones and a sign.
 constexpr int kDoubleCharacters = 16;
@@ -68,7 +68,7 @@ void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
         prompt = std::make_unique<CStatic>();
     }
     // A group of its own keeps the arrow keys within the row's control.
-    const DWORD style = WS_VISIBLE | WS_GROUP | SS_LEFT | (isCheckBox ? SS_NOTIFY : 0);
+    const DWORD style = WS_VISIBLE | WS_GROUP | SS_LEFT | SS_EDITCONTROL | (isCheckBox ? SS_NOTIFY : 0);
     if (!qv::CreateAttached(*prompt, L"STATIC", column.prompt, 0, style, kNowhere, page, kStaticId)) return;
     if (metrics.Font() != nullptr) prompt->SetFont(metrics.Font(), false);
     if (column.disabled) prompt->EnableWindow(false);

@@ -30,7 +30,19 @@ std::wstring FromAnsi(std::string_view bytes) {
     return text;
 }
 
-std::string ToAnsi(std::wstring_view text, char replacement, bool& replaced) {
+// The character of the code page that stands for one which it does not have, where the platform knows a likeness: the
+// digits above and below the line, and the full-width forms of East Asian texts. 0 when there is none.
+char BestFit(wchar_t unit) {
+    const auto code = static_cast<std::uint32_t>(unit);
+    const auto from = [code](std::uint32_t first, char fit) { return static_cast<char>(fit + (code - first)); };
+    if (code == 0x2070 || (code >= 0x2074 && code <= 0x2079)) return from(0x2070, '0');
+    if (code >= 0x2080 && code <= 0x2089) return from(0x2080, '0');
+    if (code == 0x3000) return ' ';
+    if (code >= 0xFF01 && code <= 0xFF5E) return from(0xFF01, '!');
+    return 0;
+}
+
+std::string ToAnsi(std::wstring_view text, bool fits, char replacement, bool& replaced) {
     std::string bytes;
     for (const wchar_t unit : text) {
         const auto* special = std::find(std::begin(kCodes80To9F), std::end(kCodes80To9F) - 1, unit);
@@ -38,6 +50,8 @@ std::string ToAnsi(std::wstring_view text, char replacement, bool& replaced) {
             bytes.push_back(static_cast<char>(0x80 + (special - kCodes80To9F)));
         } else if (static_cast<unsigned>(unit) < 0x100 && (unit < 0x80 || unit >= 0xA0)) {
             bytes.push_back(static_cast<char>(unit));
+        } else if (const char fit = fits ? BestFit(unit) : '\0') {
+            bytes.push_back(fit);
         } else {
             bytes.push_back(replacement);
             replaced = true;
@@ -91,7 +105,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LP
                                    length < 0 ? std::wstring_view(text).size() + 1 : static_cast<std::size_t>(length));
     if (IsAnsi(codePage)) {
         bool used = false;
-        const auto result = ToAnsi(source, replacement == nullptr ? '?' : *replacement, used);
+        const bool fits = (flags & WC_NO_BEST_FIT_CHARS) == 0;
+        const auto result = ToAnsi(source, fits, replacement == nullptr ? '?' : *replacement, used);
         if (replaced != nullptr) *replaced = used;
         return Deliver(result, bytes, size);
     }

@@ -39,21 +39,32 @@ std::vector<std::wstring_view> SplitLines(std::wstring_view text) {
     }
 }
 
-// Breaks a line between words so that each piece fits; a word that is too wide stands alone.
-void WrapLine(const LOGFONTW& font, std::wstring_view line, LONG width, std::vector<std::wstring_view>& pieces) {
-    while (!line.empty() && TextWidth(font, line) > width) {
-        std::size_t cut = 0;
-        for (std::size_t space = line.find(L' '); space != std::wstring_view::npos;
-             space = line.find(L' ', space + 1)) {
-            if (TextWidth(font, line.substr(0, space)) > width && cut != 0) break;
-            cut = space;
-            if (TextWidth(font, line.substr(0, space)) > width) break;
+// Breaks a line between words so that each piece fits. A word that is too wide stands alone or, where words may be
+// broken, on as many pieces as it needs.
+void WrapLine(const LOGFONTW& font, std::wstring_view line, LONG width, bool breaksWords,
+              std::vector<std::wstring_view>& pieces) {
+    constexpr std::size_t kNone = std::wstring_view::npos;
+    std::size_t start = 0;    // of the piece
+    std::size_t gap = kNone;  // the last blank at which the piece can end
+    LONG reached = 0;         // the width from start up to i
+    for (std::size_t i = 0; i < line.size();) {
+        if (line[i] == L' ' && i > start && (reached <= width || gap == kNone)) gap = i;
+        const LONG wider = reached + CharWidth(font, line[i]);
+        const bool inWord = gap == kNone;
+        if (wider <= width || (inWord && (!breaksWords || i == start))) {
+            reached = wider;
+            ++i;
+            continue;
         }
-        if (cut == 0) break;
-        pieces.push_back(line.substr(0, cut));
-        line.remove_prefix(std::min(line.find_first_not_of(L' ', cut), line.size()));
+        const std::size_t end = inWord ? i : gap;
+        pieces.push_back(line.substr(start, end - start));
+        start = inWord ? end : std::min(line.find_first_not_of(L' ', end), line.size());
+        // What stands after the gap is measured anew; it holds no gap itself, so nothing is measured a third time.
+        i = start;
+        gap = kNone;
+        reached = 0;
     }
-    pieces.push_back(line);
+    pieces.push_back(line.substr(start));
 }
 
 }  // namespace
@@ -82,7 +93,7 @@ int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
     } else {
         for (const std::wstring_view line : SplitLines(shown)) {
             if (format & DT_WORDBREAK) {
-                WrapLine(*font, line, WidthOf(*rect), lines);
+                WrapLine(*font, line, WidthOf(*rect), (format & DT_EDITCONTROL) != 0, lines);
             } else {
                 lines.push_back(line);
             }

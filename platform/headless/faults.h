@@ -29,6 +29,9 @@ void FailRegistryCall(unsigned n, LONG code) noexcept;
 // Empties the registry, ends redirections; open keys count as deleted.
 void ResetRegistry();
 
+// The n-th question from now (1 = the next) for the file name of a module fails with the code, once. 0 takes it back.
+void FailModuleFileName(unsigned n, LONG code) noexcept;
+
 // The user's locale and none of their changes to it.
 void SetUserLocale(LCID locale);
 

@@ -34,9 +34,9 @@ BOOL CopyFile(const std::string& from, const std::string& to, bool failIfExists)
     const bool exists = ::stat(to.c_str(), &target) == 0;
     if (exists && failIfExists) return Fail(ERROR_FILE_EXISTS);
     if (exists && (S_ISDIR(target.st_mode) || (target.st_mode & S_IWUSR) == 0)) return Fail(ERROR_ACCESS_DENIED);
-    const int in = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
+    const int in = qv::headless::OpenAtOnce(from, O_RDONLY);
     if (in < 0) return FailWithErrno(from);
-    const int out = ::open(to.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, source.st_mode & 0777);
+    const int out = qv::headless::OpenAtOnce(to, O_WRONLY | O_CREAT | O_TRUNC, source.st_mode & 0777);
     if (out < 0) {
         FailWithErrno(to);
         ::close(in);

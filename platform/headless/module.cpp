@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 #include <map>
 #include <mutex>
@@ -12,9 +13,14 @@
 #include <string>
 #include <vector>
 
+#include "platform/headless/countdown.h"
 #include "platform/headless/encoding.h"
+#include "platform/headless/faults.h"
 
 namespace {
+
+qv::headless::Countdown g_fileNameFault;
+std::atomic<LONG> g_fileNameError{0};
 
 using qv::headless::CompareIgnoringCase;
 using qv::headless::FromUtf8;
@@ -150,7 +156,13 @@ BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* module) {
     return TRUE;
 }
 
+void qv::headless::FailModuleFileName(unsigned n, LONG code) noexcept {
+    g_fileNameError = code;
+    g_fileNameFault.Arm(n);
+}
+
 DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size) {
+    if (g_fileNameFault.Strikes()) return Fail<DWORD>(g_fileNameError);
     const auto entry = FindModule(module);
     if (!entry) return Fail<DWORD>(ERROR_MOD_NOT_FOUND);
     if (buffer == nullptr || size == 0) return Fail<DWORD>(ERROR_INSUFFICIENT_BUFFER);

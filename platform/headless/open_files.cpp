@@ -60,6 +60,12 @@ Result Fail(LONG code, Result result) {
 
 }  // namespace
 
+int OpenAtOnce(const std::string& path, int flags, unsigned mode) noexcept {
+    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
+    if (descriptor >= 0) ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+    return descriptor;
+}
+
 bool MayDelete(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return true;
@@ -72,7 +78,7 @@ bool MayDelete(const std::string& path) {
     }
     if (openHere || !S_ISREG(status.st_mode)) return true;
     // Other processes hold a lock for as long as they have the file open.
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = OpenAtOnce(path, O_RDONLY);
     if (descriptor < 0) return true;
     const bool free = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
     ::close(descriptor);
@@ -117,7 +123,7 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*
         });
     };
     // Never truncated on opening: others may not share it.
-    file.descriptor = ::open(native->c_str(), mode | O_CLOEXEC | (creates ? O_CREAT : 0), 0666);
+    file.descriptor = qv::headless::OpenAtOnce(*native, mode | (creates ? O_CREAT : 0), 0666);
     if (file.descriptor < 0 || ::fstat(file.descriptor, &status) != 0) {
         FailWithErrno(*native);
         return INVALID_HANDLE_VALUE;

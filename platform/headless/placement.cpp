@@ -1,5 +1,6 @@
 // Moving and sizing windows: position messages, client rectangles, z-order.
 #include <algorithm>
+#include <unordered_map>
 
 #include "platform/headless/desktop_state.h"
 
@@ -141,7 +142,13 @@ bool PlaceWindow(WINDOWPOS position) {
         if (!window) return false;
     }
     RECT place = window->place;
-    if (!(position.flags & SWP_NOMOVE)) OffsetRect(&place, position.x - place.left, position.y - place.top);
+    if (!(position.flags & SWP_NOMOVE)) {
+        // As far as the messages about it can tell.
+        constexpr int kNearest = -32768;
+        constexpr int kFarthest = 32767;
+        OffsetRect(&place, std::clamp(position.x, kNearest, kFarthest) - place.left,
+                   std::clamp(position.y, kNearest, kFarthest) - place.top);
+    }
     if (!(position.flags & SWP_NOSIZE)) {
         constexpr int kLargest = 32767;
         place.right = place.left + std::clamp(position.cx, 0, kLargest);
@@ -205,6 +212,7 @@ BOOL BringWindowToTop(HWND window) {
 // A batch is a list of positions until it is ended. Each call hands the batch on; a failing one frees it.
 struct HDWP__ {
     std::vector<WINDOWPOS> positions;
+    std::unordered_map<HWND, std::size_t> places;  // of the windows in it
 };
 
 HDWP BeginDeferWindowPos(int count) {
@@ -224,12 +232,12 @@ HDWP DeferWindowPos(HDWP info, HWND window, HWND insertAfter, int x, int y, int 
         return nullptr;
     }
     WINDOWPOS fresh{window, insertAfter, x, y, width, height, flags};
-    const auto known = std::find_if(info->positions.begin(), info->positions.end(),
-                                    [&](const WINDOWPOS& other) { return other.hwnd == window; });
-    if (known == info->positions.end()) {
+    const auto [place, isNew] = info->places.try_emplace(window, info->positions.size());
+    if (isNew) {
         info->positions.push_back(fresh);
         return info;
     }
+    WINDOWPOS* const known = &info->positions[place->second];
     // A second request for a window adds to the first.
     if (!(flags & SWP_NOZORDER)) known->hwndInsertAfter = insertAfter;
     if (!(flags & SWP_NOMOVE)) {

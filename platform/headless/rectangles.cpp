@@ -43,8 +43,7 @@ BOOL ClientToScreen(HWND handle, POINT* point) {
     const Window* window = Find(handle);
     if (!window || !point) return FALSE;
     const POINT origin = ClientOrigin(window);
-    point->x += origin.x;
-    point->y += origin.y;
+    *point = {Sum(point->x, origin.x), Sum(point->y, origin.y)};
     return TRUE;
 }
 
@@ -52,8 +51,7 @@ BOOL ScreenToClient(HWND handle, POINT* point) {
     const Window* window = Find(handle);
     if (!window || !point) return FALSE;
     const POINT origin = ClientOrigin(window);
-    point->x -= origin.x;
-    point->y -= origin.y;
+    *point = {Difference(point->x, origin.x), Difference(point->y, origin.y)};
     return TRUE;
 }
 
@@ -66,8 +64,7 @@ int MapWindowPoints(HWND from, HWND to, POINT* points, UINT count) {
     const POINT b = ClientOrigin(target);
     const POINT shift{a.x - b.x, a.y - b.y};
     for (UINT i = 0; i < count; ++i) {
-        points[i].x += shift.x;
-        points[i].y += shift.y;
+        points[i] = {Sum(points[i].x, shift.x), Sum(points[i].y, shift.y)};
     }
     return MAKELONG(static_cast<std::uintptr_t>(shift.x), static_cast<std::uintptr_t>(shift.y));
 }
@@ -132,13 +129,13 @@ BOOL EqualRect(const RECT* a, const RECT* b) {
 
 BOOL InflateRect(RECT* rect, int dx, int dy) {
     if (!rect) return FALSE;
-    *rect = {rect->left - dx, rect->top - dy, rect->right + dx, rect->bottom + dy};
+    *rect = {Difference(rect->left, dx), Difference(rect->top, dy), Sum(rect->right, dx), Sum(rect->bottom, dy)};
     return TRUE;
 }
 
 BOOL OffsetRect(RECT* rect, int dx, int dy) {
     if (!rect) return FALSE;
-    *rect = {rect->left + dx, rect->top + dy, rect->right + dx, rect->bottom + dy};
+    *rect = {Sum(rect->left, dx), Sum(rect->top, dy), Sum(rect->right, dx), Sum(rect->bottom, dy)};
     return TRUE;
 }
 

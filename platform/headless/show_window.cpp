@@ -18,7 +18,7 @@ RECT MaximisedRect(HWND handle) {
     const POINT corner = limits.ptMaxPosition;
     const LONG width = std::max(std::min(limits.ptMaxSize.x, limits.ptMaxTrackSize.x), limits.ptMinTrackSize.x);
     const LONG height = std::max(std::min(limits.ptMaxSize.y, limits.ptMaxTrackSize.y), limits.ptMinTrackSize.y);
-    return {corner.x, corner.y, corner.x + width, corner.y + height};
+    return {corner.x, corner.y, Sum(corner.x, width), Sum(corner.y, height)};
 }
 
 // Minimised top-level windows line up at the bottom of the work area, children at the bottom of their parent.
@@ -31,7 +31,7 @@ RECT MinimisedRect(Window& window) {
                                : RECT{0, 0, WidthOf(window.parent->client), HeightOf(window.parent->client)};
         window.minimised = {space.left, space.bottom - height};
     }
-    return {window.minimised.x, window.minimised.y, window.minimised.x + width, window.minimised.y + height};
+    return {window.minimised.x, window.minimised.y, Sum(window.minimised.x, width), Sum(window.minimised.y, height)};
 }
 
 }  // namespace
@@ -240,10 +240,10 @@ void BringOnScreen(const Window& window, RECT& rect) {
     const RECT& area = state.workArea;
     const LONG width = WidthOf(rect);
     const LONG height = HeightOf(rect);
-    rect.left = std::max(area.left, std::min(rect.left, area.right - width));
-    rect.top = std::max(area.top, std::min(rect.top, area.bottom - height));
-    rect.right = rect.left + width;
-    rect.bottom = rect.top + height;
+    rect.left = std::max(area.left, std::min(rect.left, Difference(area.right, width)));
+    rect.top = std::max(area.top, std::min(rect.top, Difference(area.bottom, height)));
+    rect.right = Sum(rect.left, width);
+    rect.bottom = Sum(rect.top, height);
 }
 
 }  // namespace

@@ -297,8 +297,8 @@ HRESULT Coerce(const VARIANT& source, const Context& context, VARTYPE type, VARI
     if (type == VT_UNKNOWN || type == VT_DISPATCH) return DISP_E_TYPEMISMATCH;
     if (type == VT_BSTR) return ToText(source, context, result);
     if (source.vt == VT_BSTR) {
-        return FromText({source.bstrVal == nullptr ? L"" : source.bstrVal, SysStringLen(source.bstrVal)}, context, type,
-                        result);
+        // To these conversions a text ends at its first zero, however long the string is.
+        return FromText(source.bstrVal == nullptr ? L"" : source.bstrVal, context, type, result);
     }
     return NumberTo(source, type, result);
 }

@@ -276,7 +276,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
     }
     create.cx = std::max(create.cx, 0);
     create.cy = std::max(create.cy, 0);
-    window->place = window->normal = {create.x, create.y, create.x + create.cx, create.y + create.cy};
+    window->place = window->normal = {create.x, create.y, Sum(create.x, create.cx), Sum(create.y, create.cy)};
     window->client = {0, 0, create.cx, create.cy};
 
     if (!SendMessageW(handle, WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&create))) {

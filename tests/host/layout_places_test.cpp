@@ -270,6 +270,33 @@ TEST_F(LayoutGrowth, SpecialControlsAlignWithOrdinaryFields) {
         << "a list's prompt stands at its top line";
 }
 
+// A word without end is broken too, in the window as in the measure; the window's text stays the label.
+TEST(LayoutPrompts, AWordThatIsTooLongIsBroken) {
+    LayoutPage plain;
+    plain.Add(TextRow(L"text")).prompt = std::wstring(40, L'n');
+    plain.Show();
+    for (const bool isCheckBox : {false, true}) {
+        SCOPED_TRACE(isCheckBox);
+        const std::wstring label = L"Short &words before " + std::wstring(1000, L'W') + L" and after";
+        LayoutPage page;
+        page.Add(isCheckBox ? CheckRow(L"row", L"1") : TextRow(L"row")).prompt = label;
+        page.Show();
+        EXPECT_LT(page.layout.GetMinWidth(), 3 * plain.layout.GetMinWidth());
+        const CWnd* const prompt = page.layout.GetColumnPrompt(L"row");
+        EXPECT_EQ(prompt->GetWindowText(), label);
+        EXPECT_NE(prompt->GetStyle() & SS_EDITCONTROL, 0U);
+        // As the window draws it, in the width that it has.
+        CClientDC dc(page.window);
+        dc.SelectFont(page.window.GetFont());
+        RECT drawn{0, 0, page.PromptRect(L"row").Width(), 0};
+        ::DrawTextW(dc.Get(), label.c_str(), static_cast<int>(label.size()), &drawn,
+                    DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL);
+        EXPECT_LE(drawn.right, page.PromptRect(L"row").Width());
+        EXPECT_LE(drawn.bottom, page.PromptRect(L"row").Height());
+        EXPECT_GT(drawn.bottom, 10 * LineHeight(page));
+    }
+}
+
 TEST(LayoutGrowthFlags, PageOfOrdinaryRowsDoesNotGrow) {
     LayoutPage page;
     AddEveryKind(page);

@@ -1,5 +1,6 @@
 // Rectangles, frames, z-order, limits and placement records.
 #include <algorithm>
+#include <climits>
 
 #include "tests/platform/window_fixture.h"
 
@@ -35,6 +36,28 @@ void ExpectRect(const RECT& rect, LONG left, LONG top, LONG right, LONG bottom) 
     EXPECT_EQ(rect.top, top);
     EXPECT_EQ(rect.right, right);
     EXPECT_EQ(rect.bottom, bottom);
+}
+
+TEST_F(Placement, CoordinatesEndWhereMessagesCannotTellThemAnyMore) {
+    const HWND window = Make("window", WS_POPUP);
+    SetWindowPos(window, nullptr, INT_MAX, INT_MIN, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
+    ExpectRect(RectOf(window), 32767, -32768, 32767 + 300, -32768 + 200);
+    WINDOWPLACEMENT placement = PlacementOf(window);
+    placement.rcNormalPosition = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+    placement.ptMaxPosition = {INT_MAX, INT_MIN};
+    placement.ptMinPosition = {INT_MIN, INT_MAX};
+    for (const UINT show : {UINT{SW_SHOWNORMAL}, UINT{SW_SHOWMAXIMIZED}, UINT{SW_SHOWMINIMIZED}, UINT{SW_RESTORE}}) {
+        placement.showCmd = show;
+        placement.flags = WPF_SETMINPOSITION;
+        SetWindowPlacement(window, &placement);
+        const RECT rect = RectOf(window);
+        EXPECT_GE(rect.left, -32768) << show;
+        EXPECT_LE(rect.right - rect.left, 32767) << show;
+    }
+    RECT rect{INT_MIN, INT_MIN, INT_MAX, INT_MAX};
+    EXPECT_TRUE(OffsetRect(&rect, -1, 1));
+    EXPECT_TRUE(InflateRect(&rect, INT_MAX, INT_MAX));
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
 }
 
 TEST_F(Placement, TheClientAreaIsWhatTheFrameLeaves) {

@@ -134,6 +134,23 @@ Outcome Convert(const wchar_t* text, LCID locale, VARTYPE type) {
     }
 }
 
+TEST(TextToNumber, EndsAtAnEmbeddedZero) {
+    for (const VARTYPE type : {VARTYPE{VT_I4}, VARTYPE{VT_R8}, VARTYPE{VT_BSTR}}) {
+        Variant source;
+        source.vt = VT_BSTR;
+        source.bstrVal = SysAllocStringLen(L"12\0x", 4);
+        Variant result;
+        ASSERT_EQ(S_OK, VariantChangeTypeEx(&result, &source, kEnglish, 0, type));
+        if (type == VT_I4) {
+            EXPECT_EQ(12, result.lVal);
+        } else if (type == VT_R8) {
+            EXPECT_EQ(12.0, result.dblVal);
+        } else {
+            EXPECT_EQ(std::wstring(L"12\0x", 4), result.Text()) << "a copy keeps all of it";
+        }
+    }
+}
+
 TEST(TextToNumber, FollowsTheRulesOfEveryType) {
     struct Case {
         const wchar_t* text;

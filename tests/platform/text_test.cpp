@@ -118,6 +118,24 @@ TEST(TextEncoding, ConvertsAndReportsWhatIsMalformed) {
     EXPECT_EQ("\x80?x", std::string(narrow, 3));
 }
 
+// Characters that the code page does not have become those which look like them, where there are any.
+TEST(TextEncoding, TakesLikenessesForFullWidthForms) {
+    const auto narrow = [](std::wstring_view text, DWORD flags, BOOL* replaced) {
+        char bytes[16] = {};
+        const int length =
+            WideCharToMultiByte(1252, flags, text.data(), static_cast<int>(text.size()), bytes, 16, nullptr, replaced);
+        return std::string(bytes, static_cast<std::size_t>(length));
+    };
+    BOOL replaced = TRUE;
+    EXPECT_EQ("-12 Az~!", narrow(L"\uFF0D\uFF11\uFF12\u3000\uFF21\uFF5A\uFF5E\uFF01", 0, &replaced));
+    EXPECT_FALSE(replaced);
+    EXPECT_EQ("479 059", narrow(L"\u2074\u2077\u2079\u3000\u2080\u2085\u2089", 0, nullptr));
+    EXPECT_EQ("?", narrow(L"\uFF11", WC_NO_BEST_FIT_CHARS, &replaced));
+    EXPECT_TRUE(replaced);
+    EXPECT_EQ("?", narrow(L"\u0416", 0, &replaced));
+    EXPECT_TRUE(replaced);
+}
+
 TEST(LocaleSettings, AnswerSeparatorsWithTheirTerminator) {
     wchar_t text[8] = {};
     EXPECT_EQ(2, GetLocaleInfoW(0x0407, LOCALE_SDECIMAL, nullptr, 0));

@@ -62,6 +62,21 @@ TEST_F(RefusingRegistry, NextRegistrationPutsItRight) {
     }
 }
 
+// A class that leads to no file would be worse than none.
+TEST_F(RefusingRegistry, WithoutThePathOfItsModuleNothingIsRegistered) {
+    qv::headless::FailModuleFileName(1, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Register(), HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
+    EXPECT_EQ(DumpRegistry(), m_before);
+    qv::headless::FailModuleFileName(1, ERROR_SUCCESS);
+    EXPECT_EQ(Register(), E_FAIL) << "also when nobody says why";
+    EXPECT_EQ(DumpRegistry(), m_before);
+    ASSERT_EQ(Register(), S_OK);
+    qv::headless::FailModuleFileName(1, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Unregister(), S_OK) << "removal needs no path";
+    qv::headless::FailModuleFileName(0, 0);
+    EXPECT_EQ(DumpRegistry(), m_before);
+}
+
 TEST_F(RefusingRegistry, NextRemovalPutsItRight) {
     ASSERT_EQ(Register(), S_OK);
     const unsigned first = RegistryCalls();

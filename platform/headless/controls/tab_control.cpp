@@ -19,11 +19,11 @@ LRESULT TabControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             SetStyle(Style() | WS_CLIPSIBLINGS);
             return 0;
         case WM_SIZE:
-            Arrange();
+            m_arranged = false;
             return 0;
         case WM_SETFONT:
             SetFont(wParam);
-            Arrange();
+            m_arranged = false;
             return 0;
         case WM_GETFONT:
             return reinterpret_cast<LRESULT>(Font());
@@ -40,7 +40,7 @@ LRESULT TabControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             Tell(NM_CLICK);
             return 0;
         case WM_STYLECHANGED:
-            Arrange();
+            m_arranged = false;
             return 0;
         default:
             if (message >= TCM_FIRST && message <= TCM_INSERTITEMW) return HandleItems(message, wParam, lParam);
@@ -59,7 +59,7 @@ LRESULT TabControl::HandleItems(UINT message, WPARAM wParam, LPARAM lParam) {
             m_tabs.clear();
             m_current = -1;
             m_focus = 0;
-            Arrange();
+            m_arranged = false;
             return TRUE;
         case TCM_SETITEMW:
             return SetItem(index, *reinterpret_cast<const TCITEMW*>(lParam));
@@ -77,30 +77,34 @@ LRESULT TabControl::HandleItems(UINT message, WPARAM wParam, LPARAM lParam) {
             if (Holds(index)) Choose(index);
             return 0;
         case TCM_GETROWCOUNT:
+            Arrange();
             return m_rows;
         case TCM_GETITEMRECT:
+            Arrange();
             return ItemRect(index, reinterpret_cast<RECT*>(lParam));
         case TCM_HITTEST:
+            Arrange();
             return HitTest(*reinterpret_cast<TCHITTESTINFO*>(lParam));
         case TCM_ADJUSTRECT:
+            Arrange();
             Adjust(wParam != 0, *reinterpret_cast<RECT*>(lParam));
             return 0;
         case TCM_SETITEMSIZE: {
             const LRESULT before = MAKELONG(m_fixedWidth, TabHeight());
             m_fixedWidth = LOWORD(static_cast<DWORD>(lParam));
             m_fixedHeight = HIWORD(static_cast<DWORD>(lParam));
-            Arrange();
+            m_arranged = false;
             return before;
         }
         case TCM_SETPADDING:
             m_horizontalPadding = LOWORD(static_cast<DWORD>(lParam));
             m_verticalPadding = HIWORD(static_cast<DWORD>(lParam));
-            Arrange();
+            m_arranged = false;
             return 0;
         case TCM_SETMINTABWIDTH: {
             const int before = m_minimumWidth;
             m_minimumWidth = static_cast<int>(lParam);
-            Arrange();
+            m_arranged = false;
             return before;
         }
         default:
@@ -128,7 +132,7 @@ LRESULT TabControl::Insert(LONG_PTR index, const TCITEMW& item) {
     } else if (place <= m_current) {
         ++m_current;
     }
-    Arrange();
+    m_arranged = false;
     return place;
 }
 
@@ -142,14 +146,14 @@ LRESULT TabControl::Delete(LONG_PTR index) {
         --m_current;
     }
     m_focus = std::max(0, std::min(m_focus, Count() - 1));
-    Arrange();
+    m_arranged = false;
     return TRUE;
 }
 
 LRESULT TabControl::SetItem(LONG_PTR index, const TCITEMW& item) {
     if (!Holds(index)) return FALSE;
     Take(m_tabs[static_cast<size_t>(index)], item);
-    Arrange();
+    m_arranged = false;
     return TRUE;
 }
 
@@ -194,6 +198,7 @@ void TabControl::OnKeyDown(WPARAM key, LPARAM flags) {
 void TabControl::OnLeftDown(LPARAM position) {
     TCHITTESTINFO info = {};
     info.pt = {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+    Arrange();
     const LRESULT index = HitTest(info);
     if (index < 0) return;
     if (!Has(TCS_FOCUSNEVER)) SetFocus(m_window);
@@ -215,6 +220,8 @@ int TabControl::TabWidth(const Tab& tab) const {
 }
 
 void TabControl::Arrange() {
+    if (m_arranged) return;
+    m_arranged = true;
     const int room = ClientWidth() - kRowMargin;
     int left = kRowMargin;
     int row = 0;

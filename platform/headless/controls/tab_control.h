@@ -42,7 +42,8 @@ private:
     // The answer of the parent.
     LRESULT Tell(UINT code) const;
 
-    // Rows and places of the titles; everything that a rectangle depends on calls it.
+    // Rows and places of the titles, worked out when somebody asks for them after a change: many titles are set one
+    // after the other.
     void Arrange();
     int TabWidth(const Tab& tab) const;
     void StretchRow(size_t first, size_t last, int width);
@@ -55,6 +56,7 @@ private:
     std::vector<Tab> m_tabs;
     int m_current = -1;
     int m_focus = 0;
+    bool m_arranged = false;
     int m_rows = 0;
     int m_fixedWidth = 96;
     int m_fixedHeight = 0;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <new>
+#include <optional>
 #include <string>
 
 #include "framework/text.h"
@@ -30,10 +31,12 @@ HRESULT Enter(const Operation& operation) noexcept {
     }
 }
 
-std::wstring ModulePath(HMODULE module) {
+// Nothing when the platform does not know; the thread's last error says why.
+std::optional<std::wstring> ModulePath(HMODULE module) {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0) return std::nullopt;
         if (length < path.size()) {
             path.resize(length);
             return path;
@@ -46,7 +49,14 @@ HRESULT ApplyModuleScript(qv::RegistryAction action) {
     const HMODULE module = GetComponentModuleState().resources;
     const std::string script = LoadTextResource(module, L"REGISTRY", IDR_REGISTRY);
     if (script.empty()) return HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND);
-    return qv::ApplyRegistryScript(qv::FromUtf8(script), {{L"MODULE", ModulePath(module)}}, action);
+    const std::optional<std::wstring> path = ModulePath(module);
+    if (!path && action == qv::RegistryAction::Register) {
+        // A class without a file would hide one that works.
+        const DWORD error = GetLastError();
+        return error != ERROR_SUCCESS ? HRESULT_FROM_WIN32(error) : E_FAIL;
+    }
+    // Taking the class out needs no path.
+    return qv::ApplyRegistryScript(qv::FromUtf8(script), {{L"MODULE", path.value_or(std::wstring())}}, action);
 }
 
 }  // namespace

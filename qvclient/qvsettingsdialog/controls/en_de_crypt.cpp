@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iterator>
 
+#include "framework/wipe.h"
 #include "platform/platform.h"
 
 namespace {
@@ -69,9 +70,10 @@ bool XEnDeCrypt::Decrypt(std::wstring_view enciphered, std::wstring& plain) cons
         decoded += static_cast<wchar_t>(value ^ KeyAt(key));
         key = NextKeyIndex(key);
     }
-    if (ContainsInvalidChar(decoded)) return false;
-    plain = std::move(decoded);
-    return true;
+    const bool valid = !ContainsInvalidChar(decoded);
+    if (valid) plain.swap(decoded);
+    qv::Wipe(decoded);
+    return valid;
 }
 
 // Deliberate: only the low byte counts, and as a signed number. Everything from 128 is negative and thus below the

@@ -1,6 +1,7 @@
 #include "qvclient/qvsettingsdialog/controls/password_edit.h"
 
 #include "framework/text.h"
+#include "framework/wipe.h"
 #include "host/libraries/message_box.h"
 #include "qvclient/qvsettingsdialog/controls/en_de_crypt.h"
 
@@ -8,22 +9,13 @@ namespace {
 
 constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_GROUP | WS_TABSTOP | ES_AUTOHSCROLL;
 
-// Overwrites a plain password before its memory goes back. The writes are volatile, so that they are not optimised
-// away.
-void Wipe(std::wstring& text) noexcept {
-    volatile wchar_t* characters = text.data();
-    for (std::size_t i = 0; i < text.size(); ++i)
-        characters[i] = L'\0';
-    text.clear();
-}
-
 }  // namespace
 
 QV_RUNTIME_CLASS(XDynPasswordEdit, CEdit)
 
 XDynPasswordEdit::~XDynPasswordEdit() {
-    Wipe(m_initValue);
-    Wipe(m_defaultValue);
+    qv::Wipe(m_initValue);
+    qv::Wipe(m_defaultValue);
 }
 
 const MessageMap* XDynPasswordEdit::GetThisMessageMap() {
@@ -42,14 +34,14 @@ const MessageMap* XDynPasswordEdit::GetMessageMap() const {
 void XDynPasswordEdit::SetInitValue(std::wstring_view enciphered) {
     // Deliberate: the length of the value held so far decides, not the argument's. The first value comes in whole.
     if (m_initValue.size() > m_maxLength) enciphered = enciphered.substr(0, m_maxLength);
-    Wipe(m_initValue);
+    qv::Wipe(m_initValue);
     m_initValue = enciphered;
     Decipher(m_initValue);
 }
 
 void XDynPasswordEdit::SetDefaultValue(std::wstring_view enciphered) {
     if (enciphered.size() > m_maxLength) enciphered = enciphered.substr(0, m_maxLength);
-    Wipe(m_defaultValue);
+    qv::Wipe(m_defaultValue);
     m_defaultValue = enciphered;
     Decipher(m_defaultValue);
 }
@@ -80,7 +72,7 @@ void XDynPasswordEdit::ShowDefaultValue() {
 std::wstring XDynPasswordEdit::GetValue() {
     std::wstring plain = GetWindowText();
     std::wstring enciphered = XEnDeCrypt().Encrypt(plain);
-    Wipe(plain);
+    qv::Wipe(plain);
     return enciphered;
 }
 
@@ -104,7 +96,7 @@ void XDynPasswordEdit::OnChange() {
     if (text.empty()) return;
     const std::size_t position = text.size() - 1;
     const wchar_t last = text.back();
-    Wipe(text);
+    qv::Wipe(text);
 
     const XEnDeCrypt cipher;
     const std::wstring_view lastText(&last, 1);

@@ -9,4 +9,6 @@ inline constexpr UINT WM_DYN_INITFOCUS = WM_USER + 1;     // posted by the dialo
 inline constexpr UINT WM_DYN_SETPLACEMENT = WM_USER + 2;  // lParam: const WINDOWPLACEMENT* for the frame
 inline constexpr UINT WM_SETTINGS_MODIFIED = WM_USER + 1000;  // upwards: the user changed something
 
-inline constexpr UINT kFirstSpecialControlId = 20000;  // every page counts from here
+// Every page numbers its special controls from here. Above them stand the ids of the layout's own controls.
+inline constexpr UINT kFirstSpecialControlId = 20000;
+inline constexpr UINT kLastSpecialControlId = 29999;

@@ -8,6 +8,8 @@ QV_RUNTIME_CLASS(XDynPropertyPage, CPropertyPage)
 
 namespace {
 
+static_assert(kLastSpecialControlId < XLayout::kFirstControlId, "an id belongs to one control of a page");
+
 constexpr int kLayoutMode = 1;
 constexpr int kMargin = 10;  // pixels on every side of the layout
 
@@ -80,9 +82,9 @@ void XDynPropertyPage::CreateSpecialControls() {
     UINT id = kFirstSpecialControlId;
     for (const SpecialControlKind kind : m_record.ControlKinds()) {
         for (const auto& control : m_record.Controls(kind)) {
-            // Deliberate: a refused window is not reported here. The layout leaves such a row empty and keeps it from
-            // being stored.
-            if (control->CreateOnPage(*this, id)) {
+            // Deliberate: a refused window is not reported here, nor one for which there is no id left. The layout
+            // leaves such a row empty and keeps it from being stored.
+            if (id <= kLastSpecialControlId && control->CreateOnPage(*this, id)) {
                 control->ShowInitValue();  // a value that the control refuses is reported
                 if (!IsLive()) return;
                 if (kind == SpecialControlKind::Button) control->Window().SetFont(GetFont(), true);

@@ -19,7 +19,7 @@ constexpr int kRealDecimals = 5;
 
 void CorrectInteger(ItemDraft& draft, std::int32_t lower, std::int32_t upper) {
     const auto outside = [lower, upper](std::wstring_view text) {
-        const std::int64_t number = qv::LeadingInteger64(text);
+        const std::int64_t number = qv::CodePageInteger(text);
         return number < lower || number > upper;
     };
     if (!outside(draft.value)) return;

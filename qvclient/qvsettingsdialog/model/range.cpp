@@ -7,6 +7,7 @@
 
 #include "framework/text.h"
 #include "host/libraries/numbers.h"
+#include "platform/platform.h"
 
 // Rounding keeps the order, so that only a number outside its range as it stands needs to be rounded.
 bool CheckUpperBound(const RangePair& range, double value) {
@@ -57,14 +58,31 @@ std::wstring IntegerToText(std::int32_t value) {
     return std::wstring(std::begin(digits), written.ptr);
 }
 
+std::int64_t CodePageInteger(std::wstring_view text) {
+    // Nearly every text is plain ASCII, the same in any code page.
+    if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return static_cast<std::uint32_t>(c) < 0x80; })) {
+        return LeadingInteger64(text);
+    }
+    const int length = static_cast<int>(text.size());
+    std::string narrow(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr)),
+        '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), length, narrow.data(), static_cast<int>(narrow.size()), nullptr,
+                        nullptr);
+    std::wstring bytes;
+    for (const char c : narrow)
+        bytes += static_cast<wchar_t>(static_cast<unsigned char>(c));
+    return LeadingInteger64(bytes);
+}
+
 bool FitsInteger(std::wstring_view text) {
     using Limits = std::numeric_limits<std::int32_t>;
-    const std::int64_t number = LeadingInteger64(text);
+    const std::int64_t number = CodePageInteger(text);
     return number >= Limits::min() && number <= Limits::max();
 }
 
 std::int32_t IntegerOr(std::wstring_view text, std::int32_t otherwise) {
-    return FitsInteger(text) ? static_cast<std::int32_t>(LeadingInteger64(text)) : otherwise;
+    return FitsInteger(text) ? static_cast<std::int32_t>(CodePageInteger(text)) : otherwise;
 }
 
 void NormaliseSeparator(std::wstring& text) {

@@ -27,9 +27,13 @@ namespace qv {
 // As "%f" shows it: six decimal places.
 [[nodiscard]] std::wstring FixedToText(double value);
 [[nodiscard]] std::wstring IntegerToText(std::int32_t value);
-// Whether the leading decimal integer of a text fits into 32 bits (text without a number counts as 0).
+// The leading decimal integer of a text in the process's code page (text without a number counts as 0): bounds,
+// defaults and lengths are read so. Characters that the code page does not have count as those which it puts in their
+// place; on Western machines full-width digits are digits.
+[[nodiscard]] std::int64_t CodePageInteger(std::wstring_view text);
+// Whether that number fits into 32 bits.
 [[nodiscard]] bool FitsInteger(std::wstring_view text);
-// A leading decimal integer as an attribute's text gives it, or otherwise where it does not fit into 32 bits.
+// That number, or otherwise where it does not fit into 32 bits.
 [[nodiscard]] std::int32_t IntegerOr(std::wstring_view text, std::int32_t otherwise);
 // The decimal separator becomes ".", as values are stored: the host's conversion, or every "," where it cannot tell.
 void NormaliseSeparator(std::wstring& text);

@@ -1,6 +1,7 @@
 // The placement record: when it is read and written, in which order, and what faults do to it.
 #include <memory>
 
+#include "qvclient/qvsettingsdialog/dialogs/dyn_dialog.h"
 #include "qvclient/qvsettingsdialog/dialogs/placement_record.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
@@ -205,6 +206,58 @@ TEST_F(Placement, AnOffScreenRecordIsUsedAsItIs) {
         [this] { driver.Frame().PostMessage(WM_CLOSE); },
     });
     EXPECT_EQ(Recorded(L"top.x"), L"-5000");
+}
+
+// No host is kept from storing numbers that no window has.
+TEST_F(Placement, ARecordOfTheLargestNumbersOpensAllTheSame) {
+    SwitchOn();
+    struct Case {
+        const wchar_t* low;
+        const wchar_t* high;
+        const wchar_t* state;
+    };
+    for (const Case& each : {Case{L"-2147483648", L"2147483647", L"1"}, Case{L"2147483647", L"-2147483648", L"1"},
+                             Case{L"2147483647", L"2147483647", L"3"}, Case{L"-2147483648", L"2147483647", L"3"}}) {
+        PutRecord({{L"top.x", each.low},
+                   {L"top.y", each.low},
+                   {L"bottom.x", each.high},
+                   {L"bottom.y", each.high},
+                   {L"max.x", each.low},
+                   {L"max.y", each.high},
+                   {L"min.x", each.high},
+                   {L"min.y", each.low},
+                   {L"state", each.state}});
+        Show({
+            [this] { EXPECT_GT(driver.Frame().GetWindowRect().Height(), 0); },
+            [this] { driver.Frame().PostMessage(WM_CLOSE); },
+        });
+        // On its own the dialog starts from the record itself.
+        XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
+                                         qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                                         qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        driver.Run(
+            [&] {
+                XDynDialog dialog(constructionSet, nullptr);
+                return static_cast<int>(dialog.DoModal());
+            },
+            {
+                [this] { EXPECT_GT(Dialog().GetWindowRect().Height(), 0); },
+                [this] { Dialog().PostMessage(WM_CLOSE); },
+            });
+    }
+}
+
+TEST(WindowSpace, KeepsWhatAWindowCanBeAndClipsTheRest) {
+    WINDOWPLACEMENT placement = InitialPlacement();
+    placement.rcNormalPosition = {-5000, 50, -4100, 750};
+    EXPECT_EQ(WithinWindowSpace(placement).rcNormalPosition.left, -5000);
+    EXPECT_EQ(WithinWindowSpace(placement).rcNormalPosition.right, -4100);
+    placement.rcNormalPosition = {-100000, 40000, -99000, 40100};
+    const RECT clipped = WithinWindowSpace(placement).rcNormalPosition;
+    EXPECT_EQ(clipped.left, -32768);
+    EXPECT_EQ(clipped.right - clipped.left, 1000) << "the size stays";
+    EXPECT_EQ(clipped.top, 32767);
+    EXPECT_EQ(clipped.bottom - clipped.top, 100);
 }
 
 // The dialog's own placement first, then the frame's over it; all writes of one before its saves.

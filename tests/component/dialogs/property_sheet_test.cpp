@@ -273,6 +273,54 @@ public:
     }
 };
 
+// Stands for any special control; keeps the ids that the page gives out and makes no window.
+class IdKeeper final : public SpecialControl {
+public:
+    explicit IdKeeper(std::vector<UINT>& ids) : m_ids(ids) {}
+    bool CreateOnPage(CWnd&, UINT id) override {
+        m_ids.push_back(id);
+        return false;
+    }
+    CWnd& Window() override { return m_window; }
+    void ShowInitValue() override {}
+    void ShowDefaultValue() override {}
+    std::wstring GetValue() override { return {}; }
+    void SetReadOnly(bool) override {}
+    bool IsReadOnly() const override { return false; }
+    void ClearHasDefault() override {}
+    bool HasDefault() const override { return false; }
+    void SetStorageKey(std::wstring_view, std::wstring_view) override {}
+    bool GetStorageKey(std::wstring&, std::wstring&) const override { return false; }
+    void SetLayoutCells(LayoutCells) override {}
+    const LayoutCells& GetLayoutCells() const override { return m_cells; }
+
+private:
+    std::vector<UINT>& m_ids;
+    CWnd m_window;
+    LayoutCells m_cells;
+};
+
+// Ids are told in 16 bits: after the last one they would start over with those of OK and Cancel.
+TEST_F(Tabs, SurplusSpecialControlsGetNoIdOfSomebodyElse) {
+    CWnd top;
+    top.CreateEx(0, nullptr, L"Top", WS_OVERLAPPEDWINDOW, RECT{0, 0, 400, 300}, nullptr, 0);
+    {
+        PageRecord record;
+        std::vector<UINT> ids;
+        for (int i = 0; i < 47000; ++i)
+            record.AddControl(SpecialControlKind::Colour, std::make_unique<IdKeeper>(ids));
+        CountingSheet sheet(L"", &top, 0);
+        XDynPropertyPage page(record, L"Page", 0, sheet);
+        sheet.AddPage(&page);
+        EXPECT_TRUE(sheet.Create(&top, WS_CHILD));
+        ASSERT_EQ(ids.size(), 10000U);
+        EXPECT_EQ(ids.front(), 20000U);
+        EXPECT_EQ(ids.back(), 29999U);
+        sheet.DestroyWindow();
+    }
+    top.DestroyWindow();
+}
+
 // Notifications of a page that is not ready are no changes, a control's own notice is one at any time.
 TEST_F(Tabs, AControlsOwnNoticeIsPassedOnWhileThePageIsStillBeingMade) {
     CWnd top;

@@ -64,6 +64,8 @@ INSTANTIATE_TEST_SUITE_P(
                                L"",
                                5},
                       TextCase{"ExactlyAsLong", {{L"maxstringlength", L"3"}}, L"abc", L"abc", {}, L"", 3},
+                      TextCase{
+                          "LengthInFullWidthDigits", {{L"maxstringlength", L"\uFF13"}}, L"abc", L"abc", {}, L"", 3},
                       TextCase{"LengthIsNoNumber",
                                {{L"maxstringlength", L"long"}},
                                L"a",
