@@ -71,7 +71,7 @@ void XDynDialogScroll::EndFrame(int result) {
 
 // An end code that was set before stays.
 void XDynDialogScroll::OnDialogGone() {
-    if (m_isOpen && !IsEnding()) EndDialog(IDCANCEL);
+    if (!IsEnding()) EndDialog(IDCANCEL);
 }
 
 bool XDynDialogScroll::OnInitDialog() {
@@ -86,7 +86,6 @@ bool XDynDialogScroll::OnInitDialog() {
         return true;
     }
     if (const XDialogForView* dialog = GetInnerDialog(); !dialog->IsPlacementLoaded()) FitAroundDialog(*dialog);
-    m_isOpen = true;
     return true;
 }
 

@@ -330,6 +330,14 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
     EXPECT_TRUE(deedWasDone);
 }
 
+TEST_F(RudeHost, ChangesNoEndCodeByDestroyingTheFrameAfterwards) {
+    EXPECT_EQ(Show({[this] {
+                  driver.Press(IDOK);
+                  driver.Frame().DestroyWindow();
+              }}),
+              IDOK);
+}
+
 TEST_F(RudeHost, MayThrowInAnyCall) {
     for (const std::size_t place : Places()) {
         SCOPED_TRACE(place);
