@@ -206,7 +206,9 @@ bool SettingsDriver::FocusRow(std::wstring_view itemKey) {
 
 bool SettingsDriver::Type(std::wstring_view itemKey, std::wstring_view text) {
     if (!FocusRow(itemKey)) return false;
-    Control(itemKey)->SendMessage(EM_SETSEL, 0, -1);
+    const CWnd* control = Control(itemKey);  // once it has the focus, unless something has taken it away then
+    if (control == nullptr) return false;
+    control->SendMessage(EM_SETSEL, 0, -1);
     return text.empty() ? m_user.Press(VK_DELETE) : m_user.Type(text);
 }
 

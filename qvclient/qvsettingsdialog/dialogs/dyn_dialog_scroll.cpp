@@ -73,7 +73,7 @@ void XDynDialogScroll::EndFrame(int result) {
 
 // An end code that was set before stays.
 void XDynDialogScroll::OnDialogGone() {
-    if (m_isOpen && !IsEnding()) EndDialog(IDCANCEL);
+    if (!IsEnding()) EndDialog(IDCANCEL);
 }
 
 bool XDynDialogScroll::OnInitDialog() {
@@ -88,7 +88,6 @@ bool XDynDialogScroll::OnInitDialog() {
         return true;
     }
     if (const XDialogForView* dialog = GetInnerDialog(); !dialog->IsPlacementLoaded()) FitAroundDialog(*dialog);
-    m_isOpen = true;
     return true;
 }
 

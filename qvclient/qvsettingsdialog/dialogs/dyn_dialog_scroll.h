@@ -46,7 +46,6 @@ private:
     [[nodiscard]] bool IsStoring() const noexcept;
 
     HWND m_view = nullptr;  // the object belongs to the window and may go with it at any time
-    bool m_isOpen = false;  // the dialog stands in the frame
     XConstructionSet& m_constructionSet;
     bool m_isModal;
     std::wstring m_caption;

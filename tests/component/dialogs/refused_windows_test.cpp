@@ -43,9 +43,11 @@ protected:
         int windows = 0;     // creations until it stood there
     };
 
+    enum class Refusal { One, OneAndAllAfterIt };
+
     // Opens the dialog with the n-th window refused (0: none), and presses OK where there is one.
     template <class ShowDialog>
-    Outcome Open(std::size_t refused, const ShowDialog& show) {
+    Outcome Open(std::size_t refused, Refusal refusal, const ShowDialog& show) {
         driver.boxes.clear();
         host.session->ClearCalls();
         XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
@@ -72,9 +74,14 @@ protected:
         });
         HHOOK hook = SetWindowsHookExW(WH_CBT, &CountCreations, nullptr, GetCurrentThreadId());
         g_created = 0;
-        qv::Desktop::FailWindowCreation(refused);
+        constexpr std::size_t kUsualLimit = 10000;
+        if (refusal == Refusal::One) qv::Desktop::FailWindowCreation(refused);
+        if (refusal == Refusal::OneAndAllAfterIt) {
+            qv::Desktop::SetWindowLimit(qv::Desktop::Count().windows + refused - 1);
+        }
         outcome.result = show(model);
         qv::Desktop::FailWindowCreation(0);
+        qv::Desktop::SetWindowLimit(kUsualLimit);
         UnhookWindowsHookEx(hook);
         SetIdleHandler(before);
 
@@ -92,14 +99,21 @@ protected:
     // Until nothing is refused any more.
     template <class ShowDialog>
     void RefuseEachInTurn(std::wstring_view caption, bool isModal, const ShowDialog& show) {
-        const Outcome whole = Open(0, show);
+        const Outcome whole = Open(0, Refusal::One, show);
         ASSERT_TRUE(whole.opened && whole.isFull);
+        RefuseEachInTurn(caption, isModal, show, whole.windows, Refusal::One);
+        RefuseEachInTurn(caption, isModal, show, whole.windows, Refusal::OneAndAllAfterIt);
+    }
+
+    template <class ShowDialog>
+    void RefuseEachInTurn(std::wstring_view caption, bool isModal, const ShowDialog& show, int windows,
+                          Refusal refusal) {
         const auto before = qv::Desktop::Count();
         int refusals = 0;
         int incomplete = 0;
-        for (int n = 1; n <= whole.windows; ++n) {
-            SCOPED_TRACE(n);
-            const Outcome outcome = Open(static_cast<std::size_t>(n), show);
+        for (int n = 1; n <= windows; ++n) {
+            SCOPED_TRACE(std::to_string(n) + (refusal == Refusal::One ? "" : " and all after it"));
+            const Outcome outcome = Open(static_cast<std::size_t>(n), refusal, show);
             EXPECT_EQ(qv::Desktop::Count(), before) << "something is left over";
             EXPECT_TRUE(qv::LiveLayouts().empty());
             if (outcome.opened) {

@@ -2,6 +2,7 @@
 // goes on, and nothing of it is touched that is gone.
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <stdexcept>
 
 #include "framework/app.h"
@@ -328,6 +329,35 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
     const auto place = static_cast<std::size_t>(write - calls.begin()) + 1;
     EXPECT_EQ(Run(place, openAnother), IDCANCEL);
     EXPECT_TRUE(deedWasDone);
+}
+
+// Not only the window but the object, by whoever has made it.
+TEST_F(RudeHost, MayDeleteAModelessFrameInsideACall) {
+    for (const bool byKey : {false, true}) {
+        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
+                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", model, false, nullptr);
+        ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
+        frame->ShowWindow(SW_SHOW);
+        PumpPending();
+        host.session->SetFault([&](const qv::SessionCall& call) {
+            if (call.operation == qv::SessionOperation::WriteData) frame.reset();
+            return S_OK;
+        });
+        EXPECT_TRUE(byKey ? driver.PressKey(VK_RETURN) : driver.Press(IDOK));
+        host.session->SetFault({});
+        EXPECT_EQ(frame, nullptr);
+        EXPECT_TRUE(qv::LiveLayouts().empty());
+    }
+}
+
+TEST_F(RudeHost, ChangesNoEndCodeByDestroyingTheFrameAfterwards) {
+    EXPECT_EQ(Show({[this] {
+                  driver.Press(IDOK);
+                  driver.Frame().DestroyWindow();
+              }}),
+              IDOK);
 }
 
 TEST_F(RudeHost, MayThrowInAnyCall) {

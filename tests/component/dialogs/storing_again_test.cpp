@@ -45,7 +45,7 @@ protected:
             if (call.operation != SessionOperation::WriteData) return S_OK;
             host.session->SetFault({});
             act();
-            EXPECT_NE(qv::LiveLayouts().size(), 0U) << "the dialog is gone";
+            EXPECT_EQ(driver.Shown(L"common/count"), L"7") << "gone, or put back to its default";
             return S_OK;
         });
     }
@@ -93,28 +93,56 @@ TEST_F(StoringAgain, ApplyIsCarriedOutOnceAndTheDialogStays) {
     }
 }
 
+// The message stands there while it is pressed.
 TEST_F(StoringAgain, AnswersWhileAnInputIsRefusedAreNoSecondOk) {
+    // Refused as it was stored: nobody has changed anything.
+    host.DefineItem(L"common/folder", {{L"type", L"7"}, {L"pagenumber", L"1"}, {L"checkpath", L"1"}});
+    host.session->Put(SDT_userData, L"common", L"folder", L"?:\\none");
     for (const Press& each : Presses()) {
         SCOPED_TRACE(each.name);
         int boxes = 0;
         qv::MessageBoxSink before;
-        EXPECT_EQ(Show({
-                      [this] { driver.Type(L"common/count", L"11"); },
-                      [&] {
-                          before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall&) {
-                              if (++boxes == 1) each.act();
-                              return IDOK;
-                          });
-                          driver.Press(IDOK);
-                      },
-                      [&] {
-                          qv::SetMessageBoxSink(before);
-                          EXPECT_EQ(boxes, 1);
-                          EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
-                          driver.Press(IDCANCEL);
-                      },
-                  }),
-                  IDCANCEL);
+        const auto pressOk = [&] {
+            boxes = 0;
+            before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall&) {
+                if (++boxes == 1) each.act();
+                return IDOK;
+            });
+            driver.Press(IDOK);
+        };
+        const auto lookAndCancel = [&] {
+            qv::SetMessageBoxSink(before);
+            EXPECT_EQ(boxes, 1);
+            EXPECT_EQ(driver.Shown(L"common/count"), L"7");
+            EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            driver.Press(IDCANCEL);
+        };
+        EXPECT_EQ(Show({pressOk, lookAndCancel}), IDCANCEL);
+
+        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
+                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XDynDialog free(model, nullptr);
+        EXPECT_EQ(driver.Run([&] { return static_cast<int>(free.DoModal()); }, {pressOk, lookAndCancel}), IDCANCEL);
+    }
+}
+
+TEST_F(StoringAgain, OkOfAModelessFrameDestroysItWhenItIsDone) {
+    for (const Press& each : Presses()) {
+        SCOPED_TRACE(each.name);
+        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
+                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
+                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XDynDialogScroll frame(L"Test settings", model, false, nullptr);
+        ASSERT_TRUE(frame.Create(IDD_SETTINGS_FRAME, nullptr));
+        frame.ShowWindow(SW_SHOW);
+        PumpPending();
+        HoldUpWriting(each.act);
+        driver.Press(IDOK);
+        EXPECT_FALSE(frame.IsLive());
+        EXPECT_TRUE(qv::LiveLayouts().empty());
+        ExpectStoredOnce();
     }
 }
 
@@ -142,13 +170,8 @@ TEST_F(StoringAgain, OkOfAModelessDialogDestroysItWhenItIsDone) {
         ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
         dialog.ShowWindow(SW_SHOW);
         PumpPending();
-        bool wasLive = false;
-        HoldUpWriting([&] {
-            each.act();
-            wasLive = dialog.IsLive();
-        });
+        HoldUpWriting(each.act);
         driver.Press(IDOK);
-        EXPECT_TRUE(wasLive);
         EXPECT_FALSE(dialog.IsLive());
         ExpectStoredOnce();
     }
