@@ -35,7 +35,7 @@ std::wstring FromAnsi(std::string_view bytes) {
 char BestFit(wchar_t unit) {
     const auto code = static_cast<std::uint32_t>(unit);
     const auto from = [code](std::uint32_t first, char fit) { return static_cast<char>(fit + (code - first)); };
-    if (code == 0x2070 || (code >= 0x2074 && code <= 0x2079)) return from(0x2070, '0');
+    if (code == 0x2070 || (code >= 0x2074 && code <= 0x2078)) return from(0x2070, '0');
     if (code >= 0x2080 && code <= 0x2089) return from(0x2080, '0');
     if (code == 0x3000) return ' ';
     if (code >= 0xFF01 && code <= 0xFF5E) return from(0xFF01, '!');
