@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "framework/com.h"
 #include "qvclient/qvsettingsdialog/controls/component_module.h"
@@ -63,12 +64,15 @@ private:
             if (behaviour.replaces) {
                 SysFreeString(*value);
                 *value = behaviour.text ? SysAllocString(behaviour.text->c_str()) : nullptr;
+                // What a failed call leaves is nobody's but its own.
+                if (FAILED(behaviour.status)) m_leftBehind.push_back(qv::Bstr::Adopt(*value));
             }
         }
         return behaviour.status;
     }
 
     bool m_hasInterface;
+    std::vector<qv::Bstr> m_leftBehind;
 };
 
 class FakeHost : public ITPFHost {
