@@ -30,15 +30,31 @@ std::wstring FromAnsi(std::string_view bytes) {
     return text;
 }
 
-// The character of the code page that stands for one which it does not have, where the platform knows a likeness: the
-// digits above and below the line, and the full-width forms of East Asian texts. 0 when there is none.
+// Characters in a row that the code page does not have, and the first of those in a row, or the one, that the platform
+// takes for them. Of its likenesses only those that numbers can be written with, and the full-width forms.
+struct Likeness {
+    std::uint32_t first;
+    std::uint32_t last;
+    char fit;
+    bool isRow;
+};
+constexpr Likeness kLikenesses[] = {
+    {0x2000, 0x2006, ' ', false},  // blanks of various widths
+    {0x2010, 0x2011, '-', false},  // hyphens
+    {0x2074, 0x2078, '4', true},   // superscript digits, as far as the platform goes
+    {0x2080, 0x2089, '0', true},   // subscript digits
+    {0x2212, 0x2212, '-', false},  // the minus sign
+    {0x3000, 0x3000, ' ', false},  // the blank of East Asian texts
+    {0xFF01, 0xFF5E, '!', true},   // and their full-width forms
+};
+
+// 0 when there is none.
 char BestFit(wchar_t unit) {
     const auto code = static_cast<std::uint32_t>(unit);
-    const auto from = [code](std::uint32_t first, char fit) { return static_cast<char>(fit + (code - first)); };
-    if (code == 0x2070 || (code >= 0x2074 && code <= 0x2078)) return from(0x2070, '0');
-    if (code >= 0x2080 && code <= 0x2089) return from(0x2080, '0');
-    if (code == 0x3000) return ' ';
-    if (code >= 0xFF01 && code <= 0xFF5E) return from(0xFF01, '!');
+    for (const Likeness& row : kLikenesses) {
+        if (code < row.first || code > row.last) continue;
+        return static_cast<char>(row.isRow ? row.fit + static_cast<int>(code - row.first) : row.fit);
+    }
     return 0;
 }
 

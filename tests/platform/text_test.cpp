@@ -129,7 +129,8 @@ TEST(TextEncoding, TakesLikenessesForFullWidthForms) {
     BOOL replaced = TRUE;
     EXPECT_EQ("-12 Az~!", narrow(L"\uFF0D\uFF11\uFF12\u3000\uFF21\uFF5A\uFF5E\uFF01", 0, &replaced));
     EXPECT_FALSE(replaced);
-    EXPECT_EQ("478 059", narrow(L"\u2074\u2077\u2078\u3000\u2080\u2085\u2089", 0, nullptr));
+    EXPECT_EQ("478?059", narrow(L"\u2074\u2077\u2078\u2079\u2080\u2085\u2089", 0, nullptr));
+    EXPECT_EQ("- - 1", narrow(L"\u2212\u2003\u2010\u2000\uFF11", 0, nullptr));
     EXPECT_EQ("?", narrow(L"\uFF11", WC_NO_BEST_FIT_CHARS, &replaced));
     EXPECT_TRUE(replaced);
     EXPECT_EQ("?", narrow(L"\u0416", 0, &replaced));
