@@ -75,7 +75,7 @@ std::vector<XLayout::ColumnReference> XLayout::GetReferenceList() const {
     std::vector<ColumnReference> references;
     references.reserve(m_rows.size());
     for (const auto& row : m_rows)
-        references.push_back({row->column.name, row->GetText(), row->IsExcluded()});
+        references.push_back({row->column, row->column.name, row->GetText(), row->IsExcluded()});
     return references;
 }
 

@@ -1,14 +1,15 @@
-// The rows and groups that callers hand to a layout.
-#include <utility>
+#include "host/libraries/layout_rows.h"
 
-#include "host/libraries/layout.h"
+namespace qv {
+
+LayoutRows::Column::Column(std::wstring rowName) : name(std::move(rowName)) {}
 
 // The unnamed arguments belong to features of the host's other dialogs, which pages of this kind do not use.
-XLayout::Column::Column(CWnd* parentWindow, std::wstring rowName, std::wstring promptText, std::wstring valueText,
-                        int orderNumber, bool, bool isDisabled, int dataTypeCode, int controlTypeCode,
-                        int resizeModeCode, CWnd* companion, int lowerInteger, int upperInteger, double lowerDouble,
-                        double upperDouble, int digitCount, int decimalPlaces, int, std::wstring, bool, void*, bool,
-                        int, int, int, std::wstring, std::wstring, std::wstring)
+LayoutRows::Column::Column(CWnd* parentWindow, std::wstring rowName, std::wstring promptText, std::wstring valueText,
+                           int orderNumber, bool, bool isDisabled, int dataTypeCode, int controlTypeCode,
+                           int resizeModeCode, CWnd* companion, int lowerInteger, int upperInteger, double lowerDouble,
+                           double upperDouble, int digitCount, int decimalPlaces, int, std::wstring, bool, void*, bool,
+                           int, int, int, std::wstring, std::wstring, std::wstring)
     : parent(parentWindow),
       control(companion),
       name(std::move(rowName)),
@@ -26,20 +27,22 @@ XLayout::Column::Column(CWnd* parentWindow, std::wstring rowName, std::wstring p
       limit(digitCount),
       decimals(decimalPlaces) {}
 
-void XLayout::Column::SetColumnItemList(std::vector<ColumnItem> list) {
+void LayoutRows::Column::SetColumnItemList(std::vector<ColumnItem> list) {
     items = std::move(list);
 }
 
-void XLayout::Column::SetControlWidth(int minimum, int maximum) {
+void LayoutRows::Column::SetControlWidth(int minimum, int maximum) {
     minWidth = minimum;
     maxWidth = maximum;
 }
 
-void XLayout::Column::SetControlHeight(int minimum, int maximum) {
+void LayoutRows::Column::SetControlHeight(int minimum, int maximum) {
     minHeight = minimum;
     maxHeight = maximum;
 }
 
-XLayout::Group::Group(CWnd* parentWindow, int groupNumber, std::wstring titleText, bool, CWnd*,
-                      std::vector<std::unique_ptr<Column>> rows, std::wstring, bool, bool)
+LayoutRows::Group::Group(CWnd* parentWindow, int groupNumber, std::wstring titleText, bool, CWnd*,
+                         std::vector<std::unique_ptr<Column>> rows, std::wstring, bool, bool)
     : parent(parentWindow), number(groupNumber), title(std::move(titleText)), columns(std::move(rows)) {}
+
+}  // namespace qv

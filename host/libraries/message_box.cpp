@@ -61,6 +61,10 @@ int CoErrorBox(HWND owner, std::wstring_view caption, std::wstring_view text, UI
     return Show({Kind::Error, owner, std::wstring(caption), std::wstring(text), flags});
 }
 
+int CoActiveInfoBox(std::wstring_view caption, std::wstring_view text) {
+    return CoInfoBox(::GetActiveWindow(), caption, text, 0);
+}
+
 int CoPlainBox(std::wstring_view text) {
     return Show({Kind::Plain, ::GetActiveWindow(), ProgramName(), std::wstring(text), MB_OK});
 }

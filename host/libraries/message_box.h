@@ -11,6 +11,8 @@
 // owner: null for none. flags: additional platform flags, 0 for a plain OK box. Returns the button's id (IDOK ...).
 int CoInfoBox(HWND owner, std::wstring_view caption, std::wstring_view text, UINT flags);
 int CoErrorBox(HWND owner, std::wstring_view caption, std::wstring_view text, UINT flags);
+// An information box with an OK button, owned by the caller's active window.
+int CoActiveInfoBox(std::wstring_view caption, std::wstring_view text);
 // A plain box with an OK button, owned by the caller's active window, captioned with the program's name.
 int CoPlainBox(std::wstring_view text);
 

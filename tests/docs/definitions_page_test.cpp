@@ -3,7 +3,9 @@
 
 #include "framework/text.h"
 #include "host/services/data_files.h"
-#include "tests/component/model/page_fixture.h"
+#include "qvclient/qvsettingsdialog/dialogs/dyn_property_page.h"
+#include "tests/component/component_in_program.h"
+#include "tests/component/model/model_fixture.h"
 #include "tests/docs/example_page.h"
 #include "tests/host/temporary_folder.h"
 
@@ -22,6 +24,8 @@ class DefinitionsPage : public ModelTest, public ::testing::WithParamInterface<P
 protected:
     ~DefinitionsPage() override {
         m_pages.clear();
+        m_sheet.DestroyWindow();
+        m_top.DestroyWindow();
         qv::SetUnitDatabase(nullptr);
     }
 
@@ -45,8 +49,16 @@ protected:
         qv::SetUnitDatabase(std::move(units));
         m_rights->Refuse(L"Change settings/Global data");
         ASSERT_TRUE(Model().HasSettings());
-        for (const auto& [number, record] : Items())
-            m_pages.emplace(number, std::make_unique<ShownPage>(*record));
+        m_top.CreateEx(0, nullptr, L"Top", WS_OVERLAPPEDWINDOW, RECT{0, 0, 600, 400}, nullptr, 0);
+        UINT index = 0;
+        for (const auto& [number, record] : Items()) {
+            auto page = std::make_unique<XDynPropertyPage>(*record, L"Page", index++, m_sheet);
+            m_sheet.AddPage(page.get());
+            m_pages.emplace(number, std::move(page));
+        }
+        ASSERT_TRUE(m_sheet.Create(&m_top, WS_CHILD));
+        for (int i = 0; i < m_sheet.GetPageCount(); ++i)
+            m_sheet.SetActivePage(i);  // which makes its windows
     }
 
     std::int32_t PageOf(const std::wstring& itemKey) {
@@ -68,7 +80,10 @@ protected:
                 if (control->GetStorageKey(key, name) && key + L"/" + name == itemKey) return control->GetValue();
             }
         }
-        return m_pages.at(page)->Shown(itemKey);
+        for (const auto& row : m_pages.at(page)->GetLayout().GetReferenceList()) {
+            if (row.name == itemKey) return row.text;
+        }
+        return L"(no such row)";
     }
     std::wstring AfterDefault(const std::wstring& itemKey) {
         const std::int32_t page = PageOf(itemKey);
@@ -81,9 +96,10 @@ protected:
         if (page < 0) return L"(not shown)";
         const std::wstring before = Shown(itemKey);
         const std::size_t boxes = m_boxes.size();
-        m_pages.at(page)->Enter(itemKey, text);
+        XLayout& layout = m_pages.at(page)->GetLayout();
+        layout.UpdateControl(itemKey, text, nullptr, {});
         const bool accepted = Model().ValidateInputs(*m_pages.at(page), *Page(page));
-        m_pages.at(page)->Enter(itemKey, before);
+        layout.UpdateControl(itemKey, before, nullptr, {});
         if (accepted || m_boxes.size() != boxes + 1) return L"(accepted)";
         const std::wstring said = OnOneLine(m_boxes.back().text);
         m_boxes.pop_back();
@@ -106,7 +122,10 @@ protected:
     }
 
     TemporaryFolder m_folder;
-    std::map<std::int32_t, std::unique_ptr<ShownPage>> m_pages;
+    ComponentInProgram m_component;
+    CWnd m_top;
+    CPropertySheet m_sheet{L"", &m_top, 0};
+    std::map<std::int32_t, std::unique_ptr<XDynPropertyPage>> m_pages;
 };
 
 TEST_P(DefinitionsPage, ExampleDoesWhatThePageSays) {

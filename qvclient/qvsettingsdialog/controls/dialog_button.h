@@ -33,6 +33,7 @@ class XDialogButton : public CButton, public SpecialControl {
     void SetCaption(std::wstring_view label);
     bool CreateOnPage(CWnd& page, UINT id) override;
     CWnd& Window() override { return *this; }
+    bool HasWindow() const override { return GetSafeHwnd() != nullptr; }
 
     const MessageMap* GetMessageMap() const override;
     static const MessageMap* GetThisMessageMap();

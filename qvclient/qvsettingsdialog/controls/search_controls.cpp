@@ -84,7 +84,7 @@ bool DynSearchCtrl<ChooserBase>::ValidateValue() {
 
 template <class ChooserBase>
 void DynSearchCtrl<ChooserBase>::ShowMessage(std::wstring_view text) const {
-    CoInfoBox(::GetActiveWindow(), m_label, text, 0);
+    CoActiveInfoBox(m_label, text);
 }
 
 template <class ChooserBase>

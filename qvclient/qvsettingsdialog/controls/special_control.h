@@ -1,23 +1,26 @@
 // SpecialControl: what every control that owns its value offers to the model and the page, whichever kind it is.
-// SpecialControlState keeps the part that all kinds share.
+// SpecialControlBase keeps the part that all kinds share.
 #pragma once
 
+#include <cstddef>
 #include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "framework/wnd.h"
+#include "platform/platform.h"
+
+class CWnd;
 
 // Kinds 0 to 2 are not special. The numbers are fixed.
-enum class SpecialControlKind : int {
-    CheckedList = 3,
-    Password = 4,
-    Path = 5,
-    Colour = 6,
-    File = 7,
-    Button = 8,
-};
+enum class SpecialControlKind : int { CheckedList = 3, Password = 4, Path = 5, Colour = 6, File = 7, Button = 8, End };
+inline constexpr auto kFirstSpecialControlKind = SpecialControlKind::CheckedList;
+inline constexpr std::size_t kSpecialControlKinds =
+    static_cast<std::size_t>(SpecialControlKind::End) - static_cast<std::size_t>(kFirstSpecialControlKind);
+// From 0, for tables by kind.
+[[nodiscard]] constexpr std::size_t IndexOf(SpecialControlKind kind) noexcept {
+    return static_cast<std::size_t>(kind) - static_cast<std::size_t>(kFirstSpecialControlKind);
+}
 
 // Rows of the page layout in which a control stands: (row index, group index), both from 0.
 using LayoutCells = std::set<std::pair<int, int>>;
@@ -31,6 +34,8 @@ public:
     virtual bool CreateOnPage(CWnd& page, UINT id) = 0;
     // The control as a window object, attached or not.
     [[nodiscard]] virtual CWnd& Window() = 0;
+    // Whether it has a window. One that could not be created, or is gone, shows nothing that the user could have meant.
+    [[nodiscard]] virtual bool HasWindow() const = 0;
 
     virtual void ShowInitValue() = 0;  // once, after CreateOnPage
     virtual void ShowDefaultValue() = 0;
@@ -63,6 +68,7 @@ public:
     using WindowBase::WindowBase;
 
     [[nodiscard]] CWnd& Window() final { return *this; }
+    [[nodiscard]] bool HasWindow() const final { return this->GetSafeHwnd() != nullptr; }
     void SetReadOnly(bool readOnly) override { m_readOnly = readOnly; }
     [[nodiscard]] bool IsReadOnly() const override { return m_readOnly; }
     void ClearHasDefault() override { m_hasDefault = false; }

@@ -137,7 +137,8 @@ void XDynDialog::MeasureButtons() {
 
 bool XDynDialog::CreateSheet(std::wstring_view caption) {
     m_sheet = std::make_unique<XDynPropertySheet>(caption, m_constructionSet, this, 0);
-    if (!IsLive() || !m_sheet->Create(this, WS_CHILD | WS_VISIBLE | WS_TABSTOP) || !m_sheet->HasPages()) return false;
+    if (!IsLive() || !m_sheet->Create(this, WS_CHILD | WS_VISIBLE | WS_TABSTOP) || m_sheet->AreAllPagesRefused())
+        return false;
     m_sheet->ModifyStyleEx(0, WS_EX_CONTROLPARENT);  // Tab passes into the pages
     return IsLive() && m_sheet->IsLive();
 }

@@ -1,6 +1,7 @@
 #include "qvclient/qvsettingsdialog/dialogs/dyn_property_page.h"
 
 #include "framework/check_list_box.h"
+#include "host/libraries/message_box.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
@@ -51,8 +52,38 @@ const MessageMap* XDynPropertyPage::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
-void XDynPropertyPage::MakeActivePage() {
+CWnd* XDynPropertyPage::Owner() const {
+    const CWnd* sheet = GetParent();
+    return sheet != nullptr ? sheet->GetParent() : nullptr;
+}
+
+bool XDynPropertyPage::RefuseInput(const XLayout::Column& row, std::wstring_view reason) {
+    CWnd* control = m_layout.GetColumnControl(row.name);
+    if (control == nullptr) return false;
     m_sheet.SetActivePage(this);
+    const CWnd* prompt = m_layout.GetColumnPrompt(row.name);
+    const std::wstring caption = prompt != nullptr ? prompt->GetWindowText() : std::wstring();
+    const CWnd* owner = Owner();
+    if (owner == nullptr) return true;
+    CoInfoBox(owner->m_hWnd, caption, reason, 0);
+    if (!control->IsLive()) return true;  // the dialog went while the message stood there
+    m_sheet.SetFocus();
+    control->SendMessage(EM_SETSEL, 0, -1);
+    control->SetFocus();
+    return true;
+}
+
+void XDynPropertyPage::RefuseInput(SpecialControl& control) {
+    CWnd& window = control.Window();
+    if (!window.IsLive()) return;  // the dialog went while the reason stood there
+    m_sheet.SetActivePage(this);
+    m_sheet.SetFocus();
+    window.SetFocus();
+    if (auto* chooser = dynamic_cast<ValidatedControl*>(&control)) chooser->SelectDataInEditCtrl();
+}
+
+void XDynPropertyPage::ReportFailedSave(std::wstring_view text) {
+    if (const CWnd* owner = Owner()) CoErrorBox(owner->m_hWnd, L"Store Settings", text, 0);
 }
 
 void XDynPropertyPage::DoDataExchange(CDataExchange& exchange) {

@@ -16,9 +16,11 @@ class XDynPropertyPage : public CPropertyPage, public SettingsPage {
     XDynPropertyPage(PageRecord& record, std::wstring title, UINT pageIndex, CPropertySheet& sheet);
     ~XDynPropertyPage() override;
 
+    [[nodiscard]] bool IsThere() const override { return IsLive(); }
     [[nodiscard]] XLayout& GetLayout() override { return m_layout; }
-    [[nodiscard]] CWnd& PageWindow() override { return *this; }
-    void MakeActivePage() override;
+    [[nodiscard]] bool RefuseInput(const XLayout::Column& row, std::wstring_view reason) override;
+    void RefuseInput(SpecialControl& control) override;
+    void ReportFailedSave(std::wstring_view text) override;
 
     // Pixels the layout needs, without the page's margins; 0 before the page's window exists.
     [[nodiscard]] int GetMinWidth() const { return m_layout.GetMinWidth(); }
@@ -39,6 +41,8 @@ protected:
 private:
     void CreateSpecialControls();
     void ReportChange();
+    // The window around the sheet, above which messages stand; null when there is none.
+    [[nodiscard]] CWnd* Owner() const;
 
     bool m_initialised = false;
     PageRecord& m_record;

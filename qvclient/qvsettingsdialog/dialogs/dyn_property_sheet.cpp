@@ -47,7 +47,10 @@ const MessageMap* XDynPropertySheet::GetMessageMap() const {
 void XDynPropertySheet::BuildPages() {
     std::list<PageEntry> entries;
     if (!m_constructionSet.LoadPages(entries)) return;
-    if (!m_constructionSet.LoadItems(m_items, m_parentDialog)) return;
+    // Nobody is left to see what is loaded once the dialog's window is gone.
+    const bool isForWindow = m_parentDialog != nullptr && m_parentDialog->IsLive();
+    const auto goesOn = [&] { return !isForWindow || m_parentDialog->IsLive(); };
+    if (!m_constructionSet.LoadItems(m_items, goesOn)) return;
 
     UINT index = 0;
     std::size_t previousLength = 0;
@@ -186,9 +189,9 @@ void XDynPropertySheet::ResetModifiedNotice() {
     m_modifiedNotified = false;
 }
 
-bool XDynPropertySheet::HasPages() const {
-    return m_pages.empty() ||
-           std::any_of(m_pages.begin(), m_pages.end(), [](const auto& entry) { return entry.second->IsLive(); });
+bool XDynPropertySheet::AreAllPagesRefused() const {
+    return !m_pages.empty() &&
+           std::none_of(m_pages.begin(), m_pages.end(), [](const auto& entry) { return entry.second->IsLive(); });
 }
 
 bool XDynPropertySheet::ValidateAndStore() {

@@ -24,8 +24,8 @@ class XDynPropertySheet : public CPropertySheet {
     [[nodiscard]] int GetRequiredWidth();
     [[nodiscard]] int GetRequiredHeight();
 
-    // False when there are pages to show and the platform refused the windows of all of them.
-    [[nodiscard]] bool HasPages() const;
+    // There are pages to show and the platform refused the windows of all of them.
+    [[nodiscard]] bool AreAllPagesRefused() const;
 
     // Validates every page and, only when all pass, stores every page. False at the first page that fails or whose
     // window goes meanwhile: what is stored by then stays stored.

@@ -2,23 +2,9 @@
 
 #include "framework/text.h"
 #include "host/libraries/translation.h"
-#include "qvclient/qvsettingsdialog/model/settings_path.h"
+#include "qvclient/qvsettingsdialog/model/item_types.h"
 
 namespace {
-
-struct ScopeRow {
-    SESSIONDATATYPE scope;
-    std::wstring_view right;
-};
-constexpr ScopeRow kScopeTable[] = {
-    {SDT_userData, L"Change settings/User data"},
-    {SDT_machineData, L"Change settings/Machine data"},
-    {SDT_userDataDB, L"Change settings/User DB data"},
-    {SDT_globalData, L"Change settings/Global data"},
-};
-
-constexpr std::int32_t kFirstButtonType = 10;
-constexpr std::int32_t kLastButtonType = 13;
 
 constexpr LONG kDirectChildren = 0;
 constexpr LONG kDefinitions = 1;
@@ -40,28 +26,18 @@ qv::Received<qv::StringBlock> EnumeratePairs(ISessionDataManager& manager, BSTR 
                               [&](ULONG* count, BSTR** pairs) { return manager.EnumValues(key, count, pairs, scope); });
 }
 
-// The right names of the table above, made once: an item asks for one of them.
-template <std::size_t N>
-std::array<qv::Bstr, N> MakeRightNames() {
-    static_assert(N == std::size(kScopeTable));
-    std::array<qv::Bstr, N> names;
-    for (std::size_t code = 0; code < N; ++code)
-        names[code] = qv::Bstr(kScopeTable[code].right);
-    return names;
-}
-
 }  // namespace
 
 XConstructionSet::XConstructionSet(std::wstring optionKey, std::int32_t controlPath, IQVSettingsDialogDataIO* dataIO,
-                                   qv::ComPtr<ISessionDataManager> sessionData, qv::ComPtr<IMultiUserManager> multiUser)
-    : m_optionKey(std::move(optionKey)),
-      m_rightNames(MakeRightNames<kScopeCodes>()),
+                                   qv::ComPtr<ISessionDataManager> sessionData, qv::ComPtr<IMultiUserManager> multiUser,
+                                   qv::ControlFactory makeControl)
+    : ItemSource(std::move(multiUser)),
+      m_optionKey(std::move(optionKey)),
       m_controlPath(static_cast<SESSIONDATATYPE>(controlPath)),
       m_sessionData(std::move(sessionData)),
-      m_multiUser(std::move(multiUser)),
-      m_dataIO(dataIO) {
+      m_makeControl(makeControl) {
     // deliberate: the answers are discarded; hosts prepare the rights here, and every item asks again for its own.
-    for (std::int32_t code = 0; code < static_cast<std::int32_t>(kScopeCodes); ++code)
+    for (std::int32_t code = 0; code < kScopeCodes; ++code)
         (void)IsGroupGranted(code);
 
     // deliberate: the user data are asked for even when the first scope could not be loaded.
@@ -70,10 +46,20 @@ XConstructionSet::XConstructionSet(std::wstring optionKey, std::int32_t controlP
     for (const SESSIONDATATYPE scope : {m_controlPath, SDT_userData}) {
         if (manager->LoadData(scope) != S_OK) m_sessionData.Reset();
     }
+    // Without session data the caller's own store is not asked either.
+    if (!m_sessionData) return;
+    if (dataIO != nullptr) {
+        m_values =
+            std::make_unique<qv::HostValueStore<IQVSettingsDialogDataIO, &IQVSettingsDialogDataIO::GetData>>(*dataIO);
+    } else {
+        m_values = std::make_unique<qv::HostValueStore<ISessionDataManager, &ISessionDataManager::ReadData>>(
+            *m_sessionData.Get());
+    }
 }
 
 XConstructionSet::~XConstructionSet() {
     m_pages.clear();
+    m_values.reset();
     m_sessionData.Reset();
     m_multiUser.Reset();
 }
@@ -111,9 +97,8 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     return true;
 }
 
-bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, const CWnd* dialog) {
+bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, const std::function<bool()>& goesOn) {
     if (!m_sessionData) return false;
-    const bool isForWindow = dialog != nullptr && dialog->IsLive();
     const qv::StringBlock names = EnumerateNames(*m_sessionData.Get(), m_optionKey, kDefinitions, m_controlPath);
     if (names.Count() == 0) return false;
 
@@ -128,67 +113,28 @@ bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, con
         if (attributes.Empty()) return false;
         for (const Attribute& attribute : attributes) {
             if (attribute.name != L"type") continue;  // as it stands: a blank makes it another name
-            DrawItem({name, SysStringLen(name)}, qv::LeadingInteger(attribute.text), attributes);
+            DrawItem(qv::LeadingInteger(attribute.text), {name, SysStringLen(name)}, attributes);
         }
-        if (isForWindow && !dialog->IsLive()) return false;
+        if (goesOn && !goesOn()) return false;
     }
     for (const auto& [number, record] : m_pages)
         items[number] = record.get();
     return true;
 }
 
-void XConstructionSet::DrawItem(std::wstring_view name, std::int32_t typeCode, const AttributeMap& attributes) {
-    using Loader = void (XConstructionSet::*)(std::wstring_view, const AttributeMap&);
-    struct LoaderRow {
-        std::int32_t typeCode;
-        Loader loader;
-    };
-    static constexpr LoaderRow kLoaders[] = {
-        {0, &XConstructionSet::DrawCheckBox},      {1, &XConstructionSet::DrawIntegerEdit},
-        {2, &XConstructionSet::DrawDoubleEdit},    {3, &XConstructionSet::DrawStringEdit},
-        {4, &XConstructionSet::DrawListComboBox},  {5, &XConstructionSet::DrawCheckedListBox},
-        {6, &XConstructionSet::DrawPasswordEdit},  {7, &XConstructionSet::DrawPathCtrl},
-        {8, &XConstructionSet::DrawColorButton},   {9, &XConstructionSet::DrawFileCtrl},
-        {14, &XConstructionSet::DrawUnitComboBox},
-    };
-    for (const LoaderRow& row : kLoaders) {
-        if (row.typeCode == typeCode) return (this->*row.loader)(name, attributes);
-    }
-    // Four variants of one item; the button tells them apart.
-    if (typeCode >= kFirstButtonType && typeCode <= kLastButtonType) DrawDialogButton(name, attributes, typeCode);
-}
+void XConstructionSet::DrawItem(std::int32_t typeCode, std::wstring_view name, const AttributeMap& attributes) {
+    const qv::ItemType* type = qv::FindItemType(typeCode);
+    if (type == nullptr) return;
+    qv::LoadedItem item;
+    if (!type->load({.source = *this, .name = name, .attributes = attributes, .type = *type}, item)) return;
 
-bool XConstructionSet::HasRight(std::wstring_view rightName) {
-    const qv::Bstr name(rightName);
-    return m_multiUser && m_multiUser->CheckRight(name.Get()) == S_OK;
-}
-
-std::optional<bool> XConstructionSet::IsGroupGranted(std::int32_t scopeCode) {
-    if (scopeCode < 0 || scopeCode >= static_cast<std::int32_t>(kScopeCodes)) return std::nullopt;
-    return m_multiUser && m_multiUser->CheckRight(m_rightNames[static_cast<std::size_t>(scopeCode)].Get()) == S_OK;
-}
-
-std::optional<SESSIONDATATYPE> XConstructionSet::FindScope(std::int32_t scopeCode) {
-    if (scopeCode < 0 || scopeCode >= static_cast<std::int32_t>(kScopeCodes)) return std::nullopt;
-    return kScopeTable[scopeCode].scope;
-}
-
-std::wstring XConstructionSet::MakeItemKey(std::wstring_view definitionName) {
-    const auto parts = qv::SplitPath(definitionName);
-    if (!parts) return {};
-    // Both parts are views into the name, with just the separator between them.
-    return std::wstring(parts->key.data(), parts->key.size() + 1 + parts->name.size());
-}
-
-PageRecord& XConstructionSet::PageOf(std::int32_t pageNumber) {
-    auto& record = m_pages[pageNumber];
+    // A control may have something to say about its value; its page is there once that is done.
+    std::unique_ptr<SpecialControl> control = item.control ? m_makeControl(*std::move(item.control)) : nullptr;
+    auto& record = m_pages[item.page];
     if (!record) record = std::make_unique<PageRecord>();
-    return *record;
-}
-
-void XConstructionSet::AddPlainRow(std::unique_ptr<XLayout::Column> row, ItemDraft& draft,
-                                   std::optional<RangePair> range) {
-    ItemFacts facts{.scope = draft.scope, .range = range, .defaultText = {}};
-    if (draft.hasDefault) facts.defaultText = std::move(draft.defaultText);
-    PageOf(draft.page).AddItem(std::move(row), std::move(facts));
+    if (control != nullptr) {
+        record->AddItem(std::move(item.row), std::move(item.facts), type->kind.value(), std::move(control));
+    } else {
+        record->AddItem(std::move(item.row), std::move(item.facts));
+    }
 }

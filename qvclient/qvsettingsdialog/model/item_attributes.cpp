@@ -6,12 +6,7 @@
 
 namespace {
 
-struct NameRow {
-    std::wstring_view name;
-    AttributeName attribute;
-};
-
-constexpr NameRow kNames[] = {
+constexpr AttributeNameRow kNames[] = {
     {L"label", AttributeName::Label},
     {L"default", AttributeName::Default},
     {L"ordernumber", AttributeName::OrderNumber},
@@ -36,15 +31,19 @@ bool IsLowerAscii(std::wstring_view name) {
 
 }  // namespace
 
+std::span<const AttributeNameRow> AttributeNames() noexcept {
+    return kNames;
+}
+
 AttributeName FindAttributeName(std::wstring_view lowerName) noexcept {
     if (lowerName.empty()) return AttributeName::Other;
-    for (const NameRow& row : kNames) {
+    for (const AttributeNameRow& row : kNames) {
         // Length and first character tell all but equal names apart; the whole comparison is for the one that is left.
         if (row.name.size() == lowerName.size() && row.name[0] == lowerName[0] && row.name == lowerName) {
             return row.attribute;
         }
     }
-    return AttributeName::Other;
+    return lowerName.find(L"value") != std::wstring_view::npos ? AttributeName::ListEntry : AttributeName::Other;
 }
 
 void AttributeMap::Assign(const qv::StringBlock& pairs) {
@@ -80,8 +79,12 @@ std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes) {
     return found;
 }
 
-bool IsListEntry(std::wstring_view lowerName) noexcept {
-    return lowerName.find(L"value") != std::wstring_view::npos;
+void TakeDefaultFirst(const AttributeMap& attributes, ItemDraft& draft) {
+    const auto text = FindDefault(attributes);
+    if (!text) return;
+    draft.defaultText = *text;
+    draft.value = *text;
+    draft.hasDefault = true;
 }
 
 std::optional<ListEntry> SplitListEntry(std::wstring_view entry) {

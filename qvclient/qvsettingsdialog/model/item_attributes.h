@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,8 +27,33 @@ enum class AttributeName {
     MaxStringLength,
     UnitCategory,
     CheckPath,
+    ListEntry,  // any other name with "value" in it
 };
 
+// A set of attributes.
+class AttributeSet {
+public:
+    constexpr AttributeSet(std::initializer_list<AttributeName> names) noexcept {
+        for (const AttributeName name : names)
+            m_bits |= Bit(name);
+    }
+    [[nodiscard]] constexpr bool Has(AttributeName name) const noexcept { return (m_bits & Bit(name)) != 0; }
+    [[nodiscard]] friend constexpr AttributeSet operator|(AttributeSet a, AttributeSet b) noexcept {
+        a.m_bits |= b.m_bits;
+        return a;
+    }
+
+private:
+    static constexpr std::uint32_t Bit(AttributeName name) noexcept { return 1U << static_cast<unsigned>(name); }
+    std::uint32_t m_bits = 0;
+};
+
+// The attributes that have one name; entries have any number.
+struct AttributeNameRow {
+    std::wstring_view name;  // lower case
+    AttributeName attribute;
+};
+[[nodiscard]] std::span<const AttributeNameRow> AttributeNames() noexcept;
 // The attribute that a lower-case name stands for.
 [[nodiscard]] AttributeName FindAttributeName(std::wstring_view lowerName) noexcept;
 
@@ -65,9 +92,8 @@ struct ItemDraft {
 
 // The first walk of the kinds that must know their default before their entries: its text, trimmed, when there is one.
 [[nodiscard]] std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes);
-
-// Any attribute with "value" in its lower-case name is an entry of its list.
-[[nodiscard]] bool IsListEntry(std::wstring_view lowerName) noexcept;
+// Begins a draft with it.
+void TakeDefaultFirst(const AttributeMap& attributes, ItemDraft& draft);
 
 // "data|text" of a choice. A text without "|" has empty data; one that begins with it is no entry.
 struct ListEntry {

@@ -4,10 +4,10 @@
 
 #include "framework/text.h"
 #include "host/libraries/translation.h"
-#include "qvclient/qvsettingsdialog/model/construction_set.h"
+#include "qvclient/qvsettingsdialog/model/item_source.h"
+#include "qvclient/qvsettingsdialog/model/item_types.h"
 
-// Whether blanks around attribute names and texts count.
-enum class Blanks { Trim, Keep };
+namespace qv {
 
 // What a loader makes of an attribute that the walk shows it.
 enum class Handling {
@@ -16,17 +16,18 @@ enum class Handling {
     Drop,  // the item is not to be created
 };
 
-// Walks the attributes once, in their order. own(attribute, lower-case name, text) is asked first; readValue(scope)
-// reads the stored value into the draft and is false, with the draft unchanged, when there is none. Returns false when
-// the item is dropped; the walk ends there.
+// Walks the attributes that the item's type knows once, in their order. own(attribute, text) is asked first;
+// readValue(scope) reads the stored value into the draft and is false, with the draft unchanged, when there is none.
+// Returns false when the item is dropped; the walk ends there.
 template <class ReadValue, class Own>
-[[nodiscard]] bool WalkAttributes(XConstructionSet& model, const AttributeMap& attributes, Blanks blanks,
-                                  ItemDraft& draft, const ReadValue& readValue, const Own& own) {
-    for (const Attribute& pair : attributes) {
-        const std::wstring_view name = blanks == Blanks::Trim ? qv::TrimView(pair.name) : pair.name;
-        const std::wstring_view text = blanks == Blanks::Trim ? qv::TrimView(pair.text) : pair.text;
-        const AttributeName attribute = FindAttributeName(name);
-        switch (own(attribute, name, text)) {
+[[nodiscard]] bool WalkAttributes(const Definition& definition, ItemDraft& draft, const ReadValue& readValue,
+                                  const Own& own) {
+    const bool trims = definition.type.blanks == Blanks::Trim;
+    for (const Attribute& pair : definition.attributes) {
+        const AttributeName attribute = FindAttributeName(trims ? TrimView(pair.name) : pair.name);
+        if (!definition.type.knows.Has(attribute)) continue;
+        const std::wstring_view text = trims ? TrimView(pair.text) : pair.text;
+        switch (own(attribute, text)) {
             case Handling::Drop:
                 return false;
             case Handling::Done:
@@ -45,16 +46,17 @@ template <class ReadValue, class Own>
                 if (!draft.valueRead) draft.value = draft.defaultText;
                 break;
             case AttributeName::OrderNumber:
-                draft.order = qv::LeadingInteger(text);
+                draft.order = LeadingInteger(text);
                 break;
             case AttributeName::PageNumber:
-                draft.page = qv::LeadingInteger(text);
+                draft.page = LeadingInteger(text);
                 break;
             case AttributeName::FunctionGroup:
-                if (const auto granted = model.IsGroupGranted(qv::LeadingInteger(text))) draft.disabled = !*granted;
+                if (const auto granted = definition.source.IsGroupGranted(LeadingInteger(text)))
+                    draft.disabled = !*granted;
                 break;
             case AttributeName::GlobalData:
-                if (const auto scope = model.FindScope(qv::LeadingInteger(text))) {
+                if (const auto scope = ItemSource::FindScope(LeadingInteger(text))) {
                     draft.scope = *scope;
                     if (readValue(*scope)) draft.valueRead = true;
                 }
@@ -67,16 +69,21 @@ template <class ReadValue, class Own>
 }
 
 // For kinds without attributes of their own.
-inline constexpr auto kNothingOwn = [](AttributeName, std::wstring_view, std::wstring_view) {
-    return Handling::Common;
-};
+inline constexpr auto kNothingOwn = [](AttributeName, std::wstring_view) { return Handling::Common; };
 
 // readValue of the kinds whose stored value is shown as it is.
-[[nodiscard]] inline auto TextReader(XConstructionSet& model, std::wstring_view definitionName, ItemDraft& draft) {
-    return [&model, definitionName, &draft](SESSIONDATATYPE scope) {
+[[nodiscard]] inline auto TextReader(const Definition& definition, ItemDraft& draft) {
+    return [&definition, &draft](SESSIONDATATYPE scope) {
         std::wstring stored;
-        if (!model.ReadString(definitionName, scope, stored)) return false;
+        if (!definition.source.ReadString(definition.name, scope, stored)) return false;
         draft.value = std::move(stored);
         return true;
     };
 }
+
+// Gives the item the row of its type, without a value; takes the draft's label over.
+void FillItem(const Definition& definition, ItemDraft& draft, LoadedItem& item);
+// The same for an item whose value the layout's own control shows, with value and default.
+void FillPlainItem(const Definition& definition, ItemDraft& draft, LoadedItem& item, std::wstring shown);
+
+}  // namespace qv

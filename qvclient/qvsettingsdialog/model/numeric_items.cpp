@@ -5,8 +5,10 @@
 #include <limits>
 
 #include "host/libraries/message_box.h"
-#include "qvclient/qvsettingsdialog/model/item_row.h"
+#include "qvclient/qvsettingsdialog/model/item_loaders.h"
 #include "qvclient/qvsettingsdialog/model/item_walk.h"
+
+namespace qv {
 
 namespace {
 
@@ -19,16 +21,16 @@ constexpr int kRealDecimals = 5;
 
 void CorrectInteger(ItemDraft& draft, std::int32_t lower, std::int32_t upper) {
     const auto outside = [lower, upper](std::wstring_view text) {
-        const std::int64_t number = qv::CodePageInteger(text);
+        const std::int64_t number = CodePageInteger(text);
         return number < lower || number > upper;
     };
     if (!outside(draft.value)) return;
-    CoInfoBox(GetActiveWindow(), draft.label,
-              qv::Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%d, %d]\nDefaultvalue "
-                         L"or Lowerbound will be displayed.",
-                         draft.value, draft.defaultText, lower, upper),
-              0);
-    if (outside(draft.defaultText)) draft.defaultText = qv::IntegerToText(lower);
+    CoActiveInfoBox(
+        draft.label,
+        Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%d, %d]\nDefaultvalue "
+               L"or Lowerbound will be displayed.",
+               draft.value, draft.defaultText, lower, upper));
+    if (outside(draft.defaultText)) draft.defaultText = IntegerToText(lower);
     draft.value = draft.defaultText;
 }
 
@@ -36,74 +38,72 @@ void CorrectReal(ItemDraft& draft, const RangePair& range) {
     const auto outside = [&range](double number) {
         return !CheckLowerBound(range, number) || !CheckUpperBound(range, number);
     };
-    const double value = qv::TextToDouble(draft.value);
+    const double value = TextToDouble(draft.value);
     if (!outside(value)) return;
-    const double defaultNumber = qv::TextToDouble(draft.defaultText);
-    CoInfoBox(
-        GetActiveWindow(), draft.label,
-        qv::Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%g, %g]\nDefaultvalue "
-                   L"will be displayed.",
-                   qv::DoubleToText(value, L"%g"), qv::DoubleToText(defaultNumber, L"%g"), range.first, range.second),
-        0);
+    const double defaultNumber = TextToDouble(draft.defaultText);
+    CoActiveInfoBox(
+        draft.label,
+        Format(L"Data out of range ! \nActValue = %s  DefaultValue = %s\nDefined Range[%g, %g]\nDefaultvalue "
+               L"will be displayed.",
+               DoubleToText(value, L"%g"), DoubleToText(defaultNumber, L"%g"), range.first, range.second));
     // deliberate: a default above the range falls to the lower bound too, not to the upper one.
-    if (outside(defaultNumber)) draft.defaultText = qv::DoubleToText(range.first, L"%g");
+    if (outside(defaultNumber)) draft.defaultText = DoubleToText(range.first, L"%g");
     draft.value = draft.defaultText;
 }
 
 }  // namespace
 
-void XConstructionSet::DrawIntegerEdit(std::wstring_view name, const AttributeMap& attributes) {
+bool LoadIntegerEdit(const Definition& definition, LoadedItem& item) {
     ItemDraft draft;
     std::int32_t lower = IntegerLimits::min();
     std::int32_t upper = IntegerLimits::max();
 
     const auto readValue = [&](SESSIONDATATYPE scope) {
         std::int32_t stored = 0;
-        if (!ReadInteger(name, scope, stored)) return false;
-        draft.value = qv::IntegerToText(stored);
+        if (!definition.source.ReadInteger(definition.name, scope, stored)) return false;
+        draft.value = IntegerToText(stored);
         return true;
     };
-    const auto own = [&](AttributeName attribute, std::wstring_view, std::wstring_view text) {
+    const auto own = [&](AttributeName attribute, std::wstring_view text) {
         switch (attribute) {
             case AttributeName::Default:
                 draft.hasDefault = true;
-                draft.defaultText = qv::FitsInteger(text) ? text : std::wstring_view(L"0");
+                draft.defaultText = FitsInteger(text) ? text : std::wstring_view(L"0");
                 if (!draft.valueRead) draft.value = draft.defaultText;
                 return Handling::Done;
             case AttributeName::UpperBound:
-                upper = qv::IntegerOr(text, IntegerLimits::max());
+                upper = IntegerOr(text, IntegerLimits::max());
                 return Handling::Done;
             case AttributeName::LowerBound:
-                lower = qv::IntegerOr(text, IntegerLimits::min());
+                lower = IntegerOr(text, IntegerLimits::min());
                 return Handling::Done;
             default:
                 return Handling::Common;
         }
     };
-    if (!WalkAttributes(*this, attributes, Blanks::Trim, draft, readValue, own)) return;
+    if (!WalkAttributes(definition, draft, readValue, own)) return false;
     CorrectInteger(draft, lower, upper);
 
-    const auto digits = std::max(qv::IntegerToText(lower).size(), qv::IntegerToText(upper).size());
-    auto row = qv::MakeRow(draft, MakeItemKey(name), std::move(draft.value),
-                           {.dataType = XLayout::kInteger,
-                            .controlType = XLayout::kEdit,
-                            .lower = lower,
-                            .upper = upper,
-                            .limit = static_cast<int>(digits)});
-    AddPlainRow(std::move(row), draft, RangePair(lower, upper));
+    const auto digits = std::max(IntegerToText(lower).size(), IntegerToText(upper).size());
+    FillPlainItem(definition, draft, item, std::move(draft.value));
+    item.row->lower = lower;
+    item.row->upper = upper;
+    item.row->limit = static_cast<int>(digits);
+    item.facts.range = RangePair(lower, upper);
+    return true;
 }
 
-void XConstructionSet::DrawDoubleEdit(std::wstring_view name, const AttributeMap& attributes) {
+bool LoadDoubleEdit(const Definition& definition, LoadedItem& item) {
     ItemDraft draft;
     RangePair range{-kWidestBound, kWidestBound};
 
     const auto readValue = [&](SESSIONDATATYPE scope) {
         double stored = 0;
-        if (!ReadDouble(name, scope, stored)) return false;
-        draft.value = qv::FixedToText(stored);
+        if (!definition.source.ReadDouble(definition.name, scope, stored)) return false;
+        draft.value = FixedToText(stored);
         return true;
     };
-    const auto own = [&](AttributeName attribute, std::wstring_view, std::wstring_view text) {
+    const auto own = [&](AttributeName attribute, std::wstring_view text) {
         switch (attribute) {
             case AttributeName::Default:
                 draft.defaultText = text;
@@ -115,24 +115,25 @@ void XConstructionSet::DrawDoubleEdit(std::wstring_view name, const AttributeMap
                 draft.hasDefault = true;
                 return Handling::Common;
             case AttributeName::UpperBound:
-                range.second = qv::TextToDouble(text);
+                range.second = TextToDouble(text);
                 return Handling::Done;
             case AttributeName::LowerBound:
-                range.first = qv::TextToDouble(text);
+                range.first = TextToDouble(text);
                 return Handling::Done;
             default:
                 return Handling::Common;
         }
     };
-    if (!WalkAttributes(*this, attributes, Blanks::Trim, draft, readValue, own)) return;
+    if (!WalkAttributes(definition, draft, readValue, own)) return false;
     CorrectReal(draft, range);
 
-    auto row = qv::MakeRow(draft, MakeItemKey(name), std::move(draft.value),
-                           {.dataType = XLayout::kDouble,
-                            .controlType = XLayout::kEdit,
-                            .lowerReal = range.first,
-                            .upperReal = range.second,
-                            .limit = kRealDigits,
-                            .decimals = kRealDecimals});
-    AddPlainRow(std::move(row), draft, range);
+    FillPlainItem(definition, draft, item, std::move(draft.value));
+    item.row->lowerReal = range.first;
+    item.row->upperReal = range.second;
+    item.row->limit = kRealDigits;
+    item.row->decimals = kRealDecimals;
+    item.facts.range = range;
+    return true;
 }
+
+}  // namespace qv

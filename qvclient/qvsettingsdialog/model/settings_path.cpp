@@ -26,6 +26,12 @@ std::optional<KeyAndName> SplitValuePath(std::wstring_view path) {
     return parts;
 }
 
+std::wstring MakeItemKey(std::wstring_view definitionName) {
+    const auto parts = SplitPath(definitionName);
+    // Both parts are views into the name, with just the separator between them.
+    return parts ? std::wstring(parts->key.data(), parts->key.size() + 1 + parts->name.size()) : std::wstring();
+}
+
 std::optional<KeyAndName> SplitItemKey(std::wstring_view itemKey) {
     const auto separator = itemKey.rfind(L'/');
     if (separator == std::wstring_view::npos || separator + 1 == itemKey.size()) return std::nullopt;

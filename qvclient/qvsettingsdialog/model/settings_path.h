@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace qv {
@@ -19,6 +20,8 @@ struct KeyAndName {
 [[nodiscard]] std::optional<KeyAndName> SplitPath(std::wstring_view path);
 // The same for a path that addresses a value: its name may not be empty (its key may).
 [[nodiscard]] std::optional<KeyAndName> SplitValuePath(std::wstring_view path);
+// The item key of a definition: key "/" value name; empty for a definition name of any other shape.
+[[nodiscard]] std::wstring MakeItemKey(std::wstring_view definitionName);
 // Splits an item key at its last "/". Nothing without a "/" or with nothing after it.
 [[nodiscard]] std::optional<KeyAndName> SplitItemKey(std::wstring_view itemKey);
 

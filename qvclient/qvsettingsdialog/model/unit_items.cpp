@@ -1,48 +1,46 @@
 // Items that hold a unit of measurement (type 14): the entries come from the host's unit administration.
 #include "host/libraries/error_display.h"
 #include "host/libraries/units.h"
-#include "qvclient/qvsettingsdialog/model/item_row.h"
+#include "qvclient/qvsettingsdialog/model/item_loaders.h"
 #include "qvclient/qvsettingsdialog/model/item_walk.h"
+
+namespace qv {
 
 namespace {
 
 constexpr int kNoDatabase = 2537;
 constexpr int kNoCategory = 2548;
 
-void ShowUnitError(int number, std::wstring_view message) {
+bool DropUnit(int number, std::wstring_view message) {
     XQVError::DisplayErrorMessageBox(L"QVSettingsDialog", L"XConstructionSet::DrawUnitComboBox", number,
                                      CoTranslateText(message), {});
+    return false;
 }
 
 }  // namespace
 
-void XConstructionSet::DrawUnitComboBox(std::wstring_view name, const AttributeMap& attributes) {
+bool LoadUnitComboBox(const Definition& definition, LoadedItem& item) {
     ItemDraft draft;
-    if (const auto text = FindDefault(attributes)) {
-        draft.defaultText = *text;
-        draft.value = *text;
-        draft.hasDefault = true;
-    }
+    TakeDefaultFirst(definition.attributes, draft);
 
     std::wstring_view categoryName = L"UA_UNDEF";
-    const auto own = [&](AttributeName attribute, std::wstring_view, std::wstring_view text) {
+    const auto own = [&](AttributeName attribute, std::wstring_view text) {
         if (attribute == AttributeName::UnitCategory) categoryName = text;
         return attribute == AttributeName::UnitCategory || attribute == AttributeName::Default ? Handling::Done
                                                                                                : Handling::Common;
     };
-    // deliberate: blanks are kept, as for lists.
-    if (!WalkAttributes(*this, attributes, Blanks::Keep, draft, TextReader(*this, name, draft), own)) return;
+    if (!WalkAttributes(definition, draft, TextReader(definition, draft), own)) return false;
 
     const XUAAdmin* database = XUAAdminStd::XUAAdminDefault();
-    if (database == nullptr) return ShowUnitError(kNoDatabase, L"No unit-database!");
+    if (database == nullptr) return DropUnit(kNoDatabase, L"No unit-database!");
     const XUACategory* category = database->FindCategory(categoryName);
-    if (category == nullptr) return ShowUnitError(kNoCategory, L"Unit category not found!");
+    if (category == nullptr) return DropUnit(kNoCategory, L"Unit category not found!");
     const XLMTranslDict* dictionary = XUAAdminStd::XUATranslDictDefault();
 
     std::vector<const XUAUnit*> units;
     category->GetUnits(units);
     std::wstring selected;
-    std::vector<XLayout::ColumnItem> entries;
+    std::vector<LayoutRows::ColumnItem> entries;
     entries.reserve(units.size());
     int place = 0;
     for (const XUAUnit* unit : units) {
@@ -55,8 +53,9 @@ void XConstructionSet::DrawUnitComboBox(std::wstring_view name, const AttributeM
                              nullptr);
     }
 
-    auto row = qv::MakeRow(draft, MakeItemKey(name), std::move(selected),
-                           {.dataType = XLayout::kText, .controlType = XLayout::kComboBox});
-    row->SetColumnItemList(std::move(entries));
-    AddPlainRow(std::move(row), draft);
+    FillPlainItem(definition, draft, item, std::move(selected));
+    item.row->SetColumnItemList(std::move(entries));
+    return true;
 }
+
+}  // namespace qv

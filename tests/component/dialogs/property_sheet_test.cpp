@@ -3,6 +3,7 @@
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
+#include "tests/component/fake_control.h"
 
 using qv::SessionOperation;
 
@@ -215,9 +216,7 @@ TEST_F(TwoPages, RequiredSizesFollowTheLargestLayout) {
 TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
     XLayout::Group group(nullptr, 1, L"", false, nullptr, {}, L"", false, true);
     for (int i = 0; i < 100; ++i) {
-        group.columns.push_back(std::make_unique<XLayout::Column>(
-            nullptr, L"", L"", L"", 0, true, false, XLayout::kText, XLayout::kEdit, 0, nullptr, 0, 0, 0.0, 0.0, 9, 0, 1,
-            L"", false, nullptr, false, 1, 0, 0, L"", L"", L""));
+        group.columns.push_back(std::make_unique<XLayout::Column>(L""));
         group.columns.back()->SetControlWidth(1500, 1500);
     }
     Show({
@@ -273,31 +272,17 @@ public:
     }
 };
 
-// Stands for any special control; keeps the ids that the page gives out and makes no window.
-class IdKeeper final : public SpecialControl {
+// Keeps the ids that the page gives out and makes no window.
+class IdKeeper final : public FakeControl {
 public:
-    explicit IdKeeper(std::vector<UINT>& ids) : m_ids(ids) {}
+    explicit IdKeeper(std::vector<UINT>& ids) : FakeControl({}), m_ids(ids) {}
     bool CreateOnPage(CWnd&, UINT id) override {
         m_ids.push_back(id);
         return false;
     }
-    CWnd& Window() override { return m_window; }
-    void ShowInitValue() override {}
-    void ShowDefaultValue() override {}
-    std::wstring GetValue() override { return {}; }
-    void SetReadOnly(bool) override {}
-    bool IsReadOnly() const override { return false; }
-    void ClearHasDefault() override {}
-    bool HasDefault() const override { return false; }
-    void SetStorageKey(std::wstring_view, std::wstring_view) override {}
-    bool GetStorageKey(std::wstring&, std::wstring&) const override { return false; }
-    void SetLayoutCells(LayoutCells) override {}
-    const LayoutCells& GetLayoutCells() const override { return m_cells; }
 
 private:
     std::vector<UINT>& m_ids;
-    CWnd m_window;
-    LayoutCells m_cells;
 };
 
 // Ids are told in 16 bits: after the last one they would start over with those of OK and Cancel.

@@ -1,29 +1,5 @@
 #include "tests/component/dialogs/whole_dialog.h"
 
-#include "platform/module_address.h"
-#include "qvclient/qvsettingsdialog/controls/component_module.h"
-#include "qvclient/qvsettingsdialog/resources/settings_resources.h"
-
-namespace {
-
-const int kInsideProgram = 0;
-
-ModuleState& ProgramAsComponent() {
-    ModuleState& state = GetComponentModuleState();
-    state.resources = qv::ModuleFromAddress(&kInsideProgram);
-    return state;
-}
-
-}  // namespace
-
-WholeDialog::WholeDialog() : m_state(ProgramAsComponent()) {
-    RegisterSettingsResources(GetComponentModuleState().resources);
-}
-
-WholeDialog::~WholeDialog() {
-    UnregisterSettingsResources(GetComponentModuleState().resources);
-}
-
 int WholeDialog::Show(qvtest::SettingsDriver::Steps steps) {
     return driver.Run(
         [this] {

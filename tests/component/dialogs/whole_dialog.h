@@ -4,15 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/module_state.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
+#include "tests/component/component_in_program.h"
 #include "tests/component/settings_driver.h"
 
 class WholeDialog : public ::testing::Test {
 protected:
-    WholeDialog();
-    ~WholeDialog() override;
-
     // A fresh construction set and frame, as the manager makes them.
     int Show(qvtest::SettingsDriver::Steps steps);
     // The dialog and the sheet by their own classes, while they are shown.
@@ -23,5 +20,5 @@ protected:
     qvtest::SettingsDriver driver;
 
 private:
-    ModuleStateSwitch m_state;
+    ComponentInProgram m_component;
 };

@@ -20,7 +20,7 @@ TEST_P(StringItem, ShowsCutsAndReports) {
     Pairs attributes = c.attributes;
     attributes.emplace_back(L"type", L"3");
     Define(L"common/text", attributes, c.stored);
-    const XLayout::Column* row = Row(L"common/text");
+    const qv::LayoutRows::Column* row = Row(L"common/text");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, c.shown);
     EXPECT_EQ(row->limit, c.limit);
@@ -134,7 +134,7 @@ TEST_P(ListItem, OffersItsEntriesAndSelectsTheValue) {
     Pairs attributes = c.attributes;
     attributes.emplace_back(L"type", L"4");
     Define(L"common/list", attributes, c.stored);
-    const XLayout::Column* row = Row(L"common/list");
+    const qv::LayoutRows::Column* row = Row(L"common/list");
     EXPECT_TRUE(m_boxes.empty());
     if (c.dropped) {
         EXPECT_EQ(row, nullptr);
@@ -146,7 +146,7 @@ TEST_P(ListItem, OffersItsEntriesAndSelectsTheValue) {
     EXPECT_EQ(row->dataType, 1);
     EXPECT_EQ(row->controlType, 2);
     Pairs entries;
-    for (const XLayout::ColumnItem& item : row->items) {
+    for (const qv::LayoutRows::ColumnItem& item : row->items) {
         EXPECT_EQ(item.index, static_cast<int>(entries.size()));
         entries.emplace_back(item.data, item.text);
     }
@@ -184,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(ModelTest, ListEntriesAndLabelsAreTranslatedAndDataIsNot) {
     qv::Dictionary before = qv::SetDictionary({{L"Alpha", L"Alfa"}, {L"A label", L"Etikett"}, {L"a", L"wrong"}});
     Define(L"common/list", {{L"type", L"4"}, {L"value1", L"a|Alpha"}}, L"a");
-    const XLayout::Column* row = Row(L"common/list");
+    const qv::LayoutRows::Column* row = Row(L"common/list");
     qv::SetDictionary(std::move(before));
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->prompt, L"Etikett");

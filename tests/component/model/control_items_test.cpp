@@ -1,6 +1,5 @@
 #include "framework/text.h"
-#include "qvclient/qvsettingsdialog/controls/checked_list_box.h"
-#include "qvclient/qvsettingsdialog/controls/en_de_crypt.h"
+#include "tests/component/fake_control.h"
 #include "tests/component/model/model_fixture.h"
 
 namespace {
@@ -28,7 +27,7 @@ TEST_P(ControlItem, MakesAPlaceholderRowAndAControl) {
     const KindCase& c = GetParam();
     Define(L"common/other", {{L"type", L"0"}});
     Define(L"common/item", {{L"type", c.type}, {L"default", L""}, {L"globaldata", L"2"}, {L"ordernumber", L"3"}});
-    const XLayout::Column* row = Row(L"common/item");
+    const qv::LayoutRows::Column* row = Row(L"common/item");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, L"");
     EXPECT_EQ(row->dataType, 1);
@@ -86,6 +85,25 @@ TEST_F(ModelTest, KindsAreListedOnceInTheOrderTheyAppear) {
     const auto& colours = Page()->Controls(SpecialControlKind::Colour);
     ASSERT_EQ(colours.size(), 2U);
     EXPECT_EQ(colours[1]->GetLayoutCells(), (LayoutCells{{2, 0}}));
+}
+
+// What the control is made from; blanks around do not count, nor does any number but 1.
+TEST_F(ModelTest, ChoosersAreToldTheirLabelAndWhetherToCheckTheirPath) {
+    m_makeControl = FakeControl::Make;
+    Define(L"a/one", {{L"type", L"7"}, {L"checkpath", L" 1 "}, {L"label", L" Folder "}});
+    Define(L"a/two", {{L"type", L"7"}, {L"checkpath", L"2"}});
+    Define(L"a/file", {{L"type", L"9"}, {L"checkpath", L"1"}});
+    Define(L"a/button", {{L"type", L"13"}, {L"checkpath", L"1"}, {L"label", L"Press"}});
+    const auto made = [this](SpecialControlKind kind, std::size_t index) {
+        return dynamic_cast<FakeControl&>(*Page()->Controls(kind).at(index)).item;
+    };
+    EXPECT_TRUE(made(SpecialControlKind::Path, 0).checkPath);
+    EXPECT_EQ(made(SpecialControlKind::Path, 0).label, L"Folder");
+    EXPECT_FALSE(made(SpecialControlKind::Path, 1).checkPath);
+    EXPECT_TRUE(made(SpecialControlKind::File, 0).checkPath);
+    EXPECT_FALSE(made(SpecialControlKind::Button, 0).checkPath);
+    EXPECT_EQ(made(SpecialControlKind::Button, 0).caption, L"Press");
+    EXPECT_EQ(made(SpecialControlKind::Button, 0).typeCode, 13);
 }
 
 TEST_F(ModelTest, AListEntryWithoutDataDropsTheCheckedList) {

@@ -177,7 +177,7 @@ class ItemType : public ModelTest, public ::testing::WithParamInterface<TypeCase
 TEST_P(ItemType, DecidesTheRow) {
     const TypeCase& c = GetParam();
     Define(L"common/item", {{c.attribute, c.text}});
-    const XLayout::Column* row = Row(L"common/item");
+    const qv::LayoutRows::Column* row = Row(L"common/item");
     ASSERT_EQ(row != nullptr, c.dataType != 0);
     if (row == nullptr) return;
     EXPECT_EQ(row->dataType, c.dataType);
@@ -214,7 +214,7 @@ TEST_P(CommonAttributes, DecideValueStateAndScope) {
     Pairs attributes = c.attributes;
     attributes.emplace_back(L"type", L"3");
     Define(L"common/item", attributes);
-    const XLayout::Column* row = Row(L"common/item");
+    const qv::LayoutRows::Column* row = Row(L"common/item");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, c.shown);
     EXPECT_EQ(row->disabled, c.disabled);
@@ -341,7 +341,7 @@ private:
 class OddHost : public ModelTest {
 protected:
     // The first row that the definitions make; null when they make none.
-    const XLayout::Column* FirstRow() {
+    const qv::LayoutRows::Column* FirstRow() {
         m_model = std::make_unique<XConstructionSet>(kRoot, SDT_machineData, nullptr, m_odd.Get(), m_rights.Get());
         std::map<std::int32_t, PageRecord*> items;
         m_loaded = m_model->LoadItems(items);
@@ -356,7 +356,7 @@ protected:
 TEST_F(OddHost, AttributesAreVisitedInNameOrderAndTheFirstOfOneNameCounts) {
     m_odd->names = {L"root/common/item"};
     m_odd->pairs = {L"value2", L"b|B", L"type", L"4", L"value1", L"a|A", L"value1", L"c|C", L"label", L"L"};
-    const XLayout::Column* row = FirstRow();
+    const qv::LayoutRows::Column* row = FirstRow();
     ASSERT_NE(row, nullptr);
     ASSERT_EQ(row->items.size(), 2U);
     EXPECT_EQ(row->items[0].data, L"a");
@@ -375,7 +375,7 @@ TEST_F(OddHost, EveryTypeAttributeMakesARow) {
 TEST_F(OddHost, NullStringsCountAsEmptyTexts) {
     m_odd->names = {std::nullopt, L"root/common/item"};
     m_odd->pairs = {std::nullopt, std::nullopt, L"default", L"d", L"globaldata", std::nullopt, L"type", L"3"};
-    const XLayout::Column* row = FirstRow();
+    const qv::LayoutRows::Column* row = FirstRow();
     ASSERT_NE(row, nullptr);
     EXPECT_TRUE(m_loaded);
     EXPECT_EQ(row->name, L"");
@@ -397,7 +397,7 @@ TEST_F(OddHost, AValueThatIsNoTextIsAFailedReadAndANullTextAnEmptyOne) {
     for (const auto& c : cases) {
         m_odd->valueType = c.type;
         m_odd->value = c.value;
-        const XLayout::Column* row = FirstRow();
+        const qv::LayoutRows::Column* row = FirstRow();
         ASSERT_NE(row, nullptr);
         EXPECT_EQ(row->value, c.shown) << c.type;
     }
@@ -413,26 +413,18 @@ TEST_F(OddHost, HugeTextsAndManyAttributesAreTaken) {
     }
     m_odd->pairs.emplace_back(huge);
     m_odd->pairs.emplace_back(huge);
-    const XLayout::Column* row = FirstRow();
+    const qv::LayoutRows::Column* row = FirstRow();
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->name.size(), huge.size() + 7);
     EXPECT_EQ(row->items.size(), 20'000U);
 }
 
 // Nobody is left to see what would be loaded, nor the boxes of what cannot be.
-TEST_F(ModelTest, LoadingEndsWhenTheWindowGoesThatItIsFor) {
+TEST_F(ModelTest, LoadingEndsWhenItIsNotToGoOn) {
     for (const auto* key : {L"common/a", L"common/b", L"common/c"})
         Define(key, {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"2"}}, L"9");
-    CWnd window;
-    ASSERT_TRUE(window.CreateEx(0, nullptr, L"", WS_POPUP, {0, 0, 9, 9}, nullptr, 0));
-    const auto before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall& call) {
-        m_boxes.push_back(call);
-        window.DestroyWindow();
-        return IDOK;
-    });
     std::map<std::int32_t, PageRecord*> items;
-    EXPECT_FALSE(Model().LoadItems(items, &window));
-    qv::SetMessageBoxSink(before);
+    EXPECT_FALSE(Model().LoadItems(items, [this] { return m_boxes.empty(); }));
     EXPECT_TRUE(items.empty());
     EXPECT_EQ(m_boxes.size(), 1U);
     EXPECT_EQ(m_session->CallsOf(SessionOperation::EnumValues).size(), 1U);

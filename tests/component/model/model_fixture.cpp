@@ -43,7 +43,8 @@ void ModelTest::DefinePages(const Pairs& numbersAndTitles) {
 
 XConstructionSet& ModelTest::Model() {
     if (!m_model) {
-        m_model = std::make_unique<XConstructionSet>(kRoot, m_controlPath, m_dataIO, m_session.Get(), m_rights.Get());
+        m_model = std::make_unique<XConstructionSet>(kRoot, m_controlPath, m_dataIO, m_session.Get(), m_rights.Get(),
+                                                     m_makeControl);
     }
     return *m_model;
 }
@@ -61,21 +62,20 @@ PageRecord* ModelTest::Page(std::int32_t number) {
     return found != Items().end() ? found->second : nullptr;
 }
 
-const XLayout::Column* ModelTest::Row(std::wstring_view itemKey) {
-    for (const auto& [number, record] : Items()) {
-        for (const XLayout::Group* group : record->Groups()) {
-            for (const auto& row : group->columns) {
-                if (row->name == itemKey) return row.get();
-            }
-        }
-    }
-    return nullptr;
+const qv::LayoutRows::Column* ModelTest::Row(std::wstring_view itemKey) {
+    const Item* item = Find(itemKey);
+    return item != nullptr ? &item->row : nullptr;
 }
 
 const std::wstring* ModelTest::DefaultOf(std::wstring_view itemKey) {
+    const Item* item = Find(itemKey);
+    return item != nullptr && item->facts.defaultText ? &*item->facts.defaultText : nullptr;
+}
+
+const Item* ModelTest::Find(std::wstring_view itemKey) {
     for (const auto& [number, record] : Items()) {
-        for (const auto& [key, text] : record->Defaults()) {
-            if (key == itemKey) return &text;
+        for (const Item& item : record->Items()) {
+            if (item.row.name == itemKey) return &item;
         }
     }
     return nullptr;

@@ -42,16 +42,19 @@ protected:
     std::map<std::int32_t, PageRecord*>& Items();
     // Null when there is no such page, row or default.
     PageRecord* Page(std::int32_t number = 1);
-    const XLayout::Column* Row(std::wstring_view itemKey);
+    const qv::LayoutRows::Column* Row(std::wstring_view itemKey);
     const std::wstring* DefaultOf(std::wstring_view itemKey);
 
     qv::ComPtr<qv::MemorySessionData> m_session = qv::MemorySessionData::Create();
     qv::ComPtr<qv::MultiUserManager> m_rights = qv::MultiUserManager::CreateWithAllRights();
     IQVSettingsDialogDataIO* m_dataIO = nullptr;
     std::int32_t m_controlPath = SDT_machineData;
+    qv::ControlFactory m_makeControl = qv::MakeSpecialControl;
     std::vector<qv::MessageBoxCall> m_boxes;
 
 private:
+    const Item* Find(std::wstring_view itemKey);
+
     qv::MessageBoxSink m_sinkBefore;
     std::unique_ptr<XConstructionSet> m_model;
     std::optional<std::map<std::int32_t, PageRecord*>> m_items;

@@ -136,7 +136,7 @@ TEST_P(NumericItem, ShowsRegistersAndReports) {
     const NumericCase& c = GetParam();
     Define(L"common/number", c.attributes + Pairs{{L"type", c.type}, {L"label", L"Count"}}, c.stored);
 
-    const XLayout::Column* row = Row(L"common/number");
+    const qv::LayoutRows::Column* row = Row(L"common/number");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, c.shown);
     const std::wstring* registered = DefaultOf(L"common/number");
@@ -171,7 +171,7 @@ class IntegerBounds : public ModelTest, public ::testing::WithParamInterface<Bou
 TEST_P(IntegerBounds, ReachTheRowAndTheRangeTable) {
     const BoundCase& c = GetParam();
     Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", c.lower}, {L"upperbound", c.upper}}, L"3");
-    const XLayout::Column* row = Row(L"common/number");
+    const qv::LayoutRows::Column* row = Row(L"common/number");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->dataType, 3);
     EXPECT_EQ(row->controlType, 3);
@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ModelTest, RealItemKeepsItsBoundsInRowAndRangeTable) {
     Define(L"common/real", {{L"type", L"2"}, {L"lowerbound", L" 0.5 "}, {L"upperbound", L"2.25 m"}}, L"1");
-    const XLayout::Column* row = Row(L"common/real");
+    const qv::LayoutRows::Column* row = Row(L"common/real");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->dataType, 2);
     EXPECT_EQ(row->controlType, 3);
@@ -211,7 +211,7 @@ TEST_F(ModelTest, RealItemKeepsItsBoundsInRowAndRangeTable) {
 TEST_F(ModelTest, RealsAreReadInTheNotationOfTheLocale) {
     const qv::NumberLocale before = qv::SetNumberLocale({true, L",", L"."});
     Define(L"common/real", {{L"type", L"2"}, {L"lowerbound", L"1,5"}}, L"2,5");
-    const XLayout::Column* row = Row(L"common/real");
+    const qv::LayoutRows::Column* row = Row(L"common/real");
     qv::SetNumberLocale(before);
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, L"2.500000");

@@ -1,61 +1,65 @@
 #include "tests/component/model/page_fixture.h"
 
+#include <algorithm>
+
 #include "framework/text.h"
 
-namespace {
-constexpr RECT kRect{0, 0, 400, 300};
+FakePage::FakePage(const PageRecord& record) {
+    for (const Item& item : record.Items())
+        m_rows.push_back({&item.row, item.row.value, item.control != nullptr});
+    std::stable_sort(m_rows.begin(), m_rows.end(),
+                     [](const Row& a, const Row& b) { return a.column->order < b.column->order; });
 }
 
-ShownPage::ShownPage(PageRecord& record) {
-    m_top.CreateEx(0, nullptr, L"Top", WS_OVERLAPPEDWINDOW | WS_VISIBLE, kRect, nullptr, 0);
-    m_sheet.CreateEx(0, nullptr, L"Sheet", WS_CHILD | WS_VISIBLE, kRect, m_top.m_hWnd, 1);
-    m_page.CreateEx(0, nullptr, L"Page", WS_CHILD | WS_VISIBLE, kRect, m_sheet.m_hWnd, 2);
+bool FakePage::RefuseInput(const Column& row, std::wstring_view reason) {
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& each) { return each.column == &row; });
+    if (!found->hasControl) return false;
+    refusals.push_back(row.name + L'\n' + std::wstring(reason));
+    return true;
+}
 
-    const std::vector<XLayout::Group*> groups = record.Groups();
-    UINT id = 20000;
-    for (const SpecialControlKind kind : record.ControlKinds()) {
-        for (const auto& control : record.Controls(kind)) {
-            if (control->CreateOnPage(m_page, id++)) control->ShowInitValue();
-            for (const auto& [row, group] : control->GetLayoutCells()) {
-                groups.at(static_cast<std::size_t>(group))->columns.at(static_cast<std::size_t>(row))->control =
-                    &control->Window();
-            }
-        }
+void FakePage::ReportFailedSave(std::wstring_view text) {
+    failedSaves.emplace_back(text);
+    if (atFailedSave) atFailedSave();
+}
+
+std::vector<FakePage::ColumnReference> FakePage::GetReferenceList() const {
+    std::vector<ColumnReference> references;
+    for (const Row& row : m_rows) {
+        references.push_back(
+            {*row.column, row.column->name, row.text, row.isPlaceholder || row.column->disabled || !row.hasControl});
     }
-    for (XLayout::Group* group : groups) {
-        group->parent = &m_page;
-        for (const auto& row : group->columns)
-            row->parent = &m_page;
+    return references;
+}
+
+FakePage::Column* FakePage::GetColumn(std::wstring_view name) const {
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [name](const Row& row) { return row.column->name == name; });
+    return found != m_rows.end() ? found->column : nullptr;
+}
+
+void FakePage::UpdateControl(std::wstring_view name, std::wstring_view text, void*, std::wstring_view) {
+    for (Row& row : m_rows) {
+        if (row.column == GetColumn(name)) row.text = text;
     }
-    m_layout = std::make_unique<XLayout>(1);
-    m_layout->InitLayoutManager(&m_page, groups);
 }
 
-ShownPage::~ShownPage() {
-    m_top.DestroyWindow();
-    m_layout.reset();
-}
-
-std::wstring ShownPage::Shown(std::wstring_view itemKey) const {
-    for (const auto& row : m_layout->GetReferenceList()) {
-        if (row.name == itemKey) return row.text;
+std::wstring FakePage::Shown(std::wstring_view itemKey) const {
+    for (const Row& row : m_rows) {
+        if (row.column->name == itemKey) return row.text;
     }
     return L"(no such row)";
 }
 
-void ShownPage::Enter(std::wstring_view itemKey, std::wstring_view text) {
-    m_layout->UpdateControl(itemKey, text, nullptr, {});
+void FakePage::TakeControlOf(std::wstring_view itemKey) {
+    for (Row& row : m_rows)
+        row.hasControl = row.hasControl && row.column->name != itemKey;
 }
 
-void ShownPage::MoveSheetToTop() {
-    ::SetParent(m_sheet.m_hWnd, nullptr);
-    m_sheet.ModifyStyle(WS_CHILD, WS_POPUP);
-}
-
-ShownPage& PageTest::Shown() {
+FakePage& PageTest::Shown() {
     if (!m_shown) {
         EXPECT_NE(Page(), nullptr);
-        m_shown = std::make_unique<ShownPage>(*Page());
+        m_shown = std::make_unique<FakePage>(*Page());
         m_session->ClearCalls();
     }
     return *m_shown;

@@ -24,7 +24,7 @@ protected:
 
 TEST_F(UnitItem, OffersTheCategorysUnitsCountingEmptyPlaces) {
     Define(L"common/unit", {{L"type", L"14"}, {L"unitcategory", L"length"}, {L"default", L"mm"}}, L"inch");
-    const XLayout::Column* row = Row(L"common/unit");
+    const qv::LayoutRows::Column* row = Row(L"common/unit");
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->dataType, 1);
     EXPECT_EQ(row->controlType, 2);

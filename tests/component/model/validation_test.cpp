@@ -1,6 +1,5 @@
 #include "framework/text.h"
 #include "host/libraries/numbers.h"
-#include "qvclient/qvsettingsdialog/controls/en_de_crypt.h"
 #include "tests/component/model/page_fixture.h"
 
 namespace {
@@ -16,30 +15,18 @@ struct InputCase {
 
 class NumericInput : public PageTest, public ::testing::WithParamInterface<InputCase> {};
 
-TEST_P(NumericInput, IsAcceptedOrReportedAndSelected) {
+TEST_P(NumericInput, IsAcceptedOrRefusedWithAReason) {
     const InputCase& c = GetParam();
     Define(L"common/number",
            {{L"type", c.type}, {L"lowerbound", c.lower}, {L"upperbound", c.upper}, {L"default", c.lower}});
     Shown().Enter(L"common/number", c.entered);
-    m_boxes.clear();
     EXPECT_EQ(Validate(), c.message == nullptr);
-    if (c.message == nullptr) {
-        EXPECT_TRUE(m_boxes.empty()) << ::testing::PrintToString(m_boxes);
-        EXPECT_EQ(Shown().Activations(), 0);
-        return;
+    std::vector<std::wstring> expected;
+    if (c.message != nullptr) {
+        expected.push_back(std::wstring(L"common/number\nData out of range !\n") + c.message +
+                           L"\nCorrect your inputs");
     }
-    EXPECT_EQ(OnlyText(m_boxes), std::wstring(L"Data out of range !\n") + c.message + L"\nCorrect your inputs");
-    EXPECT_EQ(m_boxes.at(0).kind, qv::MessageBoxCall::Kind::Info);
-    EXPECT_EQ(m_boxes.at(0).caption, Shown().GetLayout().GetColumnPrompt(L"common/number")->GetWindowText());
-    EXPECT_EQ(m_boxes.at(0).owner, Shown().Top());
-    EXPECT_EQ(Shown().Activations(), 1);
-    CWnd* control = Shown().GetLayout().GetColumnControl(L"common/number");
-    EXPECT_EQ(::GetFocus(), control->m_hWnd);
-    DWORD first = 99;
-    DWORD last = 99;
-    control->SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
-    EXPECT_EQ(first, 0U);
-    EXPECT_EQ(last, static_cast<DWORD>(std::wstring_view(c.entered).size()));
+    EXPECT_EQ(Shown().refusals, expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -74,31 +61,32 @@ TEST_F(PageTest, TheFirstBadInputInDisplayOrderEndsTheCheck) {
     Shown().Enter(L"common/later", L"20");
     Shown().Enter(L"common/sooner", L"30");
     EXPECT_FALSE(Validate());
-    EXPECT_EQ(OnlyText(m_boxes), L"Data out of range !\nRange[1, 9]\nActValue = 30\nCorrect your inputs");
+    EXPECT_EQ(Shown().refusals,
+              std::vector<std::wstring>{
+                  L"common/sooner\nData out of range !\nRange[1, 9]\nActValue = 30\nCorrect your inputs"});
     EXPECT_TRUE(m_session->Calls().empty());
 }
 
-TEST_F(PageTest, WithoutAWindowAboveTheSheetABadInputIsRefusedSilently) {
-    Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"9"}, {L"default", L"5"}});
-    Shown().Enter(L"common/number", L"20");
-    Shown().MoveSheetToTop();
+// Folders before files, and only once every number is fine.
+TEST_F(PageTest, TheFirstChooserThatRefusesItsInputEndsTheCheck) {
+    Define(L"common/file", {{L"type", L"9"}});
+    Define(L"common/folder", {{L"type", L"7"}});
+    Define(L"common/other", {{L"type", L"7"}});
+    Define(L"common/number", {{L"type", L"1"}, {L"upperbound", L"9"}, {L"default", L"5"}});
+    FakeControl& file = Control(SpecialControlKind::File);
+    auto& folder = dynamic_cast<FakeControl&>(*Page()->Controls(SpecialControlKind::Path).at(1));
+    file.accepts = false;
+    folder.accepts = false;
+    Shown().Enter(L"common/number", L"10");
     EXPECT_FALSE(Validate());
-    EXPECT_TRUE(m_boxes.empty());
-    EXPECT_EQ(Shown().Activations(), 1);
-}
-
-TEST_F(PageTest, AChooserThatRefusesItsInputGetsTheFocus) {
-    const wchar_t* const absent = L"/no/such/place/anywhere";
-    Define(L"common/file", {{L"type", L"9"}, {L"checkpath", L" 1 "}, {L"default", L""}});
-    Define(L"common/unchecked", {{L"type", L"7"}, {L"checkpath", L"2"}, {L"default", absent}});
-    Define(L"common/folder", {{L"type", L"7"}, {L"checkpath", L"1"}, {L"default", absent}});
-    Shown();
-    m_boxes.clear();
+    EXPECT_TRUE(Shown().refusedControls.empty());
+    Shown().Enter(L"common/number", L"9");
     EXPECT_FALSE(Validate());
-    EXPECT_EQ(m_boxes.size(), 1U) << ::testing::PrintToString(m_boxes);  // the chooser's own
-    EXPECT_EQ(Shown().Activations(), 1);
-    CWnd& folder = Page()->Controls(SpecialControlKind::Path).at(1)->Window();
-    EXPECT_TRUE(::GetFocus() == folder.m_hWnd || ::IsChild(folder.m_hWnd, ::GetFocus()));
+    folder.accepts = true;
+    EXPECT_FALSE(Validate());
+    file.accepts = true;
+    EXPECT_TRUE(Validate());
+    EXPECT_EQ(Shown().refusedControls, (std::vector<SpecialControl*>{&folder, &file}));
 }
 
 // --- defaults ----------------------------------------------------------------------------------------------------
@@ -121,71 +109,16 @@ TEST_F(PageTest, DefaultsComeBackIntoRowsWithTheirSeparatorNormalised) {
 }
 
 TEST_F(PageTest, ControlsComeBackToTheirDefaultsUnlessReadOnlyOrWithoutOne) {
-    const std::wstring secret = XEnDeCrypt().Encrypt(L"Secret1");
-    const std::wstring initial = XEnDeCrypt().Encrypt(L"Before2");
     m_rights->Refuse(L"Change settings/Machine data");
-    const Pairs entries = {{L"value1", L"a|Alpha"}, {L"value2", L"b|Beta"}, {L"value3", L"c|Gamma"}};
-    Pairs list = entries;
-    list.insert(list.end(), {{L"type", L"5"}, {L"default", L"a|c"}});
-    Define(L"common/list", list, L"b");
-    Define(L"common/password", {{L"type", L"6"}, {L"default", secret}}, initial);
     Define(L"common/path", {{L"type", L"7"}}, L"D:\\");
     Define(L"common/colour", {{L"type", L"8"}, {L"default", L"9"}, {L"functiongroup", L"1"}}, L"255");
     Define(L"common/file", {{L"type", L"9"}, {L"default", L"C:\\a"}}, L"C:\\b");
     Define(L"common/button", {{L"type", L"12"}, {L"default", L"reset"}}, L"set");
     Reset();
-    EXPECT_EQ(Control(SpecialControlKind::CheckedList).GetValue(), L"a|c");
-    EXPECT_EQ(Control(SpecialControlKind::Password).GetValue(), secret);
-    EXPECT_EQ(Control(SpecialControlKind::Path).GetValue(), L"D:\\");
-    EXPECT_EQ(Control(SpecialControlKind::Colour).GetValue(), L"255");
-    EXPECT_EQ(Control(SpecialControlKind::File).GetValue(), L"C:\\a");
-    EXPECT_EQ(Control(SpecialControlKind::Button).GetValue(), L"reset");
-    EXPECT_TRUE(m_boxes.empty()) << ::testing::PrintToString(m_boxes);
-}
-
-TEST_F(PageTest, APasswordHasTwentySixCharactersWhateverItsDefinitionSays) {
-    const XEnDeCrypt cipher;
-    Define(L"common/password",
-           {{L"type", L"6"}, {L"maxstringlength", L"10"}, {L"default", cipher.Encrypt(L"onmlkjihgfedcba")}},
-           cipher.Encrypt(L"abcdefghijklmno"));
-    Shown();
-    SpecialControl& password = Control(SpecialControlKind::Password);
-    EXPECT_EQ(password.Window().SendMessage(EM_GETLIMITTEXT), 26);
-    // Stored and default text are enciphered, two digits a character.
-    EXPECT_EQ(password.GetValue(), cipher.Encrypt(L"abcdefghijklm"));
-    Reset();
-    EXPECT_EQ(password.GetValue(), cipher.Encrypt(L"onmlkjihgfedc"));
-    EXPECT_TRUE(m_boxes.empty());
-}
-
-// The user, or whoever runs the program meanwhile, may close everything while the message stands there.
-TEST_F(PageTest, AnInputThatIsRefusedWhileThePageGoesIsRefusedAllTheSame) {
-    Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"default", L"1"}});
-    Shown().Enter(L"common/number", L"0");
-    HWND top = Shown().Top();
-    int boxes = 0;
-    const auto before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall&) {
-        ++boxes;
-        ::DestroyWindow(top);
-        return IDOK;
-    });
-    EXPECT_FALSE(Validate());
-    qv::SetMessageBoxSink(before);
-    EXPECT_EQ(boxes, 1);
-    // With nothing left to look at there is nothing to refuse: whoever asks looks at the windows.
-    EXPECT_TRUE(Validate());
-}
-
-TEST_F(PageTest, AChooserThatIsRefusedWhileThePageGoesIsNotBroughtToTheFront) {
-    Define(L"common/folder", {{L"type", L"7"}, {L"checkpath", L"1"}});
-    HWND top = Shown().Top();
-    const auto before = qv::SetMessageBoxSink([top](const qv::MessageBoxCall&) {
-        ::DestroyWindow(top);
-        return IDOK;
-    });
-    EXPECT_FALSE(Validate());
-    qv::SetMessageBoxSink(before);
-    EXPECT_EQ(Shown().Activations(), 0);
+    EXPECT_EQ(Control(SpecialControlKind::Path).text, L"D:\\");
+    EXPECT_EQ(Control(SpecialControlKind::Colour).text, L"255");
+    EXPECT_EQ(Control(SpecialControlKind::File).text, L"C:\\a");
+    EXPECT_EQ(Control(SpecialControlKind::Button).text, L"reset");
 }
 
 }  // namespace
