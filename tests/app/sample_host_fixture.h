@@ -14,7 +14,7 @@
 #include "app/options.h"
 #include "framework/module_state.h"
 #include "host/libraries/numbers.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 class SampleHostTest : public testing::Test {
 protected:
@@ -35,7 +35,7 @@ protected:
     // Four pages of items in all four scopes, and values for some of them.
     void WriteStationFiles() const;
 
-    TemporaryFolder folder;
+    qvtest::TemporaryFolder folder;
     qv::Options options;
     std::wstring problem;          // empty: every action was carried out and the dialog ended
     Lines told;                    // message boxes and pickers, as the program prints them

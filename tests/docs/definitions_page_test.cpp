@@ -5,7 +5,7 @@
 #include "host/services/data_files.h"
 #include "tests/component/model/page_fixture.h"
 #include "tests/docs/example_page.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -105,7 +105,7 @@ protected:
         return true;
     }
 
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
     std::map<std::int32_t, std::unique_ptr<ShownPage>> m_pages;
 };
 

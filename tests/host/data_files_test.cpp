@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "framework/text.h"
-#include "host/services/memory_session_data.h"
 #include "tests/host/session_caller.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/memory_session_data.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ protected:
         m_folder.Write(L"file.json", content);
         return m_folder.At(L"file.json");
     }
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
 };
 
 TEST_F(DataFiles, DefinitionFileBecomesTheDefinitionTreeInItsOwnOrder) {

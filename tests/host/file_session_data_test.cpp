@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/session_caller.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ protected:
         const auto data = Start();
         return SessionCaller(*data.Get()).Read(scope, key, name);
     }
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
     Texts m_problems;
 };
 

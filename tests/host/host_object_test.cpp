@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
 #include "host/services/multi_user_manager.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 

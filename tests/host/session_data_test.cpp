@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
 #include "tests/host/session_caller.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 

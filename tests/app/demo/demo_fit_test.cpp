@@ -11,8 +11,8 @@
 #include "framework/text.h"
 #include "host/libraries/translation.h"
 #include "tests/app/demo/window_checks.h"
-#include "tests/component/settings_driver.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/settings_driver.h"
+#include "tests/support/temporary_folder.h"
 
 using namespace qvtest;
 
@@ -75,7 +75,7 @@ private:
         }
     }
 
-    TemporaryFolder m_data;
+    qvtest::TemporaryFolder m_data;
     ModuleState m_state{};
 };
 

@@ -7,7 +7,7 @@
 #include "qvclient/qvsettingsdialog/com/settings_module.h"
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "tests/component/com/component_dll.h"
-#include "tests/component/watched_host.h"
+#include "tests/support/watched_host.h"
 
 using qv::MessageBoxCall;
 using qv::SessionOperation;

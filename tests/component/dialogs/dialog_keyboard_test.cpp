@@ -6,7 +6,7 @@
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
-#include "tests/framework/framed_buttons.h"
+#include "tests/support/framed_buttons.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] HWND Button(int id) const { return ::GetDlgItem(driver.Dialog().m_hWnd, id); }
     [[nodiscard]] HWND Row(std::wstring_view key) const { return driver.Control(key)->m_hWnd; }
     void ExpectFramed(HWND button) const {
-        EXPECT_EQ(FramedButtons(::GetAncestor(driver.Dialog().m_hWnd, GA_ROOT)), std::vector<HWND>{button});
+        EXPECT_EQ(qvtest::FramedButtons(::GetAncestor(driver.Dialog().m_hWnd, GA_ROOT)), std::vector<HWND>{button});
     }
     // What must hold at any moment: the push button with the focus is framed, or else OK.
     void ExpectFrameAtFocus() const {
@@ -130,7 +130,7 @@ TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
                 CWnd box;
                 box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
                 ::SetActiveWindow(box.m_hWnd);
-                EXPECT_EQ(FramedButtons(driver.Frame().m_hWnd).size(), 1U);
+                EXPECT_EQ(qvtest::FramedButtons(driver.Frame().m_hWnd).size(), 1U);
                 return IDOK;
             });
             EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));

@@ -9,7 +9,7 @@
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
-#include "tests/component/watched_host.h"
+#include "tests/support/watched_host.h"
 
 namespace {
 

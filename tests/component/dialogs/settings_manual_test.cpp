@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 

@@ -6,7 +6,8 @@
 
 #include "framework/module_state.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
-#include "tests/component/settings_driver.h"
+#include "tests/support/settings_driver.h"
+#include "tests/support/test_host.h"
 
 class WholeDialog : public ::testing::Test {
 protected:
