@@ -107,7 +107,8 @@ class HostStub : public StackObject<ITPFHost> {
 public:
     explicit HostStub(IUnknown* session = nullptr, IUnknown* users = nullptr, IUnknown* dialogs = nullptr)
         : StackObject(IID_ITPFHost), m_session(session), m_users(users), m_dialogs(dialogs) {}
-    HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD, IUnknown** object) override {
+    HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD number, IUnknown** object) override {
+        if (number != 1) return E_INVALIDARG;
         *object = IsEqualGUID(id, SID_SessionData)           ? m_session
                   : IsEqualGUID(id, SID_MultiUser)           ? m_users
                   : IsEqualGUID(id, CLSID_HostDialogService) ? m_dialogs

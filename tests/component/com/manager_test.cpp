@@ -2,8 +2,6 @@
 #include <new>
 #include <stdexcept>
 
-#include "framework/app.h"
-#include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/com/settings_module.h"
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "tests/component/com/component_dll.h"
@@ -62,12 +60,11 @@ TEST_F(Manager, GettersLeaveTheCallersVariablesAlone) {
 }
 
 TEST_F(Manager, WithoutServicesItSaysSoUntranslatedAndTheHostStillReadsAgain) {
-    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"translated"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{kNoManagers, L"translated"}});
     const auto manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
     EXPECT_EQ(Open(*manager.Get(), L"My caption", nullptr), -1);
     ExpectOneBox(MessageBoxCall::Kind::Info, L"My caption", kNoManagers);
     EXPECT_EQ(s_browserReads, 1);
-    qv::SetDictionary(before);
 }
 
 TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
@@ -83,16 +80,14 @@ TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
 
 // Both messages of the manager are shown as they stand, this one too.
 TEST_F(Manager, WhatIsThrownOnTheWayStaysInsideAndTheHostStillReadsAgain) {
-    const qv::Dictionary before = qv::SetDictionary({{L"No settings defined", L"translated"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{L"No settings defined", L"translated"}});
     const auto manager = CreateConnected();
     std::wstring shown;
-    const qv::MessageBoxSink sinkBefore = qv::SetMessageBoxSink([&](const MessageBoxCall& call) -> int {
+    const qvtest::ScopedMessageBoxSink sink([&](const MessageBoxCall& call) -> int {
         shown = call.text;
         throw std::bad_alloc();
     });
     EXPECT_EQ(Open(*manager.Get(), L"c", nullptr), -1);
-    qv::SetMessageBoxSink(sinkBefore);
-    qv::SetDictionary(before);
     EXPECT_EQ(shown, L"No settings defined");
     EXPECT_EQ(s_browserReads, 1);
 }
@@ -150,42 +145,21 @@ TEST_F(Manager, MenuCommandSetsScopeAndKeyForGood) {
     EXPECT_EQ(scopeAndKey().second, L"");
 }
 
-// A host that hands out whatever it was given, of the right kind or not. Lives on the stack.
-class PlainHost : public ITPFHost {
+// Acts when it is let go, once.
+class PlainHost final : public qvtest::HostStub {
 public:
-    PlainHost(IUnknown* sessionData, IUnknown* multiUser) : m_sessionData(sessionData), m_multiUser(multiUser) {}
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    using HostStub::HostStub;
     ULONG STDMETHODCALLTYPE Release() override {
-        --references;
+        const ULONG left = HostStub::Release();
         if (const auto act = std::exchange(onRelease, {})) act();
-        return references;
+        return left;
     }
-    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD number, IUnknown** object) override {
-        EXPECT_EQ(number, 1U);
-        *object = IsEqualGUID(id, SID_SessionData) ? m_sessionData : m_multiUser;
-        if (*object == nullptr) return E_FAIL;
-        (*object)->AddRef();
-        return S_OK;
-    }
-    virtual ~PlainHost() = default;
-    ULONG references = 0;
-    std::function<void()> onRelease;  // once
-
-private:
-    IUnknown* m_sessionData;
-    IUnknown* m_multiUser;
+    std::function<void()> onRelease;
 };
 
 TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
     constexpr const wchar_t* kNoSessionData = L"Can't get SessionDataManager !";
-    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
     IUnknown* const session = host.session.Get();
     IUnknown* const users = host.users.Get();
     struct Case {
@@ -225,7 +199,6 @@ TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
             ExpectOneBox(MessageBoxCall::Kind::Plain, {}, each.box);
         }
     }
-    qv::SetDictionary(before);
 }
 
 TEST_F(Manager, ReferencesAreBalanced) {
@@ -296,14 +269,9 @@ TEST_F(Manager, SurvivesBeingReleasedWhileItsDialogIsOpen) {
 }
 
 // A caller's own store: values come from it and go to it; the tree stays the host's.
-class CallersStore final : public IQVSettingsDialogDataIO {
+class CallersStore final : public qvtest::StackObject<IQVSettingsDialogDataIO> {
 public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    CallersStore() : StackObject(IID_IQVSettingsDialogDataIO) {}
     HRESULT STDMETHODCALLTYPE GetData(BSTR, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE) override {
         EXPECT_EQ(type, VT_BSTR);
         if (qv::TextOf(name) != L"name") return E_FAIL;
@@ -312,16 +280,14 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE) override {
-        written.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
+        calls.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR) override {
-        ++saves;
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR name) override {
+        calls.push_back(L"save " + qv::TextOf(name));
         return S_OK;
     }
-    ULONG references = 0;
-    int saves = 0;
-    std::vector<std::wstring> written;
+    std::vector<std::wstring> calls;
 };
 
 TEST_F(Manager, ACallersStoreTakesTheValues) {
@@ -337,16 +303,15 @@ TEST_F(Manager, ACallersStoreTakesTheValues) {
                        },
                        &store),
               IDOK);
-    EXPECT_EQ(store.written, std::vector<std::wstring>{L"common/name=back"});
-    EXPECT_EQ(store.saves, 1);
+    EXPECT_EQ(store.calls, (std::vector<std::wstring>{L"common/name=back", L"save name"}));
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
 }
 
 TEST_F(Manager, SurvivesAHostThatDropsItWhenItIsLetGo) {
     for (const bool replaced : {false, true}) {
-        PlainHost first(nullptr, nullptr);
-        PlainHost second(nullptr, nullptr);
+        PlainHost first;
+        PlainHost second;
         auto object = Create<ITPFObject>(IID_ITPFObject);
         object->SetHost(&first, &first);
         first.onRelease = [&] { object.Reset(); };
@@ -375,7 +340,7 @@ TEST_F(Manager, ABrowserSettingsReaderThatThrowsChangesNoResult) {
 
 // When the process ends the host may have gone before the component.
 TEST_F(Manager, TheModulesEndCallsNoHost) {
-    PlainHost last(nullptr, nullptr);
+    PlainHost last;
     CQVSettingsDialogApp app;
     EXPECT_TRUE(app.InitInstance());
     SetModuleHostIfEmpty(&last);
@@ -404,9 +369,8 @@ TEST_F(Manager, AWindowThatThePlatformRefusesIsReportedOnceAndTheHostStillReadsA
         const int readsBefore = s_browserReads;
         HHOOK hook = SetWindowsHookExW(WH_CBT, &RefuseOneWindow, nullptr, GetCurrentThreadId());
         g_windowsLeft = n;
-        const IdleHandler idleBefore = SetIdleHandler([&](int) { return driver.PressKey(VK_ESCAPE); });
+        const qvtest::ScopedIdleHandler leave([&](int) { return driver.PressKey(VK_ESCAPE); });
         const LONG result = Open(*manager.Get(), L"My caption", nullptr);
-        SetIdleHandler(idleBefore);
         UnhookWindowsHookEx(hook);
         EXPECT_EQ(s_browserReads, readsBefore + 1);
         EXPECT_EQ(result, driver.boxes.empty() ? IDCANCEL : -1);
@@ -452,9 +416,8 @@ TEST_F(Manager, SurvivesAHostThatDropsItOrClosesItsWindowInAnyCall) {
         }
         LONG result = -1;
         if (IQVSettingsDialogManager* plain = manager.Get()) {
-            const IdleHandler before = SetIdleHandler([&](int) { return driver.PressKey(VK_RETURN); });
+            const qvtest::ScopedIdleHandler ok([&](int) { return driver.PressKey(VK_RETURN); });
             result = Open(*plain, L"Caption", nullptr);
-            SetIdleHandler(before);
         }
         manager.Reset();
         EXPECT_EQ(CanUnloadNow(), S_OK) << "something of the dialog is left";
