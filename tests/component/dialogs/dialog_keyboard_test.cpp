@@ -172,9 +172,7 @@ TEST_F(DialogKeyboard, ArrowsStayInTheRowAndAmongTheButtons) {
 
 // The template of the modeless dialog makes three buttons the default.
 TEST_F(DialogKeyboard, TheModelessDialogMeansOkByEnter) {
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynDialogModeless dialog(constructionSet, nullptr);
     ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
     dialog.ShowWindow(SW_SHOW);
@@ -194,29 +192,21 @@ TEST_F(DialogKeyboard, TheModelessDialogMeansOkByEnter) {
 }
 
 TEST_F(DialogKeyboard, TheFourButtonDialogFramesOneToo) {
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
-    const int code = driver.Run(
-        [&] {
-            XDynDialog dialog(constructionSet, nullptr);
-            return static_cast<int>(dialog.DoModal());
-        },
-        {
-            [this] {
-                ExpectFramed(Button(IDOK));
-                for (int i = 0; i < 10; ++i) {
-                    user.Press(VK_TAB);
-                    ExpectFrameAtFocus();
-                }
-                user.Focus(Button(IDC_HELP_BUTTON));
-                ExpectFramed(Button(IDC_HELP_BUTTON));
-                user.Click(Row(L"common/name"));
-                ExpectFramed(Button(IDOK));
-            },
-            [this] { user.Press(VK_RETURN); },
-        });
-    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(ShowFree({
+                  [this] {
+                      ExpectFramed(Button(IDOK));
+                      for (int i = 0; i < 10; ++i) {
+                          user.Press(VK_TAB);
+                          ExpectFrameAtFocus();
+                      }
+                      user.Focus(Button(IDC_HELP_BUTTON));
+                      ExpectFramed(Button(IDC_HELP_BUTTON));
+                      user.Click(Row(L"common/name"));
+                      ExpectFramed(Button(IDOK));
+                  },
+                  [this] { user.Press(VK_RETURN); },
+              }),
+              IDOK);
 }
 
 }  // namespace

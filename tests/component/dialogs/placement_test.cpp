@@ -232,18 +232,10 @@ TEST_F(Placement, ARecordOfTheLargestNumbersOpensAllTheSame) {
             [this] { driver.Frame().PostMessage(WM_CLOSE); },
         });
         // On its own the dialog starts from the record itself.
-        XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                         qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                         qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        driver.Run(
-            [&] {
-                XDynDialog dialog(constructionSet, nullptr);
-                return static_cast<int>(dialog.DoModal());
-            },
-            {
-                [this] { EXPECT_GT(Dialog().GetWindowRect().Height(), 0); },
-                [this] { Dialog().PostMessage(WM_CLOSE); },
-            });
+        ShowFree({
+            [this] { EXPECT_GT(Dialog().GetWindowRect().Height(), 0); },
+            [this] { Dialog().PostMessage(WM_CLOSE); },
+        });
     }
 }
 
@@ -337,9 +329,7 @@ TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
 // Its owner may delete it without closing it first.
 TEST_F(Placement, AModelessFrameDeletedWhileItIsShownRemembersItsPlace) {
     SwitchOn();
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", constructionSet, false, nullptr);
     ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
     frame->ShowWindow(SW_SHOW);
@@ -366,9 +356,7 @@ TEST_F(Placement, TheFramesIsRememberedWhenTheDialogInItGoesByItself) {
 TEST_F(Placement, ADialogThatNeverStoodThereLeavesTheRecordAlone) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}});
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynDialogScroll frame(L"Test settings", constructionSet, true, nullptr);
     host.session->SetFault([&](const SessionCall& call) {
         if (call.operation == SessionOperation::ReadData && call.name == L"count") frame.DestroyWindow();

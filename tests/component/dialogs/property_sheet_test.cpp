@@ -45,9 +45,7 @@ TEST_F(Tabs, FirstOfTwoEntriesWithOneNumberGetsTheTab) {
 TEST_F(Tabs, PagesWithoutAnyItemShowAnEmptyRow) {
     host.DefinePage(L"1", L"One");
     host.session->Define(L"option-configuration/a/b", L"label", L"no type, no item");
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynPropertySheet sheet(L"", constructionSet, nullptr, 0);
     EXPECT_EQ(sheet.GetPageCount(), 0);
     EXPECT_TRUE(sheet.ValidateAndStore());

@@ -50,12 +50,10 @@ protected:
     Outcome Open(std::size_t refused, Refusal refusal, const ShowDialog& show) {
         driver.boxes.clear();
         host.session->ClearCalls();
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         Outcome outcome;
         std::map<std::wstring, bool> hasControl;
-        const IdleHandler before = SetIdleHandler([&](int) {
+        const qvtest::ScopedIdleHandler pressOk([&](int) {
             if (outcome.opened) return false;
             outcome.opened = true;
             outcome.windows = g_created;
@@ -83,7 +81,6 @@ protected:
         qv::Desktop::FailWindowCreation(0);
         qv::Desktop::SetWindowLimit(kUsualLimit);
         UnhookWindowsHookEx(hook);
-        SetIdleHandler(before);
 
         std::map<std::wstring, int> stored;
         for (const qv::SessionCall& call : host.session->CallsOf(SessionOperation::WriteData)) {

@@ -30,7 +30,6 @@ protected:
 
     RudeHost() : watched(host) {
         SetModuleHostIfEmpty(watched.Host());
-        m_handlerBefore = SetExceptionHandler([](const std::exception_ptr&) {});
         watched.onCall = [this](const std::wstring& call) {
             calls.push_back({call, FrameWindow() == nullptr || IsWindowVisible(FrameWindow()) == FALSE});
             if (calls.size() == m_at && m_deed) deedWasDone = m_deed();
@@ -51,10 +50,7 @@ protected:
         define(L"special/edit", L"10", L"text");
         define(L"special/beside", L"13", L"text");
     }
-    ~RudeHost() override {
-        SetExceptionHandler(m_handlerBefore);
-        ClearModuleHost();
-    }
+    ~RudeHost() override { ClearModuleHost(); }
 
     enum class Kind { InFrame, FreeModal, FreeModeless };
 
@@ -72,7 +68,7 @@ protected:
         XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
                                qv::ComPtr<ISessionDataManager>(watched.Session()),
                                qv::ComPtr<IMultiUserManager>(watched.Users()));
-        const IdleHandler before = SetIdleHandler([this](int) { return OnIdle(); });
+        const qvtest::ScopedIdleHandler walk([this](int) { return OnIdle(); });
         int result = 0;
         if (kind == Kind::InFrame) {
             XDynDialogScroll frame(L"Test settings", model, true, nullptr);
@@ -91,7 +87,6 @@ protected:
                 RunMessageLoop([&] { return dialog.IsLive(); });
             }
         }
-        SetIdleHandler(before);
         m_outermost = nullptr;
         return result;
     }
@@ -233,7 +228,7 @@ private:
     std::size_t m_step = 0;
     int m_closings = 0;
     bool m_inStep = false;
-    ExceptionHandler m_handlerBefore;
+    qvtest::ScopedExceptionHandler m_silence{[](const std::exception_ptr&) {}};
 };
 
 TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
@@ -312,17 +307,14 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
     const auto write =
         std::find_if(calls.begin(), calls.end(), [](const Call& call) { return call.name.starts_with(L"WriteData"); });
     const Deed openAnother = [this] {
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         XDynDialogScroll inner(L"Second", model, true, nullptr);
         bool done = false;
-        const IdleHandler before = SetIdleHandler([&](int) {
+        const qvtest::ScopedIdleHandler destroy([&](int) {
             done = done || Destroy(FrameWindow());
             return false;
         });
         EXPECT_EQ(inner.DoModal(), IDCANCEL);
-        SetIdleHandler(before);
         EXPECT_EQ(qv::LiveLayouts().size(), 2U) << "the pages of the first, whose calls go on";
         return done;
     };
@@ -334,9 +326,7 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
 // Not only the window but the object, by whoever has made it.
 TEST_F(RudeHost, MayDeleteAModelessFrameInsideACall) {
     for (const bool byKey : {false, true}) {
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", model, false, nullptr);
         ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
         frame->ShowWindow(SW_SHOW);

@@ -14,8 +14,12 @@ protected:
     WholeDialog();
     ~WholeDialog() override;
 
-    // A fresh construction set and frame, as the manager makes them.
+    // The model of the host's tree, as the manager makes it.
+    [[nodiscard]] XConstructionSet MakeModel() const;
+    // A fresh model and frame, as the manager makes them.
     int Show(qvtest::SettingsDriver::Steps steps);
+    // The dialog without a frame.
+    int ShowFree(qvtest::SettingsDriver::Steps steps);
     // The dialog and the sheet by their own classes, while they are shown.
     [[nodiscard]] XDynDialog& Dialog() const;
     [[nodiscard]] XDynPropertySheet& Sheet() const;
