@@ -6,10 +6,9 @@
 #include "framework/app.h"
 #include "framework/text.h"
 #include "host/libraries/browser_settings.h"
-#include "host/libraries/translation.h"
 #include "host/services/whole_file.h"
 
-SampleHostTest::SampleHostTest() : m_localeBefore(qv::SetNumberLocale({})), m_window([] {}) {
+SampleHostTest::SampleHostTest() : m_window([] {}) {
     EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
     SetProcessModuleState(m_moduleState);
     EXPECT_TRUE(m_window.CreateMain(L"Sample host"));
@@ -26,8 +25,6 @@ SampleHostTest::~SampleHostTest() {
     // Destroying the main window ended the loop that there was none of.
     MSG quit{};
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-    qv::SetDictionary({});
-    qv::SetNumberLocale(m_localeBefore);
     OleUninitialize();
 }
 

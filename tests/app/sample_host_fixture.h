@@ -13,7 +13,7 @@
 #include "app/main_window.h"
 #include "app/options.h"
 #include "framework/module_state.h"
-#include "host/libraries/numbers.h"
+#include "tests/support/recorders.h"
 #include "tests/support/temporary_folder.h"
 
 class SampleHostTest : public testing::Test {
@@ -45,6 +45,7 @@ protected:
 
 private:
     ModuleState m_moduleState{GetModuleHandleW(nullptr), nullptr};
-    qv::NumberLocale m_localeBefore;
+    qvtest::ScopedNumberLocale m_locale{{}};
+    qvtest::ScopedDictionary m_dictionary{{}};
     qv::MainWindow m_window;
 };

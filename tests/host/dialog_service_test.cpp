@@ -5,8 +5,8 @@
 #include <functional>
 #include <utility>
 
-#include "framework/app.h"
 #include "framework/controls.h"
+#include "tests/support/scoped.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ protected:
     template <class Call>
     HRESULT Run(Call&& call, std::vector<Step> steps) {
         std::size_t next = 0;
-        auto idleBefore = SetIdleHandler([&](int) {
+        const qvtest::ScopedIdleHandler walk([&](int) {
             const OpenDialog dialog;
             if (next == 0) {
                 EXPECT_NE(dialog.Window(), owner.m_hWnd);
@@ -54,7 +54,6 @@ protected:
             return true;
         });
         const HRESULT status = call();
-        SetIdleHandler(std::move(idleBefore));
         EXPECT_EQ(next, steps.size());
         EXPECT_TRUE(owner.IsWindowEnabled());
         EXPECT_EQ(::GetFocus(), before.m_hWnd) << "the focus goes back";

@@ -4,17 +4,11 @@
 
 #include <cmath>
 
+#include "tests/support/recorders.h"
+
 namespace {
 
-// Puts a locale in force for one test.
-class Numbers : public testing::Test {
-protected:
-    ~Numbers() override { qv::SetNumberLocale(m_before); }
-    static void Use(const wchar_t* decimal) { qv::SetNumberLocale({true, decimal, L" "}); }
-    qv::NumberLocale m_before = qv::GetNumberLocale();
-};
-
-TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
+TEST(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
     struct Case {
         const wchar_t* decimal;
         const wchar_t* text;
@@ -43,7 +37,7 @@ TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
         {L".", L"１", NAN},
     };
     for (const Case& c : cases) {
-        Use(c.decimal);
+        const qvtest::ScopedNumberLocale locale({true, c.decimal, L" "});
         double value = 17;
         const bool isNumber = String2Double(c.text, value);
         EXPECT_EQ(isNumber, !std::isnan(c.value)) << c.text;
@@ -51,7 +45,7 @@ TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
     }
 }
 
-TEST_F(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
+TEST(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
     struct Case {
         const wchar_t* format;
         double value;
@@ -71,7 +65,7 @@ TEST_F(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
         {L"%n", 1, nullptr},
         {L"%*g", 1, nullptr},
     };
-    Use(L",");
+    const qvtest::ScopedNumberLocale locale({true, L",", L" "});
     for (const Case& c : cases) {
         std::wstring text = L"kept";
         EXPECT_EQ(Double2String(text, c.value, c.format), c.text != nullptr) << c.format;
@@ -79,16 +73,16 @@ TEST_F(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
     }
 }
 
-TEST_F(Numbers, LocalSeparatorIsReplacedAndAnUnknownLocaleIsReported) {
+TEST(Numbers, LocalSeparatorIsReplacedAndAnUnknownLocaleIsReported) {
     std::wstring text = L"2,5;3.5,";
-    Use(L",");
+    const qvtest::ScopedNumberLocale comma({true, L",", L" "});
     EXPECT_TRUE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2.5;3.5.");
-    Use(L".");
+    const qvtest::ScopedNumberLocale point({true, L".", L" "});
     text = L"2,5";
     EXPECT_TRUE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2,5");
-    qv::SetNumberLocale({.known = false});
+    const qvtest::ScopedNumberLocale unknown({.known = false});
     EXPECT_FALSE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2,5");
     double value = 0;

@@ -9,7 +9,6 @@
 #include "framework/check_list_box.h"
 #include "framework/module_state.h"
 #include "framework/text.h"
-#include "host/libraries/translation.h"
 #include "tests/app/demo/window_checks.h"
 #include "tests/support/settings_driver.h"
 #include "tests/support/temporary_folder.h"
@@ -32,10 +31,7 @@ protected:
         m_state.resources = GetModuleHandleW(nullptr);
         SetProcessModuleState(m_state);
     }
-    ~DemoDialog() override {
-        qv::SetDictionary({});
-        OleUninitialize();
-    }
+    ~DemoDialog() override { OleUninitialize(); }
 
     // Opens the dialog, calls check with each page in front, and cancels.
     void OnEveryPage(const std::function<void(HWND page)>& check) {
@@ -65,7 +61,7 @@ protected:
 private:
     void VisitPages(const std::function<void(HWND page)>& check) {
         const int pages = static_cast<int>(driver.TabTitles().size());
-        ASSERT_EQ(pages, 8);
+        ASSERT_GT(pages, 1);
         for (int i = 0; i < pages; ++i) {
             ASSERT_TRUE(driver.SwitchPage(i));
             const CWnd* page = driver.Sheet().GetActivePage();
@@ -75,7 +71,7 @@ private:
         }
     }
 
-    qvtest::TemporaryFolder m_data;
+    TemporaryFolder m_data;
     ModuleState m_state{};
 };
 

@@ -27,6 +27,7 @@ TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
             EXPECT_EQ(driver.Shown(L"common/unit"), L"Millimetre");
             EXPECT_EQ(driver.Frame().GetWindowText(), L"Test settings");
             EXPECT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
+            EXPECT_NE(driver.Frame().SendMessage(WM_GETICON, ICON_SMALL), 0);
         },
         [this] { EXPECT_TRUE(driver.Toggle(L"common/flag")); },
         [this] { EXPECT_TRUE(driver.Type(L"common/count", L"9")); },
