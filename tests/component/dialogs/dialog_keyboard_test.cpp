@@ -153,20 +153,14 @@ TEST_F(DialogKeyboard, ArrowsStayInTheRowAndAmongTheButtons) {
     // With one page only the tabs come right behind its last row.
     host.DefineItem(L"common/last",
                     {{L"type", L"12"}, {L"label", L"Last"}, {L"pagenumber", L"1"}, {L"ordernumber", L"9"}});
-    Show({
-        [&] { stays(Row(L"common/last"), {Row(L"common/last")}); },
-        [this] { user.Press(VK_ESCAPE); },
-    });
+    InDialog([&] { stays(Row(L"common/last"), {Row(L"common/last")}); });
     DefineButtonPage();
-    Show({
-        [&] {
-            stays(Button(IDOK), {Button(IDOK), Button(IDCANCEL), Button(IDC_HELP_BUTTON), Button(IDC_DEFAULT_BUTTON)});
-            stays(Row(L"common/flag"), {Row(L"common/flag")});
-            driver.SwitchPage(1);
-            stays(Row(L"more/notes"), {Row(L"more/notes")});
-            stays(Row(L"more/colour"), {Row(L"more/colour")});
-        },
-        [this] { user.Press(VK_ESCAPE); },
+    InDialog([&] {
+        stays(Button(IDOK), {Button(IDOK), Button(IDCANCEL), Button(IDC_HELP_BUTTON), Button(IDC_DEFAULT_BUTTON)});
+        stays(Row(L"common/flag"), {Row(L"common/flag")});
+        driver.SwitchPage(1);
+        stays(Row(L"more/notes"), {Row(L"more/notes")});
+        stays(Row(L"more/colour"), {Row(L"more/colour")});
     });
 }
 

@@ -99,10 +99,7 @@ TEST_F(Placement, ASwitchThatIsNoTextIsNotStored) {
 
 TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
     PutRecord({{L"top.x", L"3"}, {L"top.y", L"4"}, {L"bottom.x", L"703"}, {L"bottom.y", L"504"}});
-    Show({
-        [this] { EXPECT_NE(driver.Frame().GetWindowRect().Width(), 700); },
-        [this] { driver.Press(IDCANCEL); },
-    });
+    InDialog([this] { EXPECT_NE(driver.Frame().GetWindowRect().Width(), 700); });
     EXPECT_TRUE(RecordCalls(SessionOperation::EnumValues).empty());
     EXPECT_TRUE(RecordCalls(SessionOperation::WriteData).empty());
 }
@@ -111,16 +108,13 @@ TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
 TEST_F(Placement, ASmallRememberedFrameOpensWithItsBeginningInView) {
     SwitchOn();
     PutRecord({{L"top.x", L"30"}, {L"top.y", L"30"}, {L"bottom.x", L"330"}, {L"bottom.y", L"230"}});
-    Show({
-        [this] {
-            const HWND view = Dialog().GetParent()->m_hWnd;
-            EXPECT_TRUE(driver.HasFocus(Dialog().GetDlgItem(IDOK)));
-            EXPECT_EQ(GetScrollPos(view, SB_VERT), 0);
-            EXPECT_EQ(GetScrollPos(view, SB_HORZ), 0);
-            driver.PressKey(VK_TAB);
-            EXPECT_GT(GetScrollPos(view, SB_VERT), 0) << "a person's step is followed";
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        const HWND view = Dialog().GetParent()->m_hWnd;
+        EXPECT_TRUE(driver.HasFocus(Dialog().GetDlgItem(IDOK)));
+        EXPECT_EQ(GetScrollPos(view, SB_VERT), 0);
+        EXPECT_EQ(GetScrollPos(view, SB_HORZ), 0);
+        driver.PressKey(VK_TAB);
+        EXPECT_GT(GetScrollPos(view, SB_VERT), 0) << "a person's step is followed";
     });
 }
 
@@ -174,24 +168,18 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
     });
     EXPECT_EQ(Recorded(L"top.x"), L"80");
     EXPECT_EQ(Recorded(L"bottom.y"), L"700");
-    Show({
-        [&] {
-            const CRect again = driver.Frame().GetWindowRect();
-            EXPECT_EQ(again.left, left.left);
-            EXPECT_EQ(again.Width(), left.Width());
-            EXPECT_EQ(again.Height(), left.Height());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        const CRect again = driver.Frame().GetWindowRect();
+        EXPECT_EQ(again.left, left.left);
+        EXPECT_EQ(again.Width(), left.Width());
+        EXPECT_EQ(again.Height(), left.Height());
     });
 }
 
 TEST_F(Placement, AMaximisedFrameReopensMaximised) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"3"}});
-    Show({
-        [this] { EXPECT_TRUE(IsZoomed(driver.Frame().m_hWnd)); },
-        [this] { driver.Press(IDCANCEL); },
-    });
+    InDialog([this] { EXPECT_TRUE(IsZoomed(driver.Frame().m_hWnd)); });
     EXPECT_EQ(Recorded(L"state"), L"3");
     EXPECT_EQ(Recorded(L"flags"), L"3");
     EXPECT_EQ(Recorded(L"top.x"), L"40");
@@ -304,15 +292,12 @@ TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
     host.session->SetFault([](const SessionCall& call) {
         return call.operation == SessionOperation::EnumValues && call.key == kRecord ? E_FAIL : S_OK;
     });
-    Show({
-        [this] {
-            const CRect frame = driver.Frame().GetWindowRect();
-            EXPECT_EQ(frame.left, 0);
-            EXPECT_EQ(frame.top, 0);
-            EXPECT_EQ(frame.Width(), 470);
-            EXPECT_EQ(frame.Height(), 360);
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        const CRect frame = driver.Frame().GetWindowRect();
+        EXPECT_EQ(frame.left, 0);
+        EXPECT_EQ(frame.top, 0);
+        EXPECT_EQ(frame.Width(), 470);
+        EXPECT_EQ(frame.Height(), 360);
     });
 }
 

@@ -58,15 +58,12 @@ TEST_F(Tabs, SpecialControlsAreNumberedByKindFrom20000OnEveryPage) {
     host.DefineItem(L"a/colour", {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"1"}});
     host.DefineItem(L"a/second", {{L"type", L"6"}, {L"label", L"Second"}, {L"pagenumber", L"1"}});
     host.DefineItem(L"a/other", {{L"type", L"6"}, {L"label", L"Other"}, {L"pagenumber", L"2"}});
-    Show({
-        [this] {
-            ASSERT_NE(driver.Control(L"a/colour"), nullptr);
-            EXPECT_EQ(driver.Control(L"a/first")->GetDlgCtrlID(), 20000);
-            EXPECT_EQ(driver.Control(L"a/second")->GetDlgCtrlID(), 20001);
-            EXPECT_EQ(driver.Control(L"a/colour")->GetDlgCtrlID(), 20002);
-            EXPECT_EQ(driver.Control(L"a/other")->GetDlgCtrlID(), 20000);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        ASSERT_NE(driver.Control(L"a/colour"), nullptr);
+        EXPECT_EQ(driver.Control(L"a/first")->GetDlgCtrlID(), 20000);
+        EXPECT_EQ(driver.Control(L"a/second")->GetDlgCtrlID(), 20001);
+        EXPECT_EQ(driver.Control(L"a/colour")->GetDlgCtrlID(), 20002);
+        EXPECT_EQ(driver.Control(L"a/other")->GetDlgCtrlID(), 20000);
     });
 }
 
@@ -76,15 +73,12 @@ TEST_F(Tabs, OnlyCheckMarksOfACheckedListAreChanges) {
     host.DefineItem(
         L"a/list",
         {{L"type", L"5"}, {L"label", L"List"}, {L"pagenumber", L"1"}, {L"value1", L"a|Apple"}, {L"value2", L"b|Pear"}});
-    Show({
-        [this] {
-            EXPECT_TRUE(driver.FocusRow(L"a/list"));
-            driver.PressKey(VK_DOWN);
-        },
-        [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.PressKey(VK_SPACE); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        EXPECT_TRUE(driver.FocusRow(L"a/list"));
+        driver.PressKey(VK_DOWN);
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        driver.PressKey(VK_SPACE);
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
@@ -107,20 +101,17 @@ protected:
 };
 
 TEST_F(TwoPages, ARefusedLastPageComesToTheFrontAndNoPageIsStored) {
-    Show({
-        [this] { driver.Type(L"a/one", L"5"); },
-        [this] { EXPECT_TRUE(driver.SwitchPage(1)); },
-        [this] { driver.Type(L"a/two", L"0"); },
-        [this] { EXPECT_TRUE(driver.SwitchPage(0)); },
-        [this] { driver.Press(IDOK); },
-        [this] {
-            EXPECT_EQ(driver.Sheet().GetActiveIndex(), 1);
-            EXPECT_EQ(driver.Sheet().GetTabControl()->GetCurSel(), 1);
-            EXPECT_TRUE(driver.HasFocus(driver.Control(L"a/two")));
-            EXPECT_EQ(driver.boxes.size(), 1U);
-            EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"a/one", L"5");
+        EXPECT_TRUE(driver.SwitchPage(1));
+        driver.Type(L"a/two", L"0");
+        EXPECT_TRUE(driver.SwitchPage(0));
+        driver.Press(IDOK);
+        EXPECT_EQ(driver.Sheet().GetActiveIndex(), 1);
+        EXPECT_EQ(driver.Sheet().GetTabControl()->GetCurSel(), 1);
+        EXPECT_TRUE(driver.HasFocus(driver.Control(L"a/two")));
+        EXPECT_EQ(driver.boxes.size(), 1U);
+        EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
     });
 }
 
@@ -138,31 +129,28 @@ TEST_F(TwoPages, SwitchingKeepsThePageInsideTheTabs) {
         driver.Sheet().ScreenToClient(rect);
         return rect;
     };
-    Show({
-        [&] {
-            const CRect first = pageRect();
-            EXPECT_TRUE(driver.SwitchPage(1));
-            const CRect second = pageRect();
-            EXPECT_EQ(first.left, second.left);
-            EXPECT_EQ(first.top, second.top);
-            EXPECT_EQ(first.Width(), second.Width());
-            EXPECT_EQ(first.Height(), second.Height());
+    InDialog([&] {
+        const CRect first = pageRect();
+        EXPECT_TRUE(driver.SwitchPage(1));
+        const CRect second = pageRect();
+        EXPECT_EQ(first.left, second.left);
+        EXPECT_EQ(first.top, second.top);
+        EXPECT_EQ(first.Width(), second.Width());
+        EXPECT_EQ(first.Height(), second.Height());
 
-            CTabCtrl& tab = *driver.Sheet().GetTabControl();
-            CRect tabRect = tab.GetWindowRect();
-            driver.Sheet().ScreenToClient(tabRect);
-            CRect item;
-            ASSERT_TRUE(tab.GetItemRect(1, item));
-            const CRect client = driver.Sheet().GetClientRect();
-            EXPECT_EQ(tabRect.Width(), client.Width() - 10);
-            EXPECT_EQ(tabRect.Height(), client.Height() - 10);
-            const int rowsHeight = tab.GetRowCount() * item.Height() + 5;
-            EXPECT_EQ(second.left, tabRect.left + 5);
-            EXPECT_EQ(second.top, tabRect.top + rowsHeight);
-            EXPECT_EQ(second.right, client.right - 10);
-            EXPECT_EQ(second.bottom, client.bottom - 10);
-        },
-        [this] { driver.Press(IDCANCEL); },
+        CTabCtrl& tab = *driver.Sheet().GetTabControl();
+        CRect tabRect = tab.GetWindowRect();
+        driver.Sheet().ScreenToClient(tabRect);
+        CRect item;
+        ASSERT_TRUE(tab.GetItemRect(1, item));
+        const CRect client = driver.Sheet().GetClientRect();
+        EXPECT_EQ(tabRect.Width(), client.Width() - 10);
+        EXPECT_EQ(tabRect.Height(), client.Height() - 10);
+        const int rowsHeight = tab.GetRowCount() * item.Height() + 5;
+        EXPECT_EQ(second.left, tabRect.left + 5);
+        EXPECT_EQ(second.top, tabRect.top + rowsHeight);
+        EXPECT_EQ(second.right, client.right - 10);
+        EXPECT_EQ(second.bottom, client.bottom - 10);
     });
 }
 
@@ -176,36 +164,30 @@ TEST_F(Tabs, RequiredWidthAfterAResizeIsTheLastLengtheningTitles) {
     DefineFlagOn(L"1", L"a/one");
     DefineFlagOn(L"2", L"a/two");
     DefineFlagOn(L"3", L"a/three");
-    Show({
-        [&] {
-            CClientDC dc(Sheet());
-            dc.SelectFont(Sheet().GetTabControl()->GetFont());
-            EXPECT_EQ(Sheet().GetRequiredWidth(), dc.GetTextExtent(chosen).cx);
-            EXPECT_LT(dc.GetTextExtent(chosen).cx, dc.GetTextExtent(longest).cx);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        CClientDC dc(Sheet());
+        dc.SelectFont(Sheet().GetTabControl()->GetFont());
+        EXPECT_EQ(Sheet().GetRequiredWidth(), dc.GetTextExtent(chosen).cx);
+        EXPECT_LT(dc.GetTextExtent(chosen).cx, dc.GetTextExtent(longest).cx);
     });
 }
 
 TEST_F(TwoPages, RequiredSizesFollowTheLargestLayout) {
-    Show({
-        [this] {
-            int width = 0;
-            int height = 0;
-            for (int i = 0; i < Sheet().GetPageCount(); ++i) {
-                auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(i));
-                width = std::max(width, page->GetMinWidth());
-                height = std::max(height, page->GetMinHeight());
-            }
-            // The titles are narrower than the pages, so the pages decide again.
-            EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
-            EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
-            CTabCtrl& tab = *Sheet().GetTabControl();
-            CRect item;
-            ASSERT_TRUE(tab.GetItemRect(0, item));
-            EXPECT_EQ(Sheet().GetRequiredHeight(), height + 50 + tab.GetRowCount() * item.Height() + 5);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        int width = 0;
+        int height = 0;
+        for (int i = 0; i < Sheet().GetPageCount(); ++i) {
+            auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(i));
+            width = std::max(width, page->GetMinWidth());
+            height = std::max(height, page->GetMinHeight());
+        }
+        // The titles are narrower than the pages, so the pages decide again.
+        EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
+        EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
+        CTabCtrl& tab = *Sheet().GetTabControl();
+        CRect item;
+        ASSERT_TRUE(tab.GetItemRect(0, item));
+        EXPECT_EQ(Sheet().GetRequiredHeight(), height + 50 + tab.GetRowCount() * item.Height() + 5);
     });
 }
 
@@ -218,19 +200,16 @@ TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
             L"", false, nullptr, false, 1, 0, 0, L"", L"", L""));
         group.columns.back()->SetControlWidth(1500, 1500);
     }
-    Show({
-        [&] {
-            auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(1));
-            ASSERT_NE(page, nullptr);
-            const int before = Sheet().GetRequiredHeight();
-            page->GetLayout().InitLayoutManager(page, {&group});
-            ASSERT_GT(page->GetMinHeight(), before);
-            for (int asked = 0; asked < 2; ++asked) {
-                EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
-                EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
-            }
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(1));
+        ASSERT_NE(page, nullptr);
+        const int before = Sheet().GetRequiredHeight();
+        page->GetLayout().InitLayoutManager(page, {&group});
+        ASSERT_GT(page->GetMinHeight(), before);
+        for (int asked = 0; asked < 2; ++asked) {
+            EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
+            EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
+        }
     });
 }
 
@@ -238,10 +217,9 @@ TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
 TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
     host.DefinePage(L"1", L"One");
     DefineFlagOn(L"1", L"a/one");
-    Show({
-        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 

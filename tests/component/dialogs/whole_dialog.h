@@ -18,6 +18,10 @@ protected:
     [[nodiscard]] XConstructionSet MakeModel() const;
     // A fresh model and frame, as the manager makes them.
     int Show(qvtest::SettingsDriver::Steps steps);
+    // Opens the framed dialog, acts in it and cancels.
+    void InDialog(std::function<void()> act) {
+        EXPECT_EQ(Show({std::move(act), [this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    }
     // The dialog without a frame.
     int ShowFree(qvtest::SettingsDriver::Steps steps);
     // The dialog and the sheet by their own classes, while they are shown.

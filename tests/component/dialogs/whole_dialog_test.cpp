@@ -112,16 +112,13 @@ TEST_F(PlainDialog, ApplyStoresStaysOpenAndWakesAgainAtTheNextChange) {
 }
 
 TEST_F(PlainDialog, TheDialogHearsOfTheFirstChangeOnly) {
-    Show({
-        [this] { driver.Type(L"common/name", L"F"); },
-        [this] {
-            // Were a second notice passed on, it would wake the button again.
-            driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->EnableWindow(false);
-            driver.Type(L"common/name", L"G");
-            driver.Toggle(L"common/flag");
-        },
-        [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"common/name", L"F");
+        // Were a second notice passed on, it would wake the button again.
+        driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->EnableWindow(false);
+        driver.Type(L"common/name", L"G");
+        driver.Toggle(L"common/flag");
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
@@ -142,12 +139,11 @@ TEST_F(PlainDialog, DefaultShowsDefaultsWakesApplyAndStoresNothingItself) {
 
 TEST_F(PlainDialog, DefaultWakesApplyEvenWhenNothingDiffers) {
     host.session->Put(SDT_userData, L"common", L"count", L"4");
-    Show({
-        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
-        [this] { driver.Press(IDC_APPLY_BUTTON); },
-        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Press(IDC_DEFAULT_BUTTON);
+        driver.Press(IDC_APPLY_BUTTON);
+        driver.Press(IDC_DEFAULT_BUTTON);
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
@@ -178,17 +174,12 @@ TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
 
 // A control that takes the focus back (a password that was not repeated, say) keeps the dialog open without a word.
 TEST_F(PlainDialog, OkStaysOpenWhenTheFocusDoesNotFollow) {
-    Show({
-        [this] {
-            EXPECT_TRUE(driver.FocusRow(L"common/name"));
-            driver.Dialog().GetDlgItem(IDOK)->EnableWindow(false);  // a disabled button cannot take the focus
-            driver.PressKey(VK_RETURN);
-        },
-        [this] {
-            ExpectNothingWritten();
-            EXPECT_TRUE(driver.boxes.empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        EXPECT_TRUE(driver.FocusRow(L"common/name"));
+        driver.Dialog().GetDlgItem(IDOK)->EnableWindow(false);  // a disabled button cannot take the focus
+        driver.PressKey(VK_RETURN);
+        ExpectNothingWritten();
+        EXPECT_TRUE(driver.boxes.empty());
     });
 }
 
@@ -217,42 +208,33 @@ TEST_F(PlainDialog, HelpIsAskedForByItsButtonAndByF1InAnyControl) {
         }
         return reads;
     };
-    Show({
-        [&] {
-            EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
-            EXPECT_EQ(asked(), 1);
-            for (const CWnd* control : {driver.Control(L"common/name"), driver.Dialog().GetDlgItem(IDOK)}) {
-                HELPINFO help{sizeof help, HELPINFO_WINDOW, control->GetDlgCtrlID(), control->m_hWnd, 0, {}};
-                control->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
-            }
-            EXPECT_EQ(asked(), 3);
-            EXPECT_TRUE(driver.boxes.empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
+        EXPECT_EQ(asked(), 1);
+        for (const CWnd* control : {driver.Control(L"common/name"), driver.Dialog().GetDlgItem(IDOK)}) {
+            HELPINFO help{sizeof help, HELPINFO_WINDOW, control->GetDlgCtrlID(), control->m_hWnd, 0, {}};
+            control->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+        }
+        EXPECT_EQ(asked(), 3);
+        EXPECT_TRUE(driver.boxes.empty());
     });
 }
 
 TEST_F(PlainDialog, CaptionsAreTranslated) {
     const qvtest::ScopedDictionary dictionary({{L"OK", L"Ja"}, {L"Apply", L"Anwenden"}, {L"Test settings", L"T"}});
-    Show({
-        [this] {
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->GetWindowText(), L"Ja");
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->GetWindowText(), L"Anwenden");
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDCANCEL)->GetWindowText(), L"Cancel");
-            EXPECT_EQ(driver.Frame().GetWindowText(), L"T");
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->GetWindowText(), L"Ja");
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->GetWindowText(), L"Anwenden");
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDCANCEL)->GetWindowText(), L"Cancel");
+        EXPECT_EQ(driver.Frame().GetWindowText(), L"T");
     });
 }
 
 TEST_F(PlainDialog, PlacementMessageWithoutARecordIsPassedOver) {
-    Show({
-        [this] {
-            const CRect before = driver.Frame().GetWindowRect();
-            EXPECT_EQ(driver.Frame().SendMessage(WM_USER + 2, 0, 0), 0);
-            EXPECT_EQ(driver.Frame().GetWindowRect().Width(), before.Width());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        const CRect before = driver.Frame().GetWindowRect();
+        EXPECT_EQ(driver.Frame().SendMessage(WM_USER + 2, 0, 0), 0);
+        EXPECT_EQ(driver.Frame().GetWindowRect().Width(), before.Width());
     });
 }
 
