@@ -66,7 +66,8 @@ TEST_F(ScriptEnd, PagesAreTurnedToByWhatTheyAreNotByTheirTitles) {
     EXPECT_EQ(Stored(L"user", "k", "b"), L"second");
 }
 
-TEST_F(ScriptEnd, WindowInFrontIsNotReachedThroughNorLeftBehind) {
+// A window in front, among others, is neither reached through nor left behind.
+TEST_F(ScriptEnd, WhatDoesNotFitTheDialogFailsInWordsAndStoresNothing) {
     WriteStationFiles();
     Expect({
         {"press person/note", L"the script ended with \"Edit text\" open; it and the dialog are cancelled"},
@@ -80,6 +81,13 @@ TEST_F(ScriptEnd, WindowInFrontIsNotReachedThroughNorLeftBehind) {
          L"line 2: \"person/note\" cannot be reached: it is hidden, greyed or behind another window"},
         {"press person/note\npress ok", kLeftOpen},
         {"press apply", L"line 1: \"apply\" is greyed"},
+        {"set person/name Ada", kLeftOpen},
+        {"press ok\nset person/name Ada", L"line 2: the dialog is closed already"},
+        {"set person/nothing 1", L"line 1: there is no item person/nothing"},
+        {"set station/mount A tree", L"line 1: station/mount has no entry \"A tree\""},
+        {"page Somewhere", L"line 1: there is no page \"Somewhere\""},
+        {"press nothing", L"line 1: there is nothing to press for \"nothing\""},
+        {"key HYPER+X", L"line 1: unknown key \"HYPER+X\""},
     });
     EXPECT_EQ(Stored(L"user", "person", "name"), L"Mira, 2,5");
 }

@@ -36,18 +36,6 @@ TEST(NestedDialogKeys, EnterAndEscapeEndWhereTheyShould) {
     });
 }
 
-TEST(NestedDialogKeys, FocusHistoryDoesNotChangeWhatEnterMeans) {
-    InFrame([](Frame& frame, Log& log, qv::User& user) {
-        // Tab makes buttons the default one on the way.
-        ASSERT_TRUE(user.Focus(frame.Item(kHelp)));
-        for (int i = 0; i < 4; ++i)
-            user.Press(VK_TAB);
-        ASSERT_TRUE(user.Focus(frame.Item(kEdit)));
-        ASSERT_TRUE(user.Press(VK_RETURN));
-        EXPECT_EQ(log.Take(), "frame ok;");
-    });
-}
-
 TEST(NestedDialogKeys, AnOpenListIsClosedFirst) {
     InFrame([](Frame& frame, Log& log, qv::User& user) {
         const struct {

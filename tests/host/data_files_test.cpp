@@ -38,11 +38,19 @@ TEST_F(DataFiles, DefinitionFileBecomesTheDefinitionTreeInItsOwnOrder) {
 
 TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
     struct Case {
-        const char* content;
+        std::string content;
         const wchar_t* message;
     };
     const Case cases[] = {
+        {"", L"is not valid JSON"},
+        {"settings = 1", L"is not valid JSON"},
+        {std::string("\xff\xfe{\0}\0", 6), L"is not valid JSON"},
+        {"{ \"o\": { \"k\": \"\xc3\x28\" } }", L"is not valid JSON"},
+        {std::string(100000, '['), L"nested too deeply"},
+        {"null", L"expected an object, found null"},
         {"[]", L"the document: expected an object, found a list"},
+        {R"({"o": {"pages": ["One"]}})", L"o/pages: expected an object, found a list"},
+        {R"({"o": {"pages": {"1": {"title": "One"}}}})", L"expected a text, found an object"},
         {R"({"o": 1})", L"o: expected an object, found a text"},
         {R"({"o": {"pages": {"1": null}}})", L"o/pages/1: expected a text, found null"},
         {R"({"o": {"k": {"n": "text"}}})", L"o/k/n: expected an object, found a text"},
@@ -55,7 +63,7 @@ TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
         qv::ScopeData definitions;
         definitions.Set(L"old", L"name", L"text");
         const std::wstring problem = qv::LoadDefinitions(File(c.content), definitions);
-        EXPECT_NE(problem.find(c.message), std::wstring::npos) << c.content << L" gives " << problem;
+        EXPECT_NE(problem.find(c.message), std::wstring::npos) << c.content.substr(0, 60) << L" gives " << problem;
         EXPECT_NE(problem.find(L"file.json"), std::wstring::npos);
         EXPECT_NE(definitions.Find(L"old", L"name"), nullptr) << "kept as it was";
     }

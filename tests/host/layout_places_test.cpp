@@ -5,7 +5,6 @@
 
 #include "framework/gdi.h"
 #include "host/libraries/layout_check_box.h"
-#include "host/libraries/search_ctrl.h"
 #include "tests/host/layout_page.h"
 
 namespace {
@@ -117,68 +116,6 @@ TEST(LayoutWidth, CombosShowTheirLongestEntryWithinReason) {
     other.Add(ComboRow(L"x", L"", {{endless, L"a", 0, nullptr}}));
     other.Show();
     EXPECT_LT(other.ControlRect(L"x").Width(), TextSize(other, endless).cx / 2);
-}
-
-// The line of text that a control shows, seen from the page; the middle of what has none of its own.
-LONG TextTop(const LayoutPage& page, const std::wstring& name) {
-    const CWnd& control = *page.layout.GetColumnControl(name);
-    HWND edit = ::FindWindowExW(control.m_hWnd, nullptr, L"EDIT", nullptr);
-    if (edit == nullptr && control.IsKindOf(CEdit::kRuntimeClass)) edit = control.m_hWnd;
-    if (edit == nullptr) return page.ControlRect(name).top + (page.ControlRect(name).Height() - LineHeight(page)) / 2;
-    RECT text{};
-    ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
-    ::MapWindowPoints(edit, page.window.m_hWnd, reinterpret_cast<POINT*>(&text), 2);
-    return text.top;
-}
-
-TEST_P(LayoutInFont, FieldsOfEveryKindHaveOneHeightAndStandOnTheLinesOfTheirPrompts) {
-    LayoutPage page(GetParam());
-    AddEveryKind(page);
-    const auto special = [&page](const wchar_t* name, CWnd& window, int height) {
-        RowSpec row = TextRow(name);
-        row.prompt = L"Special";
-        row.resizeMode = XLayout::kResizeWidth;
-        row.placeholder = &window;
-        XLayout::Column& column = page.Add(row);
-        column.SetControlWidth(100, 200);
-        column.SetControlHeight(height, height);
-    };
-    XSearchFolderCtrl chooser;
-    CEdit masked;
-    CButton button;
-    const HFONT font = page.window.GetFont();
-    ASSERT_TRUE(chooser.Create(L"C:\\", 20000, CRect(), font, &page.window));
-    ASSERT_TRUE(masked.CreateEx(WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_PASSWORD,
-                                CRect(), page.window.m_hWnd, 20001));
-    ASSERT_TRUE(button.Create(L"Press", WS_VISIBLE, CRect(), &page.window, 20002));
-    special(L"chooser", chooser, 24);
-    special(L"password", masked, 24);
-    special(L"button", button, 23);
-    page.Show();
-
-    const int height = page.ControlRect(L"text").Height();
-    for (const wchar_t* field : {L"digit", L"integer", L"double", L"combo", L"password"})
-        EXPECT_EQ(page.ControlRect(field).Height(), height) << field;
-    const CWnd* inner = CWnd::FromHandle(::FindWindowExW(chooser.m_hWnd, nullptr, L"EDIT", nullptr));
-    const CWnd* browse = CWnd::FromHandle(::FindWindowExW(chooser.m_hWnd, nullptr, L"BUTTON", nullptr));
-    EXPECT_EQ(page.RectOf(*inner).Height(), height);
-    EXPECT_EQ(page.RectOf(*browse).top, page.RectOf(*inner).top);
-    EXPECT_EQ(page.RectOf(*browse).Height(), height);
-    EXPECT_GE(page.ControlRect(L"chooser").Height(), page.Scaled(24));
-
-    const LONG step = page.PromptRect(L"integer").top - page.PromptRect(L"digit").top;
-    EXPECT_GE(step, height);
-    LONG expected = page.PromptRect(L"digit").top;
-    LONG bottom = 0;
-    for (const auto& row : page.layout.GetRows()) {
-        const std::wstring& name = row.column.name;
-        EXPECT_EQ(page.PromptRect(name).top, expected) << name;
-        EXPECT_NEAR(static_cast<double>(TextTop(page, name)), static_cast<double>(expected), name == L"button" ? 1 : 0)
-            << name;
-        EXPECT_GE(page.ControlRect(name).top, bottom) << name;
-        bottom = page.ControlRect(name).bottom;
-        expected += step;
-    }
 }
 
 TEST(LayoutCombo, ListDropsFarEnoughToChooseFrom) {

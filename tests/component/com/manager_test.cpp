@@ -350,41 +350,6 @@ TEST_F(Manager, TheModulesEndCallsNoHost) {
     EXPECT_FALSE(GetModuleHost()) << "forgotten, though not released";
 }
 
-int g_windowsLeft;
-
-LRESULT CALLBACK RefuseOneWindow(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_CREATEWND && --g_windowsLeft == 0) return 1;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
-TEST_F(Manager, AWindowThatThePlatformRefusesIsReportedOnceAndTheHostStillReadsAgain) {
-    host.DefinePlainPage();
-    const auto manager = CreateConnected();
-    // Frame, view, dialog, its five buttons, sheet and tab control; the rest costs a row at most.
-    constexpr int kIndispensable = 10;
-    int reported = 0;
-    for (int n = 1; n <= kIndispensable; ++n) {
-        SCOPED_TRACE(n);
-        driver.boxes.clear();
-        const int readsBefore = s_browserReads;
-        HHOOK hook = SetWindowsHookExW(WH_CBT, &RefuseOneWindow, nullptr, GetCurrentThreadId());
-        g_windowsLeft = n;
-        const qvtest::ScopedIdleHandler leave([&](int) { return driver.PressKey(VK_ESCAPE); });
-        const LONG result = Open(*manager.Get(), L"My caption", nullptr);
-        UnhookWindowsHookEx(hook);
-        EXPECT_EQ(s_browserReads, readsBefore + 1);
-        EXPECT_EQ(result, driver.boxes.empty() ? IDCANCEL : -1);
-        if (driver.boxes.empty()) continue;  // a window of the platform's own
-        ++reported;
-        ASSERT_EQ(driver.boxes.size(), 1U);
-        EXPECT_EQ(driver.boxes[0].kind, MessageBoxCall::Kind::Error);
-        EXPECT_EQ(driver.boxes[0].owner, nullptr);
-        EXPECT_EQ(driver.boxes[0].caption, L"My caption");
-    }
-    EXPECT_GE(reported, 5);
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
-}
-
 // A host that does the worst in each of its calls in turn, from the first service that is asked for on.
 TEST_F(Manager, SurvivesAHostThatDropsItOrClosesItsWindowInAnyCall) {
     host.DefinePlainPage();

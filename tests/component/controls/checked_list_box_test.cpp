@@ -112,11 +112,4 @@ TEST_F(CheckedList, ReadOnlyShowsTicksOnDisabledEntries) {
     EXPECT_EQ(Ticked(), TextList{L"Beta"});
 }
 
-TEST_F(CheckedList, TheObjectTakesItsWindowAlong) {
-    Show(*list);
-    const HWND window = list->m_hWnd;
-    list.reset();
-    EXPECT_FALSE(::IsWindow(window));
-}
-
 }  // namespace
