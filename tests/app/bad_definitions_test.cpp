@@ -62,13 +62,12 @@ TEST_F(BadDefinitions, TreesWithNothingToShowAreToldInABox) {
 
 TEST_F(BadDefinitions, OddTreesStillOpen) {
     const std::string longText(100000, 'x');
-    struct Case {
+    const struct {
         const char* name;
         std::string content;
         std::size_t pages;
         std::size_t rows;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"item on a page without a title",
          Tree(
              R"("pages": { "1": "One" }, "k": { "n": { "type": 3, "pagenumber": 7 }, "m": { "type": 3, "pagenumber": 1 } })"),
@@ -88,7 +87,7 @@ TEST_F(BadDefinitions, OddTreesStillOpen) {
          1, 1},
         {"bounds the wrong way round", Item(R"("type": 2, "lowerbound": 9, "upperbound": 1, "default": "nan")"), 1, 1},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         folder.Write(L"definitions.json", each.content);
         Run(DumpAction() + "press cancel");
@@ -111,12 +110,11 @@ TEST_F(BadDefinitions, ProgramEndsWithItsExitStatus) {
     const auto with = [&](const std::string& definitions, const std::string& script) {
         return "--definitions " + at + definitions + " --data " + at + " --script " + at + script;
     };
-    struct Case {
+    const struct {
         std::string arguments;
         int status;
         const char* error;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {with("definitions.json", "ok.script"), kDone, ""},
         {with("broken.json", "ok.script"), kUnusableFile, "is not valid JSON"},
         {with("nowhere.json", "ok.script"), kUnusableFile, "there is no such file"},
@@ -126,7 +124,7 @@ TEST_F(BadDefinitions, ProgramEndsWithItsExitStatus) {
         {with("bare.json", "page.script"), kFailed, "line 1: there is no page \"0\""},
         {"--definitions x", kWrongCommandLine, "are needed"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.arguments);
         std::string errors;
         EXPECT_EQ(RunProgram(each.arguments, errors), each.status);

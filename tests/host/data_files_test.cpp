@@ -37,11 +37,10 @@ TEST_F(DataFiles, DefinitionFileBecomesTheDefinitionTreeInItsOwnOrder) {
 }
 
 TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
-    struct Case {
+    const struct {
         std::string content;
         const wchar_t* message;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", L"is not valid JSON"},
         {"settings = 1", L"is not valid JSON"},
         {std::string("\xff\xfe{\0}\0", 6), L"is not valid JSON"},
@@ -59,7 +58,7 @@ TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
         {"{\n\n  \"o\": {,", L"line 3, column 9"},
         {"{} {}", L"line 1, column 4"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         qv::ScopeData definitions;
         definitions.Set(L"old", L"name", L"text");
         const std::wstring problem = qv::LoadDefinitions(File(c.content), definitions);

@@ -120,21 +120,20 @@ TEST_F(DialogServiceTest, EscapeLeavesTheCallersTextAlone) {
 }
 
 TEST_F(DialogServiceTest, TheChosenEntryComesFirst) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring text;
         LONG number;
         bool goesDown;
         std::wstring expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"the one that was selected", L"a|b|c", 1, false, L"b|a|c"},
         {"the next", L"a|b|c", 1, true, L"c|a|b"},
         {"lines", L"a\r\nb\nc", 2, false, L"c|a|b"},
         {"number past the end", L"a|b", 7, false, L"a|b"},
         {"negative number", L"a|b", -1, false, L"a|b"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qv::Bstr value(each.text);
         std::vector<Step> steps;

@@ -59,13 +59,12 @@ TEST_F(SessionFiles, LoadingAgainSeesOtherProgramsSavesAndKeepsOwnWrites) {
 }
 
 TEST_F(SessionFiles, DamagedFileIsKeptAsideAndReportedAndOthersAreUntouched) {
-    struct Case {
+    const struct {
         const char* name;
         const char* content;
         const wchar_t* reported;           // part of the message
         std::optional<std::wstring> kept;  // what is left of common/a
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"cut off", "{\n \"common\": { \"a\": \"1\"", L"line 2", std::nullopt},
         {"empty", "", L"line 1", std::nullopt},
         {"a list", "[1]", L"a list", std::nullopt},
@@ -77,7 +76,7 @@ TEST_F(SessionFiles, DamagedFileIsKeptAsideAndReportedAndOthersAreUntouched) {
          L"nested", std::nullopt},
     };
     int damaged = 0;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         m_problems.clear();
         m_folder.Write(L"user.json", c.content);
         m_folder.Write(L"machine.json", "{\"common\": {\"m\": \"2\"}}");

@@ -20,12 +20,7 @@ int LineHeight(const LayoutPage& page) {
 }
 
 RowSpec Row(const wchar_t* name, int dataType, int controlType, int limit, const wchar_t* prompt) {
-    RowSpec spec = TextRow(name);
-    spec.dataType = dataType;
-    spec.controlType = controlType;
-    spec.limit = limit;
-    spec.prompt = prompt;
-    return spec;
+    return {.name = name, .dataType = dataType, .controlType = controlType, .prompt = prompt, .limit = limit};
 }
 
 // One row of every kind that the layout makes itself.
@@ -147,10 +142,8 @@ protected:
         for (std::size_t i = 0; i < std::size(kSpecs); ++i) {
             const Spec& spec = kSpecs[i];
             ASSERT_TRUE(m_windows[i].CreateEx(0, nullptr, L"", WS_CHILD, CRect(), m_page.window.m_hWnd, 20000 + i));
-            RowSpec row = TextRow(spec.name);
-            row.resizeMode = spec.mode;
-            row.placeholder = &m_windows[i];
-            XLayout::Column& column = m_page.Add(row);
+            XLayout::Column& column =
+                m_page.Add({.name = spec.name, .resizeMode = spec.mode, .placeholder = &m_windows[i]});
             column.SetControlWidth(spec.minWidth, spec.maxWidth);
             column.SetControlHeight(spec.minHeight, spec.maxHeight);
         }
@@ -244,51 +237,6 @@ TEST(LayoutGrowthFlags, PageOfOrdinaryRowsDoesNotGrow) {
     empty.Show();
     EXPECT_EQ(empty.layout.GetMinWidth(), 0);
     EXPECT_EQ(empty.layout.GetMinHeight(), 0);
-}
-
-TEST(LayoutTabOrder, GoesDownThePageWithEveryPromptRightBeforeItsControl) {
-    LayoutPage page;
-    // Special controls are there before the layout, in an order of their own; one is a container of stops.
-    CButton late, early;
-    CWnd container;
-    CEdit inside;
-    ASSERT_TRUE(late.Create(L"", 0, CRect(), &page.window, 20000));
-    ASSERT_TRUE(container.CreateEx(WS_EX_CONTROLPARENT, nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(),
-                                   page.window.m_hWnd, 20001));
-    ASSERT_TRUE(inside.Create(WS_VISIBLE | WS_TABSTOP, CRect(), &container, 1));
-    ASSERT_TRUE(early.Create(L"", 0, CRect(), &page.window, 20002));
-    const auto special = [&](const wchar_t* name, int order, CWnd* window) {
-        RowSpec spec = TextRow(name, order);
-        spec.placeholder = window;
-        page.Add(spec);
-    };
-    page.Add(TextRow(L"third", 3));
-    special(L"last", 9, &late);
-    page.Add(TextRow(L"first", 1));
-    special(L"second", 2, &early);
-    special(L"fifth", 5, &container);
-    RowSpec off = TextRow(L"fourth", 4);
-    off.disabled = true;
-    page.Add(off);
-    page.Add(CheckRow(L"sixth", L"1")).order = 6;
-    page.Show();
-
-    for (const XLayout::RowView& row : page.layout.GetRows()) {
-        ASSERT_NE(row.prompt, nullptr);
-        ASSERT_NE(row.control, nullptr);
-        EXPECT_EQ(::GetWindow(row.prompt->m_hWnd, GW_HWNDNEXT), row.control->m_hWnd) << row.column.name;
-    }
-    HWND stop = nullptr;
-    const std::vector<HWND> expected{page.layout.GetColumnControl(L"first")->m_hWnd, early.m_hWnd,
-                                     page.layout.GetColumnControl(L"third")->m_hWnd, inside.m_hWnd,
-                                     page.layout.GetColumnControl(L"sixth")->m_hWnd, late.m_hWnd};
-    std::vector<HWND> stops;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        stop = ::GetNextDlgTabItem(page.window.m_hWnd, stop, FALSE);
-        stops.push_back(stop);
-    }
-    EXPECT_EQ(stops, expected);
-    EXPECT_EQ(::GetNextDlgTabItem(page.window.m_hWnd, stop, FALSE), expected.front()) << "and round again";
 }
 
 }  // namespace

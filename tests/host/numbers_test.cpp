@@ -9,12 +9,11 @@
 namespace {
 
 TEST(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
-    struct Case {
+    const struct {
         const wchar_t* decimal;
         const wchar_t* text;
         double value;  // NaN: refused
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L".", L"2.5", 2.5},
         {L".", L"2,5", NAN},
         {L",", L"2,5", 2.5},
@@ -36,7 +35,7 @@ TEST(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
         {L".", L"1.7976931348623157e308", 1.7976931348623157e308},
         {L".", L"１", NAN},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const qvtest::ScopedNumberLocale locale({true, c.decimal, L" "});
         double value = 17;
         const bool isNumber = String2Double(c.text, value);
@@ -46,12 +45,11 @@ TEST(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
 }
 
 TEST(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
-    struct Case {
+    const struct {
         const wchar_t* format;
         double value;
         const wchar_t* text;  // null: the format is refused
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"%g", 0.1, L"0.1"},
         {L"%f", 3.14, L"3.140000"},
         {L"%5.2e", 1004, L"1.00e+03"},
@@ -66,7 +64,7 @@ TEST(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
         {L"%*g", 1, nullptr},
     };
     const qvtest::ScopedNumberLocale locale({true, L",", L" "});
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         std::wstring text = L"kept";
         EXPECT_EQ(Double2String(text, c.value, c.format), c.text != nullptr) << c.format;
         EXPECT_EQ(text, c.text != nullptr ? c.text : L"kept");

@@ -101,19 +101,18 @@ TEST_F(Manager, AHostWithoutBrowserSettingsIsLeftAlone) {
 
 TEST_F(Manager, MenuCommandIsKnownByItsWholeNameWithoutCase) {
     const auto command = Create<ITPFMenuCommand>(IID_ITPFMenuCommand);
-    struct Case {
+    const struct {
         const wchar_t* name;
         HRESULT expected;
         std::size_t boxes;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"tools/settings/change...", S_OK, 1},
         {L"TOOLS/Settings/CHANGE...", S_OK, 1},
         {L"tools/settings/change", S_FALSE, 0},
         {L"tools/settings/change... ", S_FALSE, 0},
         {L"", S_FALSE, 0},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         driver.boxes.clear();
         DWORD state = 5;
         EXPECT_EQ(command->QueryCommandState(each.name, &state), each.expected);
@@ -162,15 +161,14 @@ TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
     const qvtest::ScopedDictionary dictionary(qv::Dictionary{{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
     IUnknown* const session = host.session.Get();
     IUnknown* const users = host.users.Get();
-    struct Case {
+    const struct {
         const char* name;
         IUnknown* sessionData;
         IUnknown* multiUser;
         bool hasHost;
         HRESULT expected;
         const wchar_t* box;  // null: none
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"both", session, users, true, S_OK, nullptr},
         {"no session data: found out later", nullptr, users, true, S_OK, nullptr},
         {"no users", session, nullptr, true, E_FAIL, L"neither"},
@@ -179,7 +177,7 @@ TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
         {"session data of another kind", users, users, true, E_FAIL, L"no data"},
         {"no host", session, users, false, E_FAIL, L"neither"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         driver.boxes.clear();
         PlainHost offers(each.sessionData, each.multiUser);

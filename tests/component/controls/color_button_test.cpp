@@ -19,13 +19,12 @@ protected:
 };
 
 TEST_F(ColorButton, ReadsLeadingDigitsAndWritesAnUnsignedNumber) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring text;
         COLORREF color;
         std::wstring written;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"red", L"255", RGB(255, 0, 0), L"255"},
         {"blue", L"16711680", RGB(0, 0, 255), L"16711680"},
         {"empty is black", L"", 0, L"0"},
@@ -35,7 +34,7 @@ TEST_F(ColorButton, ReadsLeadingDigitsAndWritesAnUnsignedNumber) {
         {"past the signed range", L"4294967295", 0x7FFFFFFF, L"2147483647"},
     };
     Show(button);
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         button.SetInitValue(each.text);
         button.ShowInitValue();

@@ -110,15 +110,14 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
     const Behaviour succeedsOddly{S_FALSE, true, L"new"};
     const Behaviour fails{E_FAIL, false, {}};
     const Behaviour failsWithText{E_FAIL, true, L"new"};
-    struct Case {
+    const struct {
         const char* name;
         unsigned type;
         Behaviour behaviour;
         std::wstring value;
         std::wstring expected;
         std::wstring operation;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"10 text", 10, returnsText, L"old", L"new", L"edit"},
         {"10 text for an empty value", 10, returnsText, L"", L"new", L"edit"},
         {"10 success that is not S_OK", 10, succeedsOddly, L"old", L"new", L"edit"},
@@ -139,7 +138,7 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
         {"another type empties the value", 9, returnsText, L"old", L"", L""},
         {"another type empties the value", 14, returnsText, L"old", L"", L""},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         service.behaviour = each.behaviour;
         service.operation.clear();
@@ -160,21 +159,20 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
 }
 
 TEST_F(DialogButton, WithoutAServiceAClickChangesNothing) {
-    struct Case {
+    const struct {
         const char* name;
         HRESULT status;
         bool hasObject;
         bool hasInterface;
         bool hasHost;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"no host", S_OK, true, true, false},
         {"creation fails", E_FAIL, false, true, true},
         {"creation fails but leaves an object", E_FAIL, true, true, true},
         {"no object", S_OK, false, true, true},
         {"no such interface", S_OK, true, false, true},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         FakeService other(each.hasInterface);
         host.service = each.hasObject ? &other : nullptr;

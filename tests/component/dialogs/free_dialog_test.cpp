@@ -56,19 +56,18 @@ TEST_F(FreeDialog, ItReopensAtItsStoredPlaceButNoSmallerThanItsSheet) {
 }
 
 TEST_F(FreeDialog, TheModelessOneDestroysItselfAlsoAfterARefusedOk) {
-    struct Case {
+    const struct {
         const char* name;
         const wchar_t* count;
         int button;
         std::size_t boxes;
         const wchar_t* stored;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Cancel", L"5", IDCANCEL, 0, L"7"},
         {"refused OK", L"11", IDOK, 1, L"7"},
         {"OK", L"6", IDOK, 0, L"6"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         driver.boxes.clear();
         XConstructionSet fresh = MakeModel();

@@ -39,13 +39,12 @@ protected:
 };
 
 TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
-    struct Case {
+    const struct {
         const char* name;
         const wchar_t* stored;  // null: none
         const wchar_t* defaultText;
         bool on;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"nothing", nullptr, nullptr, false},
         {"stored 1", L"1", nullptr, true},
         {"stored 0 beats default 1", L"0", L"1", false},
@@ -57,7 +56,7 @@ TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
         {"empty", L"", L"1", false},
         {"rounded", L"1.2", nullptr, true},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qvtest::TestHost fresh;
         if (each.stored != nullptr) fresh.session->Put(SDT_userData, L"common", L"configdialoginit", each.stored);
@@ -119,13 +118,12 @@ TEST_F(Placement, ASmallRememberedFrameOpensWithItsBeginningInView) {
 }
 
 TEST_F(Placement, RecordIsReadFieldByField) {
-    struct Case {
+    const struct {
         const char* name;
         std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> values;
         RECT rect;
         UINT state;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"empty record", {}, {0, 0, 470, 360}, 1},
         {"all",
          {{L"top.x", L"1"}, {L"top.y", L"2"}, {L"bottom.x", L"3"}, {L"bottom.y", L"4"}, {L"state", L"3"}},
@@ -135,7 +133,7 @@ TEST_F(Placement, RecordIsReadFieldByField) {
         {"no numbers count as 0, digits lead", {{L"bottom.x", L"wide"}, {L"top.y", L" 12abc"}}, {0, 12, 0, 360}, 1},
         {"unknown names are passed over", {{L"left", L"9"}, {L"top", L"9"}}, {0, 0, 470, 360}, 1},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qvtest::TestHost fresh;
         for (const auto& [name, text] : each.values)
@@ -154,7 +152,7 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"1"}});
     CRect left;
-    Show({
+    InDialog(
         [&] {
             const CRect frame = driver.Frame().GetWindowRect();
             EXPECT_EQ(frame.left, 40);
@@ -164,8 +162,7 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
             driver.Frame().MoveWindow(80, 60, 860, 640);
             left = driver.Frame().GetWindowRect();
         },
-        [this] { driver.Press(IDOK); },
-    });
+        IDOK);
     EXPECT_EQ(Recorded(L"top.x"), L"80");
     EXPECT_EQ(Recorded(L"bottom.y"), L"700");
     InDialog([&] {
@@ -303,10 +300,7 @@ TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
 
 TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
     host.DefineItem(L"common/configdialoginit", {{L"type", L"0"}, {L"label", L"Remember"}, {L"pagenumber", L"1"}});
-    Show({
-        [this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); },
-        [this] { driver.Press(IDOK); },
-    });
+    InDialog([this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); }, IDOK);
     EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 20U);
     EXPECT_NE(Recorded(L"top.x"), L"(none)");
 }

@@ -14,10 +14,7 @@ protected:
         host.DefineItem(itemKey, {{L"type", L"0"}, {L"label", L"x"}, {L"pagenumber", page}});
     }
     void ShowAndExpect(const std::vector<std::wstring>& titles) {
-        Show({
-            [&] { EXPECT_EQ(driver.TabTitles(), titles); },
-            [this] { driver.Press(IDCANCEL); },
-        });
+        InDialog([&] { EXPECT_EQ(driver.TabTitles(), titles); });
     }
 };
 

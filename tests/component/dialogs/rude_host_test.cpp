@@ -233,12 +233,11 @@ private:
 
 TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
     CWnd owner;
-    struct Case {
+    const struct {
         const char* name;
         Deed deed;
         int whileLoading;  // the result; -1 comes with a message
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"frame", [this] { return Destroy(FrameWindow()); }, IDCANCEL},
         {"the frame's owner", [&] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); }, IDCANCEL},
         {"view", [this] { return Destroy(ViewWindow()); }, -1},
@@ -247,7 +246,7 @@ TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
     };
     const std::vector<std::size_t> places = Places();
     const std::vector<Call> cleanCalls = calls;
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         for (const std::size_t place : SomeOf(places, &each - cases)) {
             SCOPED_TRACE(std::string(each.name) + " in call " + std::to_string(place));
             if (!owner.IsLive()) {

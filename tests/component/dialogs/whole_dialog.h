@@ -18,9 +18,9 @@ protected:
     [[nodiscard]] XConstructionSet MakeModel() const;
     // A fresh model and frame, as the manager makes them.
     int Show(qvtest::SettingsDriver::Steps steps);
-    // Opens the framed dialog, acts in it and cancels.
-    void InDialog(std::function<void()> act) {
-        EXPECT_EQ(Show({std::move(act), [this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    // Opens the framed dialog, acts in it and presses the button that ends it.
+    void InDialog(std::function<void()> act, int end = IDCANCEL) {
+        EXPECT_EQ(Show({std::move(act), [this, end] { driver.Press(end); }}), end);
     }
     // The dialog without a frame.
     int ShowFree(qvtest::SettingsDriver::Steps steps);

@@ -18,7 +18,7 @@ protected:
 };
 
 TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
-    const int code = Show({
+    InDialog(
         [this] {
             EXPECT_EQ(driver.TabTitles(), std::vector<std::wstring>{L"General"});
             EXPECT_EQ(driver.Shown(L"common/flag"), L"0");
@@ -28,15 +28,13 @@ TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
             EXPECT_EQ(driver.Frame().GetWindowText(), L"Test settings");
             EXPECT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
             EXPECT_NE(driver.Frame().SendMessage(WM_GETICON, ICON_SMALL), 0);
+            EXPECT_TRUE(driver.Toggle(L"common/flag"));
+            EXPECT_TRUE(driver.Type(L"common/count", L"9"));
+            EXPECT_TRUE(driver.Type(L"common/ratio", L"2.25"));
+            EXPECT_TRUE(driver.Type(L"common/name", L"Berta"));
+            EXPECT_TRUE(driver.Choose(L"common/unit", 1));
         },
-        [this] { EXPECT_TRUE(driver.Toggle(L"common/flag")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/count", L"9")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/ratio", L"2.25")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Berta")); },
-        [this] { EXPECT_TRUE(driver.Choose(L"common/unit", 1)); },
-        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/flag"), L"1");
     EXPECT_EQ(host.Stored(L"common/count"), L"9");
     EXPECT_EQ(host.Stored(L"common/ratio"), L"2.25");
@@ -47,11 +45,10 @@ TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
 
 // Each way out without OK: the code is Cancel's, and whatever was typed is gone.
 TEST_F(PlainDialog, LeavingWithoutOkWritesNothing) {
-    struct Case {
+    const struct {
         const char* name;
         std::function<void()> leave;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Cancel", [this] { driver.Press(IDCANCEL); }},
         {"Escape", [this] { driver.PressKey(VK_ESCAPE); }},
         {"close box", [this] { driver.Frame().PostMessage(WM_CLOSE); }},
@@ -61,7 +58,7 @@ TEST_F(PlainDialog, LeavingWithoutOkWritesNothing) {
              driver.PressKey(VK_RETURN);
          }},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const int code = Show({[this] { EXPECT_TRUE(driver.Type(L"common/name", L"Zoe")); }, each.leave});
         EXPECT_EQ(code, IDCANCEL);
@@ -71,43 +68,37 @@ TEST_F(PlainDialog, LeavingWithoutOkWritesNothing) {
 
 // One change of each kind wakes Apply.
 TEST_F(PlainDialog, EveryKindOfChangeEnablesApply) {
-    struct Case {
+    const struct {
         const char* name;
         std::function<bool()> change;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"check box", [this] { return driver.Toggle(L"common/flag"); }},
         {"edit", [this] { return driver.Type(L"common/name", L"x"); }},
         {"combo box", [this] { return driver.Choose(L"common/unit", 1); }},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        Show({
-            [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-            [&] { EXPECT_TRUE(each.change()); },
-            [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-            [this] { driver.Press(IDCANCEL); },
+        InDialog([&] {
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            EXPECT_TRUE(each.change());
+            EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
         });
     }
 }
 
 TEST_F(PlainDialog, ApplyStoresStaysOpenAndWakesAgainAtTheNextChange) {
-    const int code = Show({
-        [this] { driver.Type(L"common/name", L"Dora"); },
-        [this] { EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON)); },
-        [this] {
-            EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
-            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-            host.session->ClearCalls();
-            // What is not modified is not applied, even if someone gets at the button.
-            driver.Dialog().SendMessage(WM_COMMAND, MAKEWPARAM(IDC_APPLY_BUTTON, BN_CLICKED));
-            ExpectNothingWritten();
-        },
-        [this] { driver.Type(L"common/name", L"Elsa"); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"common/name", L"Dora");
+        EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+        EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        host.session->ClearCalls();
+        // What is not modified is not applied, even if someone gets at the button.
+        driver.Dialog().SendMessage(WM_COMMAND, MAKEWPARAM(IDC_APPLY_BUTTON, BN_CLICKED));
+        ExpectNothingWritten();
+        driver.Type(L"common/name", L"Elsa");
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
-    EXPECT_EQ(code, IDCANCEL);
     EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
 }
 
@@ -123,17 +114,15 @@ TEST_F(PlainDialog, TheDialogHearsOfTheFirstChangeOnly) {
 }
 
 TEST_F(PlainDialog, DefaultShowsDefaultsWakesApplyAndStoresNothingItself) {
-    const int code = Show({
-        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
+    InDialog(
         [this] {
+            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
             EXPECT_EQ(driver.Shown(L"common/count"), L"4");
             EXPECT_EQ(driver.Shown(L"common/name"), L"Anna");  // has no default
             EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
             ExpectNothingWritten();
         },
-        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/count"), L"4");
 }
 
@@ -148,10 +137,10 @@ TEST_F(PlainDialog, DefaultWakesApplyEvenWhenNothingDiffers) {
 }
 
 TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
-    const int code = Show({
-        [this] { driver.Type(L"common/count", L"11"); },
-        [this] { driver.Press(IDOK); },
+    InDialog(
         [this] {
+            driver.Type(L"common/count", L"11");
+            driver.Press(IDOK);
             ASSERT_EQ(driver.boxes.size(), 1U);
             EXPECT_EQ(driver.boxes[0].caption, L"Count");
             EXPECT_EQ(driver.boxes[0].owner, driver.Dialog().GetSafeHwnd());
@@ -164,11 +153,9 @@ TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
             EXPECT_EQ(start, 0);
             EXPECT_EQ(end, 2);
             ExpectNothingWritten();
+            driver.Type(L"common/count", L"10");
         },
-        [this] { driver.Type(L"common/count", L"10"); },
-        [this] { driver.Press(IDOK); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/count"), L"10");
 }
 
