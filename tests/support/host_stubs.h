@@ -33,30 +33,40 @@ private:
     const IID& m_iid;
 };
 
-// Passes every call on.
+// Passes every call on, after a word about it.
 class SessionStub : public StackObject<ISessionDataManager> {
 public:
     // behind: null for a session that overrides whatever is called.
     explicit SessionStub(ISessionDataManager* behind = nullptr)
         : StackObject(IID_ISessionDataManager), m_behind(behind) {}
+    // The operation's name, and key and value name where it has them, else null.
+    virtual void OnCall(const wchar_t* /*operation*/, BSTR /*key*/, BSTR /*name*/) {}
     HRESULT STDMETHODCALLTYPE EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names,
                                           SESSIONDATATYPE scope) override {
+        OnCall(L"EnumSubKeys", key, nullptr);
         return m_behind->EnumSubKeys(key, flag, count, names, scope);
     }
     HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) override {
+        OnCall(L"SaveData", key, name);
         return m_behind->SaveData(scope, key, name);
     }
     HRESULT STDMETHODCALLTYPE ReadData(BSTR key, BSTR name, USHORT type, VARIANT* value,
                                        SESSIONDATATYPE scope) override {
+        OnCall(L"ReadData", key, name);
         return m_behind->ReadData(key, name, type, value, scope);
     }
     HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) override {
+        OnCall(L"WriteData", key, name);
         return m_behind->WriteData(key, name, value, scope);
     }
     HRESULT STDMETHODCALLTYPE EnumValues(BSTR key, ULONG* count, BSTR** pairs, SESSIONDATATYPE scope) override {
+        OnCall(L"EnumValues", key, nullptr);
         return m_behind->EnumValues(key, count, pairs, scope);
     }
-    HRESULT STDMETHODCALLTYPE LoadData(SESSIONDATATYPE scope) override { return m_behind->LoadData(scope); }
+    HRESULT STDMETHODCALLTYPE LoadData(SESSIONDATATYPE scope) override {
+        OnCall(L"LoadData", nullptr, nullptr);
+        return m_behind->LoadData(scope);
+    }
     HRESULT STDMETHODCALLTYPE Reserved1() final { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved2() final { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Reserved4() final { return E_NOTIMPL; }

@@ -22,23 +22,27 @@ void TestHost::DefineItem(std::wstring_view itemKey, Attributes attributes) {
         session->Define(key, name, text);
 }
 
+void TestHost::DefineItem(std::wstring_view itemKey, int type, int page, Attributes attributes) {
+    DefineItem(itemKey, {{L"type", std::to_wstring(type)},
+                         {L"label", itemKey.substr(itemKey.rfind(L'/') + 1)},
+                         {L"pagenumber", std::to_wstring(page)}});
+    DefineItem(itemKey, attributes);
+}
+
 void TestHost::DefinePlainPage() {
     DefinePage(L"1", L"General");
-    int order = 0;
-    const auto define = [&](std::wstring_view name, std::wstring_view label, std::wstring_view type,
-                            std::wstring_view stored, Attributes own = {}) {
-        const std::wstring itemKey = L"common/" + std::wstring(name);
-        DefineItem(
-            itemKey,
-            {{L"type", type}, {L"label", label}, {L"pagenumber", L"1"}, {L"ordernumber", std::to_wstring(++order)}});
+    const auto define = [this](const wchar_t* name, const wchar_t* label, int type, const wchar_t* stored,
+                               Attributes own = {}) {
+        const std::wstring itemKey = std::wstring(L"common/") + name;
+        DefineItem(itemKey, type, 1, {{L"label", label}, {L"ordernumber", std::to_wstring(type)}});
         DefineItem(itemKey, own);
         session->Put(SDT_userData, L"common", name, stored);
     };
-    define(L"flag", L"Flag", L"0", L"0");
-    define(L"count", L"Count", L"1", L"7", {{L"default", L"4"}, {L"lowerbound", L"0"}, {L"upperbound", L"10"}});
-    define(L"ratio", L"Ratio", L"2", L"1.5", {{L"default", L"2"}, {L"lowerbound", L"0.5"}, {L"upperbound", L"2.5"}});
-    define(L"name", L"Name", L"3", L"Anna");
-    define(L"unit", L"Unit", L"4", L"mm", {{L"value1", L"mm|Millimetre"}, {L"value2", L"cm|Centimetre"}});
+    define(L"flag", L"Flag", 0, L"0");
+    define(L"count", L"Count", 1, L"7", {{L"default", L"4"}, {L"lowerbound", L"0"}, {L"upperbound", L"10"}});
+    define(L"ratio", L"Ratio", 2, L"1.5", {{L"default", L"2"}, {L"lowerbound", L"0.5"}, {L"upperbound", L"2.5"}});
+    define(L"name", L"Name", 3, L"Anna");
+    define(L"unit", L"Unit", 4, L"mm", {{L"value1", L"mm|Millimetre"}, {L"value2", L"cm|Centimetre"}});
 }
 
 std::wstring TestHost::Stored(std::wstring_view itemKey) const {

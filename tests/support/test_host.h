@@ -22,6 +22,8 @@ public:
     void DefinePage(std::wstring_view number, std::wstring_view title);
     // itemKey: key/name below the option key. "globaldata" 0 (the user's data) is added.
     void DefineItem(std::wstring_view itemKey, Attributes attributes);
+    // Its label is its name, unless the attributes say another.
+    void DefineItem(std::wstring_view itemKey, int type, int page, Attributes attributes = {});
     // One page with an item of each plain kind: flag (boolean), count (integer 0 to 10, default 4), ratio (floating
     // point 0.5 to 2.5, default 2), name (text), unit (list mm, cm), all under key "common", all stored.
     void DefinePlainPage();

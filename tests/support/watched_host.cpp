@@ -3,41 +3,15 @@
 namespace qvtest {
 namespace {
 
-std::wstring Named(const wchar_t* operation, BSTR key, BSTR name = nullptr) {
-    return std::wstring(operation) + L" " + qv::TextOf(key) + (name != nullptr ? L"/" + qv::TextOf(name) : L"");
+std::wstring Named(const std::wstring& operation, BSTR key, BSTR name = nullptr) {
+    return operation + (key != nullptr ? L" " + qv::TextOf(key) : L"") +
+           (name != nullptr ? L"/" + qv::TextOf(name) : L"");
 }
 
 }  // namespace
 
-HRESULT WatchedHost::WatchedSession::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names,
-                                                 SESSIONDATATYPE scope) {
-    m_host.Tell(Named(L"EnumSubKeys", key));
-    return SessionStub::EnumSubKeys(key, flag, count, names, scope);
-}
-
-HRESULT WatchedHost::WatchedSession::SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) {
-    m_host.Tell(Named(L"SaveData", key, name));
-    return SessionStub::SaveData(scope, key, name);
-}
-
-HRESULT WatchedHost::WatchedSession::ReadData(BSTR key, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE scope) {
-    m_host.Tell(Named(L"ReadData", key, name));
-    return SessionStub::ReadData(key, name, type, value, scope);
-}
-
-HRESULT WatchedHost::WatchedSession::WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) {
-    m_host.Tell(Named(L"WriteData", key, name));
-    return SessionStub::WriteData(key, name, value, scope);
-}
-
-HRESULT WatchedHost::WatchedSession::EnumValues(BSTR key, ULONG* count, BSTR** pairs, SESSIONDATATYPE scope) {
-    m_host.Tell(Named(L"EnumValues", key));
-    return SessionStub::EnumValues(key, count, pairs, scope);
-}
-
-HRESULT WatchedHost::WatchedSession::LoadData(SESSIONDATATYPE scope) {
-    m_host.Tell(L"LoadData");
-    return SessionStub::LoadData(scope);
+void WatchedHost::WatchedSession::OnCall(const wchar_t* operation, BSTR key, BSTR name) {
+    m_host.Tell(Named(operation, key, name));
 }
 
 HRESULT WatchedHost::WatchedUsers::CheckRight(BSTR right) {

@@ -34,14 +34,7 @@ private:
     class WatchedSession final : public SessionStub {
     public:
         WatchedSession(const WatchedHost& host, ISessionDataManager* behind) : SessionStub(behind), m_host(host) {}
-        HRESULT STDMETHODCALLTYPE EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names,
-                                              SESSIONDATATYPE scope) override;
-        HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) override;
-        HRESULT STDMETHODCALLTYPE ReadData(BSTR key, BSTR name, USHORT type, VARIANT* value,
-                                           SESSIONDATATYPE scope) override;
-        HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) override;
-        HRESULT STDMETHODCALLTYPE EnumValues(BSTR key, ULONG* count, BSTR** pairs, SESSIONDATATYPE scope) override;
-        HRESULT STDMETHODCALLTYPE LoadData(SESSIONDATATYPE scope) override;
+        void OnCall(const wchar_t* operation, BSTR key, BSTR name) override;
 
     private:
         const WatchedHost& m_host;

@@ -138,26 +138,6 @@ TEST_P(DemoDialog, OpensWholeOnTheScreen) {
     });
 }
 
-// With its prompt where the frame has room for both: a remembered one may be smaller than a control.
-TEST_P(DemoDialog, ShowsEveryControlThatGetsTheFocus) {
-    OnEveryPage([&](HWND page) {
-        const CRect room = driver.Dialog().GetParent()->GetClientRect();
-        const auto fits = [&room](const CRect& rect) {
-            return rect.Width() <= room.Width() && rect.Height() <= room.Height();
-        };
-        int seen = 0;
-        for (const XLayout::RowView& row : LayoutOf(page).GetRows()) {
-            const CRect control = row.control->GetWindowRect();
-            if (!row.control->IsWindowEnabled() || !fits(control)) continue;
-            row.control->SetFocus();
-            EXPECT_TRUE(IsWhollySeen(row.control->m_hWnd)) << Describe(row.control->m_hWnd);
-            ++seen;
-            EXPECT_TRUE(GetParam().compact || IsWhollySeen(row.prompt->m_hWnd)) << Describe(row.prompt->m_hWnd);
-        }
-        EXPECT_TRUE(GetParam().compact || seen > 0);
-    });
-}
-
 // The field of a row of one line: the control itself or, of a chooser, the edit control in it. Null for other rows.
 HWND FieldOf(const XLayout::RowView& row) {
     const HWND control = row.control->m_hWnd;

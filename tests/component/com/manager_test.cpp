@@ -290,7 +290,7 @@ public:
 
 TEST_F(Manager, ACallersStoreTakesTheValues) {
     host.DefinePage(L"1", L"General");
-    host.DefineItem(L"common/name", {{L"type", L"3"}, {L"label", L"Name"}, {L"pagenumber", L"1"}});
+    host.DefineItem(L"common/name", 3, 1);
     const auto manager = CreateConnected();
     CallersStore store;
     EXPECT_EQ(OpenWith(*manager.Get(),

@@ -16,12 +16,10 @@ class RudeHostRun : public ComponentDll, public ::testing::WithParamInterface<Ru
 protected:
     RudeHostRun() {
         host.DefinePage(L"1", L"General");
-        host.DefineItem(L"common/count", {{L"type", L"1"}, {L"pagenumber", L"1"}, {L"default", L"4"}});
-        host.DefineItem(L"common/list", {{L"type", L"5"}, {L"pagenumber", L"1"}, {L"value1", L"a|Alpha"}});
-        for (const wchar_t* type : {L"10", L"11", L"12"}) {
-            const std::wstring key = L"common/button" + std::wstring(type);
-            host.DefineItem(key, {{L"type", type}, {L"pagenumber", L"1"}, {L"default", L"old"}});
-        }
+        host.DefineItem(L"common/count", 1, 1, {{L"default", L"4"}});
+        host.DefineItem(L"common/list", 5, 1, {{L"value1", L"a|Alpha"}});
+        for (const int type : {10, 11, 12})
+            host.DefineItem(L"common/button" + std::to_wstring(type), type, 1, {{L"default", L"old"}});
         host.session->Put(SDT_userData, L"common", L"count", L"7");
         host.session->Put(SDT_userData, L"common", L"configdialoginit", L"1");
         host.session->Put(SDT_userData, L"SizeConfigDialog", L"top.x", L"10");

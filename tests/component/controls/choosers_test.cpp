@@ -303,14 +303,4 @@ TEST_F(Choosers, ReadOnlyShowsItsValueAndDoesNotBrowse) {
     EXPECT_TRUE(Field(chooser)->IsWindowEnabled());
 }
 
-TEST_F(Choosers, TheObjectTakesItsWindowsAlong) {
-    auto chooser = std::make_unique<XDynSearchFileCtrl>();
-    Show(*chooser);
-    const HWND windows[] = {chooser->m_hWnd, Field(*chooser)->m_hWnd, Button(*chooser)->m_hWnd};
-    Field(*chooser)->SetFocus();
-    chooser.reset();
-    for (const HWND window : windows)
-        EXPECT_FALSE(::IsWindow(window));
-}
-
 }  // namespace

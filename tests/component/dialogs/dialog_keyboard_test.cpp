@@ -18,17 +18,10 @@ protected:
     // drawn by itself and no push button.
     void DefineButtonPage() {
         host.DefinePage(L"2", L"Buttons");
-        host.DefineItem(L"more/text",
-                        {{L"type", L"3"}, {L"label", L"Te&xt"}, {L"default", L"hello"}, {L"pagenumber", L"2"}});
-        host.DefineItem(L"more/notes",
-                        {{L"type", L"10"}, {L"label", L"&Notes"}, {L"pagenumber", L"2"}, {L"ordernumber", L"1"}});
-        host.DefineItem(L"more/folder", {{L"type", L"7"},
-                                         {L"label", L"Folder"},
-                                         {L"pagenumber", L"2"},
-                                         {L"ordernumber", L"2"},
-                                         {L"checkpath", L"0"}});
-        host.DefineItem(L"more/colour",
-                        {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"2"}, {L"ordernumber", L"3"}});
+        host.DefineItem(L"more/text", 3, 2);
+        host.DefineItem(L"more/notes", 10, 2, {{L"label", L"&Notes"}});
+        host.DefineItem(L"more/folder", 7, 2, {{L"checkpath", L"0"}});
+        host.DefineItem(L"more/colour", 8, 2);
     }
     [[nodiscard]] HWND Button(int id) const { return ::GetDlgItem(driver.Dialog().m_hWnd, id); }
     [[nodiscard]] HWND Row(std::wstring_view key) const { return driver.Control(key)->m_hWnd; }
@@ -84,60 +77,42 @@ TEST_F(DialogKeyboard, ARefusedApplyLeavesTheFocusAtTheValue) {
 
 TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
     DefineButtonPage();
-    Show({
-        [this] { ExpectFramed(Button(IDOK)); },
+    InDialog([this] {
+        ExpectFramed(Button(IDOK));
         // Round the first page and round the second, and back.
-        [this] {
-            for (const int page : {0, 1}) {
-                EXPECT_TRUE(driver.SwitchPage(page));
-                for (const bool shift : {false, true}) {
-                    for (int i = 0; i < 16; ++i) {
-                        user.Press(VK_TAB, {.shift = shift});
-                        ExpectFrameAtFocus();
-                    }
+        for (const int page : {0, 1}) {
+            EXPECT_TRUE(driver.SwitchPage(page));
+            for (const bool shift : {false, true}) {
+                for (int i = 0; i < 16; ++i) {
+                    user.Press(VK_TAB, {.shift = shift});
+                    ExpectFrameAtFocus();
                 }
             }
-        },
-        [this] {
-            user.Focus(Row(L"more/notes"));
-            ExpectFramed(Row(L"more/notes"));
-            user.Click(Row(L"more/text"));
-            ExpectFramed(Button(IDOK));
-            user.Press('N', {.alt = true});
-            ExpectFramed(Row(L"more/notes"));
-            user.Click(Row(L"more/text"));
-            ExpectFramed(Button(IDOK));
-            HWND browse = ::GetWindow(Row(L"more/folder"), GW_CHILD);
-            while (browse != nullptr && (::SendMessageW(browse, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) == 0)
-                browse = ::GetWindow(browse, GW_HWNDNEXT);
-            user.Focus(browse);
-            ExpectFramed(browse);
-            user.Focus(Row(L"more/colour"));
-            ExpectFramed(Button(IDOK));
-        },
-        // Default, with the mouse, wakes Apply; the frame is where the focus is.
-        [this] {
-            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
-            ExpectFramed(Button(IDC_DEFAULT_BUTTON));
-            user.Focus(Row(L"more/notes"));
-            user.Press(VK_NEXT, {.control = true});
-            ExpectFramed(Button(IDOK));
-        },
+        }
+        user.Press('N', {.alt = true});
+        ExpectFramed(Row(L"more/notes"));
+        user.Click(Row(L"more/text"));
+        ExpectFramed(Button(IDOK));
+        const HWND browse = ::FindWindowExW(Row(L"more/folder"), nullptr, L"BUTTON", nullptr);
+        user.Focus(browse);
+        ExpectFramed(browse);
+        user.Focus(Row(L"more/colour"));
+        ExpectFramed(Button(IDOK));
+        user.Focus(Row(L"more/notes"));
+        user.Press(VK_NEXT, {.control = true});
+        ExpectFramed(Button(IDOK));
         // A box over the dialog, as a refused value brings it up, and back.
-        [this] {
-            EXPECT_TRUE(driver.Type(L"common/count", L"11"));
-            qv::SetMessageBoxSink([this](const qv::MessageBoxCall&) {
-                CWnd box;
-                box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
-                ::SetActiveWindow(box.m_hWnd);
-                EXPECT_EQ(qvtest::FramedButtons(driver.Frame().m_hWnd).size(), 1U);
-                return IDOK;
-            });
-            EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
-            EXPECT_EQ(::GetFocus(), Row(L"common/count"));
-            ExpectFramed(Button(IDOK));
-        },
-        [this] { user.Press(VK_ESCAPE); },
+        EXPECT_TRUE(driver.Type(L"common/count", L"11"));
+        const qvtest::ScopedMessageBoxSink sink([this](const qv::MessageBoxCall&) {
+            CWnd box;
+            box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
+            ::SetActiveWindow(box.m_hWnd);
+            EXPECT_EQ(qvtest::FramedButtons(driver.Frame().m_hWnd).size(), 1U);
+            return IDOK;
+        });
+        EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+        EXPECT_EQ(::GetFocus(), Row(L"common/count"));
+        ExpectFramed(Button(IDOK));
     });
 }
 
@@ -151,8 +126,7 @@ TEST_F(DialogKeyboard, ArrowsStayInTheRowAndAmongTheButtons) {
         }
     };
     // With one page only the tabs come right behind its last row.
-    host.DefineItem(L"common/last",
-                    {{L"type", L"12"}, {L"label", L"Last"}, {L"pagenumber", L"1"}, {L"ordernumber", L"9"}});
+    host.DefineItem(L"common/last", 12, 1, {{L"ordernumber", L"9"}});
     InDialog([&] { stays(Row(L"common/last"), {Row(L"common/last")}); });
     DefineButtonPage();
     InDialog([&] {

@@ -17,16 +17,13 @@ protected:
     LongPage() {
         host.DefinePage(L"1", L"Long");
         for (int i = 0; i < kRows; ++i) {
-            const std::wstring label = L"Row " + std::to_wstring(i), order = std::to_wstring(i);
-            constexpr const wchar_t* kTypes[] = {L"1", L"3", L"4", L"0", L"6", L"7"};
-            host.DefineItem(Item(i), {{L"type", kTypes[i % 6]},
-                                      {L"label", label},
-                                      {L"pagenumber", L"1"},
-                                      {L"ordernumber", order},
-                                      {L"upperbound", L"10"},
-                                      {L"default", L"1"},
-                                      {L"value1", L"1|One"},
-                                      {L"value2", L"2|Two"}});
+            constexpr int kTypes[] = {1, 3, 4, 0, 6, 7};
+            host.DefineItem(Item(i), kTypes[i % 6], 1,
+                            {{L"ordernumber", std::to_wstring(i)},
+                             {L"upperbound", L"10"},
+                             {L"default", L"1"},
+                             {L"value1", L"1|One"},
+                             {L"value2", L"2|Two"}});
         }
     }
     [[nodiscard]] CWnd& Page() const { return *Sheet().GetActivePage(); }

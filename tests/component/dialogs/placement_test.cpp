@@ -299,7 +299,7 @@ TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
 }
 
 TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
-    host.DefineItem(L"common/configdialoginit", {{L"type", L"0"}, {L"label", L"Remember"}, {L"pagenumber", L"1"}});
+    host.DefineItem(L"common/configdialoginit", 0, 1);
     InDialog([this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); }, IDOK);
     EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 20U);
     EXPECT_NE(Recorded(L"top.x"), L"(none)");

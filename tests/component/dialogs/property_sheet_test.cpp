@@ -10,9 +10,6 @@ namespace {
 
 class Tabs : public WholeDialog {
 protected:
-    void DefineFlagOn(std::wstring_view page, std::wstring_view itemKey) {
-        host.DefineItem(itemKey, {{L"type", L"0"}, {L"label", L"x"}, {L"pagenumber", page}});
-    }
     void ShowAndExpect(const std::vector<std::wstring>& titles) {
         InDialog([&] { EXPECT_EQ(driver.TabTitles(), titles); });
     }
@@ -23,10 +20,10 @@ TEST_F(Tabs, FollowPageNumbersAndLeaveOutPagesWithoutItems) {
     host.DefinePage(L"10", L"Ten");
     host.DefinePage(L"2", L"Two");
     host.DefinePage(L"1", L"One");
-    DefineFlagOn(L"10", L"a/ten");
-    DefineFlagOn(L"3", L"a/three");
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"7", L"a/nopage");
+    host.DefineItem(L"a/ten", 0, 10);
+    host.DefineItem(L"a/three", 0, 3);
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/nopage", 0, 7);
     ShowAndExpect({L"One", L"Three", L"Ten"});
 }
 
@@ -34,8 +31,8 @@ TEST_F(Tabs, FirstOfTwoEntriesWithOneNumberGetsTheTab) {
     host.DefinePage(L"1", L"Second");
     host.DefinePage(L"01", L"First");  // before "1" in the order of names
     host.DefinePage(L"2", L"Next");
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"2", L"a/two");
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/two", 0, 2);
     ShowAndExpect({L"First", L"Next"});
 }
 
@@ -51,10 +48,10 @@ TEST_F(Tabs, PagesWithoutAnyItemShowAnEmptyRow) {
 TEST_F(Tabs, SpecialControlsAreNumberedByKindFrom20000OnEveryPage) {
     host.DefinePage(L"1", L"One");
     host.DefinePage(L"2", L"Two");
-    host.DefineItem(L"a/first", {{L"type", L"6"}, {L"label", L"First"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/colour", {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/second", {{L"type", L"6"}, {L"label", L"Second"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/other", {{L"type", L"6"}, {L"label", L"Other"}, {L"pagenumber", L"2"}});
+    host.DefineItem(L"a/first", 6, 1);
+    host.DefineItem(L"a/colour", 8, 1);
+    host.DefineItem(L"a/second", 6, 1);
+    host.DefineItem(L"a/other", 6, 2);
     InDialog([this] {
         ASSERT_NE(driver.Control(L"a/colour"), nullptr);
         EXPECT_EQ(driver.Control(L"a/first")->GetDlgCtrlID(), 20000);
@@ -67,9 +64,7 @@ TEST_F(Tabs, SpecialControlsAreNumberedByKindFrom20000OnEveryPage) {
 // Moving the selection of a checked list is no change; a check mark is.
 TEST_F(Tabs, OnlyCheckMarksOfACheckedListAreChanges) {
     host.DefinePage(L"1", L"One");
-    host.DefineItem(
-        L"a/list",
-        {{L"type", L"5"}, {L"label", L"List"}, {L"pagenumber", L"1"}, {L"value1", L"a|Apple"}, {L"value2", L"b|Pear"}});
+    host.DefineItem(L"a/list", 5, 1, {{L"value1", L"a|Apple"}, {L"value2", L"b|Pear"}});
     InDialog([this] {
         EXPECT_TRUE(driver.FocusRow(L"a/list"));
         driver.PressKey(VK_DOWN);
@@ -84,16 +79,9 @@ protected:
     TwoPages() {
         host.DefinePage(L"1", L"One");
         host.DefinePage(L"2", L"Two");
-        DefineNumber(L"a/one", L"1");
-        DefineNumber(L"a/two", L"2");
-    }
-    void DefineNumber(std::wstring_view itemKey, std::wstring_view page) {
-        host.DefineItem(itemKey, {{L"type", L"1"},
-                                  {L"label", L"Number"},
-                                  {L"pagenumber", page},
-                                  {L"default", L"1"},
-                                  {L"lowerbound", L"1"},
-                                  {L"upperbound", L"9"}});
+        for (const auto& [itemKey, page] : {std::pair{L"a/one", 1}, std::pair{L"a/two", 2}}) {
+            host.DefineItem(itemKey, 1, page, {{L"default", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"9"}});
+        }
     }
 };
 
@@ -144,9 +132,9 @@ TEST_F(Tabs, RequiredWidthAfterAResizeIsTheLastLengtheningTitles) {
     host.DefinePage(L"1", longest);
     host.DefinePage(L"2", L"abc");
     host.DefinePage(L"3", chosen);
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"2", L"a/two");
-    DefineFlagOn(L"3", L"a/three");
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/two", 0, 2);
+    host.DefineItem(L"a/three", 0, 3);
     InDialog([&] {
         CClientDC dc(Sheet());
         dc.SelectFont(Sheet().GetTabControl()->GetFont());
@@ -183,7 +171,7 @@ TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
 // Not even an item without a default keeps Default from counting as a change.
 TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
     host.DefinePage(L"1", L"One");
-    DefineFlagOn(L"1", L"a/one");
+    host.DefineItem(L"a/one", 0, 1);
     InDialog([this] {
         EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
         EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));

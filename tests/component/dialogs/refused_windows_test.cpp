@@ -30,10 +30,8 @@ protected:
 
     void DefineSecondPage() {
         host.DefinePage(L"2", L"Special");
-        for (const auto* type : {L"5", L"6", L"7", L"8", L"9", L"10"}) {
-            host.DefineItem(std::wstring(L"special/item") + type,
-                            {{L"type", type}, {L"label", L"Item"}, {L"pagenumber", L"2"}, {L"default", L""}});
-        }
+        for (const int type : {5, 6, 7, 8, 9, 10})
+            host.DefineItem(L"special/item" + std::to_wstring(type), type, 2, {{L"default", L""}});
     }
 
     struct Outcome {

@@ -36,19 +36,12 @@ protected:
         };
         host.DefinePlainPage();
         host.DefinePage(L"2", L"Special");
-        const auto define = [this](std::wstring_view key, std::wstring_view type, std::wstring_view text) {
-            host.DefineItem(key, {{L"type", type}, {L"label", key}, {L"pagenumber", L"2"}, {L"default", text}});
-        };
-        define(L"special/list", L"5", L"a");
-        define(L"special/password", L"6", L"");
-        host.DefineItem(L"special/folder", {{L"type", L"7"},
-                                            {L"label", L"Folder"},
-                                            {L"pagenumber", L"2"},
-                                            {L"checkpath", L"1"},
-                                            {L"default", ExistingFolder()}});
-        define(L"special/colour", L"8", L"255");
-        define(L"special/edit", L"10", L"text");
-        define(L"special/beside", L"13", L"text");
+        host.DefineItem(L"special/list", 5, 2, {{L"default", L"a"}});
+        host.DefineItem(L"special/password", 6, 2, {{L"default", L""}});
+        host.DefineItem(L"special/folder", 7, 2, {{L"checkpath", L"1"}, {L"default", ExistingFolder()}});
+        host.DefineItem(L"special/colour", 8, 2, {{L"default", L"255"}});
+        host.DefineItem(L"special/edit", 10, 2, {{L"default", L"text"}});
+        host.DefineItem(L"special/beside", 13, 2, {{L"default", L"text"}});
     }
     ~RudeHost() override { ClearModuleHost(); }
 

@@ -123,7 +123,7 @@ TEST_F(StoringAgain, ApplyIsCarriedOutOnceAndTheDialogStays) {
 // The message stands there while it is pressed.
 TEST_F(StoringAgain, AnswersWhileAnInputIsRefusedAreNoSecondOk) {
     // Refused as it was stored: nobody has changed anything.
-    host.DefineItem(L"common/folder", {{L"type", L"7"}, {L"pagenumber", L"1"}, {L"checkpath", L"1"}});
+    host.DefineItem(L"common/folder", 7, 1, {{L"checkpath", L"1"}});
     host.session->Put(SDT_userData, L"common", L"folder", L"?:\\none");
     for (const Press& each : Presses()) {
         SCOPED_TRACE(each.name);
