@@ -99,7 +99,7 @@ TEST_F(BadDefinitions, OddTreesStillOpen) {
 }
 
 TEST_F(BadDefinitions, ProgramEndsWithItsExitStatus) {
-    WriteStationFiles();
+    CopyStationFiles();
     folder.Write(L"broken.json", "{ broken");
     folder.Write(L"empty.json", "{}");
     folder.Write(L"bare.json", Tree(R"("pages": { "1": "Nobody's" })"));

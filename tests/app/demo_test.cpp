@@ -4,7 +4,6 @@
 #include "framework/text.h"
 #include "host/libraries/browser_settings.h"
 #include "host/services/data_files.h"
-#include "host/services/whole_file.h"
 #include "tests/app/sample_host_fixture.h"
 
 namespace {
@@ -13,11 +12,7 @@ class Demo : public SampleHostTest {
 protected:
     Demo() { options.definitions = qv::FromUtf8(QV_DEMO) + L"/definitions.json"; }
     void SetUp() override {
-        for (const wchar_t* file : {L"user.json", L"machine.json", L"userdb.json", L"global.json"}) {
-            std::string bytes;
-            ASSERT_EQ(qv::ReadWholeFile(qv::FromUtf8(QV_DEMO) + L"/data/" + file, bytes), qv::ReadResult::Done);
-            folder.Write(file, bytes);
-        }
+        CopyFiles(QV_DEMO "/data", {L"user.json", L"machine.json", L"userdb.json", L"global.json"});
     }
     // The dialog as it opens.
     nlohmann::json Shown() {

@@ -33,7 +33,9 @@ protected:
     // An item's row in the dump; null when it is not there.
     [[nodiscard]] nlohmann::json Row(std::string_view item) const;
     // Four pages of items in all four scopes, and values for some of them.
-    void WriteStationFiles() const;
+    void CopyStationFiles() const;
+    // Into the folder of this test.
+    void CopyFiles(std::string_view from, std::initializer_list<const wchar_t*> files) const;
 
     qvtest::TemporaryFolder folder;
     qv::Options options;

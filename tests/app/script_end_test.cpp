@@ -68,7 +68,7 @@ TEST_F(ScriptEnd, PagesAreTurnedToByWhatTheyAreNotByTheirTitles) {
 
 // A window in front, among others, is neither reached through nor left behind.
 TEST_F(ScriptEnd, WhatDoesNotFitTheDialogFailsInWordsAndStoresNothing) {
-    WriteStationFiles();
+    CopyStationFiles();
     Expect({
         {"press person/note", L"the script ended with \"Edit text\" open; it and the dialog are cancelled"},
         {"press person/note\nset station/height 3", L"line 2: the page of station/height did not open"},
@@ -107,7 +107,7 @@ TEST_F(ScriptEnd, BoxesAndPickersWithoutAnAnswerAreLeftAsAPersonWouldLeaveThem) 
 }
 
 TEST_F(ScriptEnd, KeyThatOpensTheSystemMenuIsRefused) {
-    WriteStationFiles();
+    CopyStationFiles();
     Expect({{"key ALT+SPACE\nkey ESC", L"line 1: ALT+SPACE opens a menu, where a script cannot go on"},
             {"key alt+shift+space", L"line 1: alt+shift+space opens a menu, where a script cannot go on"},
             {"key ALT+F4", L""}});
@@ -115,7 +115,7 @@ TEST_F(ScriptEnd, KeyThatOpensTheSystemMenuIsRefused) {
 
 // As the platform's menus and boxes do, which call nobody while they wait.
 TEST_F(ScriptEnd, LoopThatIsNotTheFrameworksIsGivenUp) {
-    WriteStationFiles();
+    CopyStationFiles();
     Pages(R"("1": "One")", R"("f": { "type": 7, "label": "Folder", "pagenumber": 1 })");
     onTold = [this] {
         onTold = {};
@@ -141,7 +141,7 @@ TEST_F(ScriptEnd, DialogThatNeverComesIsGivenUp) {
 }
 
 TEST_F(ScriptEnd, FileThatCannotBeWrittenFailsInWords) {
-    WriteStationFiles();
+    CopyStationFiles();
     const std::wstring file = folder.At(L"no/such/folder.json");
     Run("set person/name Ada\ndump " + qv::ToUtf8(file));
     EXPECT_EQ(problem, L"line 2: " + file + L" could not be written");

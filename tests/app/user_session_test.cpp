@@ -5,7 +5,7 @@ namespace {
 
 class UserSession : public SampleHostTest {
 protected:
-    void SetUp() override { WriteStationFiles(); }
+    void SetUp() override { CopyStationFiles(); }
 
     // All scopes' files as one text.
     [[nodiscard]] std::string AllFiles() const {
