@@ -145,9 +145,15 @@ protected:
         HWND inside = ChildOf<XDynPropertySheet>(DialogWindow());
         return inside != nullptr ? inside : ChildOf<XDynPropertySheet>(FrameWindow());
     }
+    // A window that the next dialog belongs to.
+    void RenewOwner() {
+        if (!owner.IsLive()) owner.CreateEx(0, nullptr, L"owner", WS_POPUP | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
+        SetActiveWindow(owner.m_hWnd);
+    }
     static bool Destroy(HWND window) { return window != nullptr && DestroyWindow(window) != FALSE; }
 
     qvtest::WatchedHost watched;
+    CWnd owner;
     std::vector<Call> calls;
     bool deedWasDone = false;
 
@@ -225,14 +231,13 @@ private:
 };
 
 TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
-    CWnd owner;
     const struct {
         const char* name;
         Deed deed;
         int whileLoading;  // the result; -1 comes with a message
     } cases[] = {
         {"frame", [this] { return Destroy(FrameWindow()); }, IDCANCEL},
-        {"the frame's owner", [&] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); }, IDCANCEL},
+        {"the frame's owner", [this] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); }, IDCANCEL},
         {"view", [this] { return Destroy(ViewWindow()); }, -1},
         {"dialog", [this] { return Destroy(DialogWindow()); }, -1},
         {"sheet", [this] { return Destroy(SheetWindow()); }, -1},
@@ -242,10 +247,7 @@ TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
     for (const auto& each : cases) {
         for (const std::size_t place : SomeOf(places, &each - cases)) {
             SCOPED_TRACE(std::string(each.name) + " in call " + std::to_string(place));
-            if (!owner.IsLive()) {
-                owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
-            }
-            SetActiveWindow(owner.m_hWnd);
+            RenewOwner();
             const int result = Run(place, each.deed);
             if (!deedWasDone) {
                 EXPECT_EQ(result, IDOK);
@@ -261,30 +263,22 @@ TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
 }
 
 TEST_F(RudeHost, MayDestroyAFreeStandingDialogInAnyCall) {
+    const Deed deeds[] = {
+        [this] { return Destroy(FrameWindow()); },
+        [this] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); },
+        [this] { return Destroy(SheetWindow()); },
+    };
     for (const Kind kind : {Kind::FreeModal, Kind::FreeModeless}) {
-        CWnd owner;
-        const auto renewOwner = [&] {
-            if (!owner.IsLive()) {
-                owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
-            }
-            SetActiveWindow(owner.m_hWnd);
-        };
-        renewOwner();
+        RenewOwner();
         const std::vector<std::size_t> places = Places(kind);
-        const Deed deeds[] = {
-            [this] { return Destroy(FrameWindow()); },
-            [&] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); },
-            [this] { return Destroy(SheetWindow()); },
-        };
         for (const Deed& deed : deeds) {
             for (const std::size_t place : SomeOf(places, &deed - deeds)) {
                 SCOPED_TRACE((kind == Kind::FreeModal ? "modal, deed " : "modeless, deed ") +
                              std::to_string(&deed - deeds) + " in call " + std::to_string(place));
-                renewOwner();
+                RenewOwner();
                 const int result = Run(place, deed, kind);
-                if (kind == Kind::FreeModal) {
-                    EXPECT_EQ(result, !deedWasDone || IsAfterStoring(place) ? IDOK : IDCANCEL);
-                }
+                const bool isOk = kind == Kind::FreeModal && (!deedWasDone || IsAfterStoring(place));
+                EXPECT_EQ(result, isOk ? IDOK : kind == Kind::FreeModal ? IDCANCEL : 0);
                 if (deedWasDone) ExpectStoringStoppedAfter(place);
                 EXPECT_FALSE(SaidThatItCannotOpen());
                 PumpPending();
