@@ -22,9 +22,12 @@ protected:
         EXPECT_EQ(manager.CreateModalDialogEx(qv::Bstr(caption).Get(), dataIO, &result), S_OK);
         return result;
     }
-    LONG OpenWith(IQVSettingsDialogManager& manager, qvtest::SettingsDriver::Steps steps,
+    // Opens the dialog, acts in it and presses the button that ends it.
+    void InDialog(IQVSettingsDialogManager& manager, std::function<void()> act, int end = IDOK,
                   IQVSettingsDialogDataIO* dataIO = nullptr) {
-        return driver.Run([&] { return static_cast<int>(Open(manager, L"Caption", dataIO)); }, std::move(steps));
+        EXPECT_EQ(driver.Run([&] { return static_cast<int>(Open(manager, L"Caption", dataIO)); },
+                             {std::move(act), [this, end] { driver.Press(end); }}),
+                  end);
     }
     void ExpectOneBox(MessageBoxCall::Kind kind, std::wstring_view caption, std::wstring_view text) {
         ASSERT_EQ(driver.boxes.size(), 1U);
@@ -234,23 +237,20 @@ TEST_F(Manager, ShowsTheDialogOnTheHostsTreeAndOkStores) {
     host.DefinePlainPage();
     const auto manager = CreateConnected();
     const ULONG sessionBefore = ReferencesOf(host.session.Get());
-    const LONG result = OpenWith(*manager.Get(), {
-                                                     [this] {
-                                                         EXPECT_EQ(driver.Frame().GetWindowText(), L"Caption");
-                                                         EXPECT_EQ(driver.Shown(L"common/count"), L"7");
-                                                         EXPECT_EQ(CanUnloadNow(), S_FALSE);
-                                                     },
-                                                     [this] { driver.Type(L"common/count", L"3"); },
-                                                     [this] { driver.Toggle(L"common/flag"); },
-                                                     [this] { driver.Press(IDOK); },
-                                                 });
-    EXPECT_EQ(result, IDOK);
+    InDialog(*manager.Get(), [this] {
+        EXPECT_EQ(driver.Frame().GetWindowText(), L"Caption");
+        EXPECT_EQ(driver.Shown(L"common/count"), L"7");
+        EXPECT_EQ(CanUnloadNow(), S_FALSE);
+        driver.Type(L"common/count", L"3");
+        driver.Toggle(L"common/flag");
+    });
     EXPECT_EQ(host.Stored(L"common/count"), L"3");
     EXPECT_EQ(host.Stored(L"common/flag"), L"1");
     EXPECT_EQ(s_browserReads, 1);
     EXPECT_EQ(ReferencesOf(host.session.Get()), sessionBefore);
 
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    InDialog(
+        *manager.Get(), [] {}, IDCANCEL);
     EXPECT_EQ(s_browserReads, 2);
 }
 
@@ -258,11 +258,7 @@ TEST_F(Manager, SurvivesBeingReleasedWhileItsDialogIsOpen) {
     host.DefinePlainPage();
     auto manager = CreateConnected();
     IQVSettingsDialogManager* plain = manager.Get();
-    EXPECT_EQ(OpenWith(*plain, {
-                                   [&] { manager.Reset(); },
-                                   [this] { driver.Press(IDOK); },
-                               }),
-              IDOK);
+    InDialog(*plain, [&] { manager.Reset(); });
     EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
@@ -293,14 +289,13 @@ TEST_F(Manager, ACallersStoreTakesTheValues) {
     host.DefineItem(L"common/name", 3, 1);
     const auto manager = CreateConnected();
     CallersStore store;
-    EXPECT_EQ(OpenWith(*manager.Get(),
-                       {
-                           [this] { EXPECT_EQ(driver.Shown(L"common/name"), L"from the caller"); },
-                           [this] { driver.Type(L"common/name", L"back"); },
-                           [this] { driver.Press(IDOK); },
-                       },
-                       &store),
-              IDOK);
+    InDialog(
+        *manager.Get(),
+        [this] {
+            EXPECT_EQ(driver.Shown(L"common/name"), L"from the caller");
+            driver.Type(L"common/name", L"back");
+        },
+        IDOK, &store);
     EXPECT_EQ(store.calls, (std::vector<std::wstring>{L"common/name=back", L"save name"}));
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
@@ -329,8 +324,9 @@ TEST_F(Manager, ABrowserSettingsReaderThatThrowsChangesNoResult) {
         throw std::runtime_error("reader");
     });
     const auto manager = CreateConnected();
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    InDialog(*manager.Get(), [] {});
+    InDialog(
+        *manager.Get(), [] {}, IDCANCEL);
     EXPECT_EQ(s_browserReads, 2);
     XQVBrowserSettings::SetReader(nullptr);
     EXPECT_EQ(XQVBrowserSettings::GetBrowserSettingsObject(), nullptr) << "given back after each of them";
