@@ -12,6 +12,7 @@
 #include "framework/text.h"
 #include "host/libraries/units.h"
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
+#include "tests/support/host_stubs.h"
 
 namespace {
 
@@ -54,16 +55,12 @@ std::vector<Definition> PlainKinds() {
     return kinds;
 }
 
-class LeanHost final : public ISessionDataManager, public IMultiUserManager {
+class LeanSession final : public qvtest::SessionStub {
 public:
-    LeanHost(std::size_t items, std::vector<Definition> kinds) : m_kinds(std::move(kinds)) {
+    LeanSession(std::size_t items, std::vector<Definition> kinds) : m_kinds(std::move(kinds)) {
         for (std::size_t i = 0; i < items; ++i)
             m_names.push_back(qv::Format(L"option-configuration/common/item%d", i));
     }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
 
     HRESULT STDMETHODCALLTYPE EnumSubKeys(BSTR, LONG, ULONG* count, BSTR** names, SESSIONDATATYPE) override {
         *names = Block(m_names);
@@ -82,22 +79,7 @@ public:
         value->bstrVal = SysAllocStringLen(L"4", 1);
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE CheckRight(BSTR) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE WriteData(BSTR, BSTR, VARIANT, SESSIONDATATYPE) override { return S_OK; }
     HRESULT STDMETHODCALLTYPE LoadData(SESSIONDATATYPE) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved4() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved5() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved6() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved8() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved11() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved12() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved13() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved14() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved15() override { return E_NOTIMPL; }
 
 private:
     static BSTR* Block(const std::vector<std::wstring>& texts) {
@@ -114,8 +96,7 @@ private:
 };
 
 // The calls of one loading, with nothing made of what they answer.
-void CopyOnly(LeanHost& host) {
-    ISessionDataManager& session = host;
+void CopyOnly(ISessionDataManager& session, IMultiUserManager& users) {
     const qv::Bstr root(L"option-configuration");
     const auto names = qv::ReceiveStrings(1, [&](ULONG* count, BSTR** out) {
                            return session.EnumSubKeys(root.Get(), 1, count, out, SDT_machineData);
@@ -132,7 +113,7 @@ void CopyOnly(LeanHost& host) {
             attributes.emplace_back(qv::TextOf(pairs.At(2 * pair)), qv::TextOf(pairs.At(2 * pair + 1)));
         }
         const qv::Bstr right(L"Change settings/User data");
-        benchmark::DoNotOptimize(host.CheckRight(right.Get()));
+        benchmark::DoNotOptimize(users.CheckRight(right.Get()));
         const qv::Bstr key(L"common");
         const qv::Bstr valueName(std::wstring_view(name).substr(name.rfind(L'/') + 1));
         const auto value = qv::Receive<qv::Variant>(
@@ -152,14 +133,15 @@ void LoadItems(benchmark::State& state, const std::vector<Definition>& kinds) {
     database->AddCategory(XUACategory(L"length", {L"mm", L"cm", L"m"}));
     qv::SetUnitDatabase(std::move(database));
 
-    LeanHost host(static_cast<std::size_t>(state.range(0)), kinds);
+    LeanSession session(static_cast<std::size_t>(state.range(0)), kinds);
+    qvtest::UsersStub users;
     double floor = 0;
     double loading = 0;
     for ([[maybe_unused]] auto iteration : state) {
         const auto start = CpuSeconds();
-        CopyOnly(host);
+        CopyOnly(session, users);
         const auto copied = CpuSeconds();
-        XConstructionSet model(L"option-configuration", SDT_machineData, nullptr, &host, &host);
+        XConstructionSet model(L"option-configuration", SDT_machineData, nullptr, &session, &users);
         std::map<std::int32_t, PageRecord*> items;
         const auto begun = CpuSeconds();
         if (!model.LoadItems(items)) state.SkipWithError("nothing was loaded");

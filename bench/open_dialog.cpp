@@ -15,9 +15,9 @@
 #include "framework/module_state.h"
 #include "framework/text.h"
 #include "host/services/host_object.h"
-#include "host/services/memory_session_data.h"
 #include "host/services/multi_user_manager.h"
 #include "platform/command_line.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 

@@ -75,10 +75,6 @@ HRESULT SessionDataBase::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** n
     if (count == nullptr || names == nullptr) return E_POINTER;
     return Guarded([&] {
         const std::wstring path = TextOf(key);
-        Interception interception{};
-        const HRESULT answer = OnCall({SessionOperation::EnumSubKeys, scope, path, {}, {}, flag}, interception);
-        if (answer != S_OK) return answer;
-
         const auto depth = flag == 0 ? ScopeData::Depth::Children : ScopeData::Depth::Everything;
         std::vector<std::wstring> found;
         std::unordered_set<std::wstring> seen;
@@ -87,13 +83,7 @@ HRESULT SessionDataBase::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** n
                 if (seen.insert(ToLower(name)).second) found.push_back(std::move(name));
             }
         }
-        const auto total = static_cast<ULONG>(found.size());
-        if (interception == Interception::AnswerNullBlock) {
-            *count = total;
-            *names = nullptr;
-            return S_OK;
-        }
-        return HandOut(found, total, count, names);
+        return HandOut(found, static_cast<ULONG>(found.size()), count, names);
     });
 }
 
@@ -101,10 +91,6 @@ HRESULT SessionDataBase::EnumValues(BSTR key, ULONG* count, BSTR** namesAndTexts
     if (count == nullptr || namesAndTexts == nullptr) return E_POINTER;
     return Guarded([&] {
         const std::wstring path = TextOf(key);
-        Interception interception{};
-        const HRESULT answer = OnCall({SessionOperation::EnumValues, scope, path, {}, {}, 0}, interception);
-        if (answer != S_OK) return answer;
-
         bool isKnown = false;
         std::vector<std::wstring> pairs;
         std::unordered_set<std::wstring> seen;
@@ -119,13 +105,7 @@ HRESULT SessionDataBase::EnumValues(BSTR key, ULONG* count, BSTR** namesAndTexts
             }
         }
         if (!isKnown) return kNotFound;
-        const auto total = static_cast<ULONG>(pairs.size() / 2);
-        if (interception == Interception::AnswerNullBlock) {
-            *count = total;
-            *namesAndTexts = nullptr;
-            return S_OK;
-        }
-        return HandOut(pairs, total, count, namesAndTexts);
+        return HandOut(pairs, static_cast<ULONG>(pairs.size() / 2), count, namesAndTexts);
     });
 }
 
@@ -135,10 +115,6 @@ HRESULT SessionDataBase::ReadData(BSTR key, BSTR valueName, USHORT wantedType, V
         ::VariantInit(value);
         const std::wstring path = TextOf(key);
         const std::wstring name = TextOf(valueName);
-        Interception interception{};
-        const HRESULT answer = OnCall({SessionOperation::ReadData, scope, path, name, {}, 0}, interception);
-        if (answer != S_OK) return answer;
-
         for (const ScopeData* source : Sources(scope)) {
             const std::wstring* const text = source->Find(path, name);
             if (text == nullptr) continue;
@@ -156,36 +132,25 @@ HRESULT SessionDataBase::WriteData(BSTR key, BSTR valueName, VARIANT value, SESS
         // A copy: what a caller hands in stays the caller's.
         const auto text = Receive<Variant>([&](VARIANT* out) { return ::VariantChangeType(out, &value, 0, VT_BSTR); });
         if (text.status != S_OK) return text.status;
-        const SessionCall call{SessionOperation::WriteData,
-                               scope,
-                               TextOf(key),
-                               TextOf(valueName),
-                               std::wstring(text.value.Text().value_or(std::wstring_view())),
-                               0};
-        Interception interception{};
-        if (const HRESULT answer = OnCall(call, interception); answer != S_OK) return answer;
-        if (!CanHold(scope) || call.name.empty()) return E_INVALIDARG;
-        Scope(scope).Set(call.key, call.name, call.text);
+        const std::wstring name = TextOf(valueName);
+        if (!CanHold(scope) || name.empty()) return E_INVALIDARG;
+        Scope(scope).Set(TextOf(key), name, text.value.Text().value_or(std::wstring_view()));
         return S_OK;
     });
 }
 
 HRESULT SessionDataBase::SaveData(SESSIONDATATYPE scope, BSTR key, BSTR valueName) {
     return Guarded([&] {
-        const SessionCall call{SessionOperation::SaveData, scope, TextOf(key), TextOf(valueName), {}, 0};
-        Interception interception{};
-        if (const HRESULT answer = OnCall(call, interception); answer != S_OK) return answer;
         if (!CanHold(scope)) return E_INVALIDARG;
-        if (Scope(scope).Find(call.key, call.name) == nullptr) return kNotFound;
-        return Save(scope, call.key, call.name);
+        const std::wstring path = TextOf(key);
+        const std::wstring name = TextOf(valueName);
+        if (Scope(scope).Find(path, name) == nullptr) return kNotFound;
+        return Save(scope, path, name);
     });
 }
 
 HRESULT SessionDataBase::LoadData(SESSIONDATATYPE scope) {
     return Guarded([&] {
-        Interception interception{};
-        const HRESULT answer = OnCall({SessionOperation::LoadData, scope, {}, {}, {}, 0}, interception);
-        if (answer != S_OK) return answer;
         if (scope != SDT_allData) return Load(scope);
         for (const SESSIONDATATYPE each : kPermanentScopes) {
             if (const HRESULT loaded = Load(each); loaded != S_OK) return loaded;
@@ -203,10 +168,6 @@ HRESULT SessionDataBase::Load(SESSIONDATATYPE) {
 }
 
 HRESULT SessionDataBase::Save(SESSIONDATATYPE, std::wstring_view, std::wstring_view) {
-    return S_OK;
-}
-
-HRESULT SessionDataBase::OnCall(const SessionCall&, Interception&) {
     return S_OK;
 }
 

@@ -10,18 +10,6 @@
 
 namespace qv {
 
-enum class SessionOperation { EnumSubKeys, SaveData, ReadData, WriteData, EnumValues, LoadData };
-
-// One call as it reached the manager. Fields that the operation does not have are empty.
-struct SessionCall {
-    SessionOperation operation;
-    SESSIONDATATYPE scope;
-    std::wstring key;
-    std::wstring name;
-    std::wstring text;
-    LONG flag = 0;
-};
-
 class SessionDataBase : public ComObjectRoot, public ISessionDataManager {
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
@@ -58,10 +46,6 @@ protected:
     virtual HRESULT Load(SESSIONDATATYPE scope);
     // Makes a value, which is there, permanent.
     virtual HRESULT Save(SESSIONDATATYPE scope, std::wstring_view key, std::wstring_view name);
-
-    // Asked before an operation is carried out; anything but S_OK is answered instead of it.
-    enum class Interception { GoOn, AnswerNullBlock };
-    virtual HRESULT OnCall(const SessionCall& call, Interception& interception);
 
 private:
     // What answers for a scope, in order of precedence.

@@ -1,8 +1,9 @@
 // The definition file that is shipped: every page of it, in both languages, with the host's services behind it.
+#include <set>
+
 #include "framework/text.h"
 #include "host/libraries/browser_settings.h"
-#include "host/libraries/translation.h"
-#include "host/services/whole_file.h"
+#include "host/services/data_files.h"
 #include "tests/app/sample_host_fixture.h"
 
 namespace {
@@ -11,11 +12,7 @@ class Demo : public SampleHostTest {
 protected:
     Demo() { options.definitions = qv::FromUtf8(QV_DEMO) + L"/definitions.json"; }
     void SetUp() override {
-        for (const wchar_t* file : {L"user.json", L"machine.json", L"userdb.json", L"global.json"}) {
-            std::string bytes;
-            ASSERT_EQ(qv::ReadWholeFile(qv::FromUtf8(QV_DEMO) + L"/data/" + file, bytes), qv::ReadResult::Done);
-            folder.Write(file, bytes);
-        }
+        CopyFiles(QV_DEMO "/data", {L"user.json", L"machine.json", L"userdb.json", L"global.json"});
     }
     // The dialog as it opens.
     nlohmann::json Shown() {
@@ -24,20 +21,26 @@ protected:
     }
 };
 
-TEST_F(Demo, EveryItemGetsItsRowAndItsControl) {
+TEST_F(Demo, EveryPageAndItemOfTheFileIsShown) {
+    const std::wstring root = L"option-configuration/";
+    qv::ScopeData definitions;
+    ASSERT_EQ(qv::LoadDefinitions(options.definitions, definitions), L"");
+    std::set<std::string> defined;
+    for (const auto& key : definitions.Keys()) {
+        if (definitions.Find(key.path, L"type") != nullptr) defined.insert(qv::ToUtf8(key.path.substr(root.size())));
+    }
     const auto dump = Shown();
     EXPECT_EQ(problem, L"");
-    ASSERT_EQ(dump["pages"].size(), 8u);
-    std::size_t rows = 0;
+    EXPECT_EQ(dump["pages"].size(), definitions.FindValues(root + L"pages")->size());
+    std::set<std::string> shown;
     for (const auto& page : dump["pages"]) {
         for (const auto& row : page["rows"]) {
             EXPECT_NE(row["kind"], "missing") << row["item"];
-            ++rows;
+            shown.insert(row["item"]);
         }
     }
-    EXPECT_GE(rows, 60u);
-    // Out-of-range values lie in the demo's data on purpose; each is told once.
-    EXPECT_FALSE(told.empty());
+    EXPECT_EQ(shown, defined);
+    EXPECT_FALSE(told.empty()) << "values that lie out of range on purpose";
 }
 
 TEST_F(Demo, GermanTextsReachTabsPromptsButtonsAndManual) {
@@ -46,11 +49,9 @@ TEST_F(Demo, GermanTextsReachTabsPromptsButtonsAndManual) {
     EXPECT_EQ(problem, L"");
     EXPECT_EQ(dump["pages"][0]["title"], "Allgemein");
     EXPECT_EQ(dump["buttons"]["cancel"]["text"], "Abbrechen");
-    const auto english = [&] {
-        options.language.clear();
-        qv::SetDictionary({});
-        return Shown();
-    }();
+    options.language.clear();
+    qv::SetDictionary({});
+    const auto english = Shown();
     for (std::size_t page = 0; page < dump["pages"].size(); ++page) {
         EXPECT_NE(dump["pages"][page]["rows"][0]["prompt"], english["pages"][page]["rows"][0]["prompt"]) << page;
     }

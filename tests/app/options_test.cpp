@@ -9,11 +9,10 @@ namespace {
 using Arguments = std::vector<std::wstring>;
 
 TEST(Options, WrongCommandLinesAreRefusedInWords) {
-    struct Case {
+    const struct {
         Arguments arguments;
         std::wstring problem;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{}, L"--definitions FILE and --data DIR are needed"},
         {{L"--definitions", L"d.json"}, L"--definitions FILE and --data DIR are needed"},
         {{L"--definitions", L"--data", L"x"}, L"--definitions needs a value"},
@@ -23,7 +22,7 @@ TEST(Options, WrongCommandLinesAreRefusedInWords) {
         {{L"--definitions", L"d", L"--data", L"x", L"--user", L"a"}, L"--users FILE and --user NAME go together"},
         {{L"--definitions", L"d", L"--data", L"x", L"--users", L"a"}, L"--users FILE and --user NAME go together"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         qv::Options options;
         std::wstring problem;
         EXPECT_FALSE(qv::ParseOptions(each.arguments, options, problem));

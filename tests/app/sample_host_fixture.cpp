@@ -6,10 +6,9 @@
 #include "framework/app.h"
 #include "framework/text.h"
 #include "host/libraries/browser_settings.h"
-#include "host/libraries/translation.h"
 #include "host/services/whole_file.h"
 
-SampleHostTest::SampleHostTest() : m_localeBefore(qv::SetNumberLocale({})), m_window([] {}) {
+SampleHostTest::SampleHostTest() : m_window([] {}) {
     EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
     SetProcessModuleState(m_moduleState);
     EXPECT_TRUE(m_window.CreateMain(L"Sample host"));
@@ -26,8 +25,6 @@ SampleHostTest::~SampleHostTest() {
     // Destroying the main window ended the loop that there was none of.
     MSG quit{};
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-    qv::SetDictionary({});
-    qv::SetNumberLocale(m_localeBefore);
     OleUninitialize();
 }
 
@@ -83,42 +80,14 @@ nlohmann::json SampleHostTest::Row(std::string_view item) const {
     return nullptr;
 }
 
-void SampleHostTest::WriteStationFiles() const {
-    folder.Write(L"definitions.json", R"({ "option-configuration": {
-  "pages": { "1": "Person", "2": "Station", "3": "Team", "4": "Network" },
-  "person": {
-    "name":   { "type": 3, "label": "&Name", "pagenumber": 1, "ordernumber": 1, "globaldata": 0, "functiongroup": 0 },
-    "recent": { "type": 1, "label": "&Recent", "pagenumber": 1, "ordernumber": 2, "globaldata": 0, "functiongroup": 0,
-                "default": 4, "lowerbound": 0, "upperbound": 20 },
-    "width":  { "type": 2, "label": "&Width", "pagenumber": 1, "ordernumber": 3, "globaldata": 0, "functiongroup": 0,
-                "default": 1.5, "lowerbound": 0.5, "upperbound": 9 },
-    "note":   { "type": 10, "label": "N&ote", "pagenumber": 1, "ordernumber": 4, "globaldata": 0, "functiongroup": 0 }
-  },
-  "station": {
-    "mount":  { "type": 4, "label": "&Mount", "pagenumber": 2, "ordernumber": 1, "globaldata": 1, "functiongroup": 1,
-                "default": "mast", "value1": "mast|A mast", "value2": "roof|A flat roof", "value3": "2,5|Two, five" },
-    "height": { "type": 2, "label": "&Height", "pagenumber": 2, "ordernumber": 2, "globaldata": 1, "functiongroup": 1,
-                "default": 10, "lowerbound": 0, "upperbound": 100 },
-    "odd":    { "type": 1, "label": "O&dd", "pagenumber": 2, "ordernumber": 3, "globaldata": 1, "functiongroup": 1,
-                "default": 3 }
-  },
-  "team": {
-    "motto":  { "type": 3, "label": "M&otto", "pagenumber": 3, "ordernumber": 1, "globaldata": 2, "functiongroup": 2,
-                "default": "" },
-    "open":   { "type": 0, "label": "Op&en", "pagenumber": 3, "ordernumber": 2, "globaldata": 2, "functiongroup": 2,
-                "default": 1 }
-  },
-  "network": {
-    "server": { "type": 3, "label": "Ser&ver", "pagenumber": 4, "ordernumber": 1, "globaldata": 3, "functiongroup": 3,
-                "default": "collect.example.org" },
-    "port":   { "type": 1, "label": "&Port", "pagenumber": 4, "ordernumber": 2, "globaldata": 3, "functiongroup": 3,
-                "default": 443, "lowerbound": 1, "upperbound": 65535 }
-  } } })");
-    folder.Write(L"user.json", R"({ "person": { "name": "Mira, 2,5", "recent": "7", "width": "2.25" } })");
-    folder.Write(L"machine.json", R"({ "station": { "mount": "roof", "odd": "two" } })");
-    folder.Write(L"userdb.json", R"({ "team": { "motto": "Rain, again" } })");
-    folder.Write(L"users.json", R"({ "users": {
-  "keeper": { "rights": [ "Change settings/User data", "Change settings/Machine data",
-                          "Change settings/User DB data", "Change settings/Global data" ] },
-  "observer": { "rights": [ "Change settings/User data", "Change settings/User DB data" ] } } })");
+void SampleHostTest::CopyFiles(std::string_view from, std::initializer_list<const wchar_t*> files) const {
+    for (const wchar_t* file : files) {
+        std::string bytes;
+        ASSERT_EQ(qv::ReadWholeFile(qv::FromUtf8(from) + L"/" + file, bytes), qv::ReadResult::Done);
+        folder.Write(file, bytes);
+    }
+}
+
+void SampleHostTest::CopyStationFiles() const {
+    CopyFiles(QV_STATION, {L"definitions.json", L"user.json", L"machine.json", L"userdb.json", L"users.json"});
 }

@@ -13,8 +13,8 @@
 #include "app/main_window.h"
 #include "app/options.h"
 #include "framework/module_state.h"
-#include "host/libraries/numbers.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/recorders.h"
+#include "tests/support/temporary_folder.h"
 
 class SampleHostTest : public testing::Test {
 protected:
@@ -33,9 +33,11 @@ protected:
     // An item's row in the dump; null when it is not there.
     [[nodiscard]] nlohmann::json Row(std::string_view item) const;
     // Four pages of items in all four scopes, and values for some of them.
-    void WriteStationFiles() const;
+    void CopyStationFiles() const;
+    // Into the folder of this test.
+    void CopyFiles(std::string_view from, std::initializer_list<const wchar_t*> files) const;
 
-    TemporaryFolder folder;
+    qvtest::TemporaryFolder folder;
     qv::Options options;
     std::wstring problem;          // empty: every action was carried out and the dialog ended
     Lines told;                    // message boxes and pickers, as the program prints them
@@ -45,6 +47,7 @@ protected:
 
 private:
     ModuleState m_moduleState{GetModuleHandleW(nullptr), nullptr};
-    qv::NumberLocale m_localeBefore;
+    qvtest::ScopedNumberLocale m_locale{{}};
+    qvtest::ScopedDictionary m_dictionary{{}};
     qv::MainWindow m_window;
 };

@@ -66,8 +66,9 @@ TEST_F(ScriptEnd, PagesAreTurnedToByWhatTheyAreNotByTheirTitles) {
     EXPECT_EQ(Stored(L"user", "k", "b"), L"second");
 }
 
-TEST_F(ScriptEnd, WindowInFrontIsNotReachedThroughNorLeftBehind) {
-    WriteStationFiles();
+// A window in front, among others, is neither reached through nor left behind.
+TEST_F(ScriptEnd, WhatDoesNotFitTheDialogFailsInWordsAndStoresNothing) {
+    CopyStationFiles();
     Expect({
         {"press person/note", L"the script ended with \"Edit text\" open; it and the dialog are cancelled"},
         {"press person/note\nset station/height 3", L"line 2: the page of station/height did not open"},
@@ -80,6 +81,13 @@ TEST_F(ScriptEnd, WindowInFrontIsNotReachedThroughNorLeftBehind) {
          L"line 2: \"person/note\" cannot be reached: it is hidden, greyed or behind another window"},
         {"press person/note\npress ok", kLeftOpen},
         {"press apply", L"line 1: \"apply\" is greyed"},
+        {"set person/name Ada", kLeftOpen},
+        {"press ok\nset person/name Ada", L"line 2: the dialog is closed already"},
+        {"set person/nothing 1", L"line 1: there is no item person/nothing"},
+        {"set station/mount A tree", L"line 1: station/mount has no entry \"A tree\""},
+        {"page Somewhere", L"line 1: there is no page \"Somewhere\""},
+        {"press nothing", L"line 1: there is nothing to press for \"nothing\""},
+        {"key HYPER+X", L"line 1: unknown key \"HYPER+X\""},
     });
     EXPECT_EQ(Stored(L"user", "person", "name"), L"Mira, 2,5");
 }
@@ -99,7 +107,7 @@ TEST_F(ScriptEnd, BoxesAndPickersWithoutAnAnswerAreLeftAsAPersonWouldLeaveThem) 
 }
 
 TEST_F(ScriptEnd, KeyThatOpensTheSystemMenuIsRefused) {
-    WriteStationFiles();
+    CopyStationFiles();
     Expect({{"key ALT+SPACE\nkey ESC", L"line 1: ALT+SPACE opens a menu, where a script cannot go on"},
             {"key alt+shift+space", L"line 1: alt+shift+space opens a menu, where a script cannot go on"},
             {"key ALT+F4", L""}});
@@ -107,7 +115,7 @@ TEST_F(ScriptEnd, KeyThatOpensTheSystemMenuIsRefused) {
 
 // As the platform's menus and boxes do, which call nobody while they wait.
 TEST_F(ScriptEnd, LoopThatIsNotTheFrameworksIsGivenUp) {
-    WriteStationFiles();
+    CopyStationFiles();
     Pages(R"("1": "One")", R"("f": { "type": 7, "label": "Folder", "pagenumber": 1 })");
     onTold = [this] {
         onTold = {};
@@ -133,7 +141,7 @@ TEST_F(ScriptEnd, DialogThatNeverComesIsGivenUp) {
 }
 
 TEST_F(ScriptEnd, FileThatCannotBeWrittenFailsInWords) {
-    WriteStationFiles();
+    CopyStationFiles();
     const std::wstring file = folder.At(L"no/such/folder.json");
     Run("set person/name Ada\ndump " + qv::ToUtf8(file));
     EXPECT_EQ(problem, L"line 2: " + file + L" could not be written");

@@ -9,15 +9,14 @@ namespace {
 using Kind = qv::ScriptAction::Kind;
 
 TEST(Script, EveryActionIsRead) {
-    struct Case {
+    const struct {
         const wchar_t* line;
         Kind kind;
         std::wstring target;
         std::wstring text;
         int first = 0;
         int second = 0;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"page Two words", Kind::Page, L"Two words", L""},
         {L"  page\t3\r", Kind::Page, L"3", L""},
         {L"set a/b  several words ", Kind::Set, L"a/b", L"several words"},
@@ -32,7 +31,7 @@ TEST(Script, EveryActionIsRead) {
         {L"answer path C:\\a b", Kind::AnswerPath, L"path", L"C:\\a b"},
         {L"answer colour 255", Kind::AnswerColour, L"colour", L"", 255},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         std::vector<qv::ScriptAction> actions;
         std::wstring problem;
         ASSERT_TRUE(qv::ParseScript(L"# remark\n\n" + std::wstring(each.line), actions, problem)) << each.line;

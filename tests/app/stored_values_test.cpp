@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ TEST(StoredValues, ChangesAreDescribedAsAPersonSeesThem) {
 }
 
 TEST(StoredValues, FilesThatCannotBeReadCountAsEmpty) {
-    const TemporaryFolder folder;
+    const qvtest::TemporaryFolder folder;
     folder.Write(L"user.json", "{ broken");
     folder.Write(L"machine.json", R"([1, 2])");
     folder.Write(L"global.json", R"({ "k": { "n": "text", "m": 5 }, "odd": "x" })");

@@ -4,10 +4,10 @@
 #include "framework/text.h"
 #include "host/services/data_files.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_property_page.h"
-#include "tests/component/component_in_program.h"
 #include "tests/component/model/model_fixture.h"
 #include "tests/docs/example_page.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/component_in_program.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -121,7 +121,7 @@ protected:
         return true;
     }
 
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
     ComponentInProgram m_component;
     CWnd m_top;
     CPropertySheet m_sheet{L"", &m_top, 0};

@@ -157,13 +157,12 @@ TEST_F(CheckListBox, IsGreyWhenNothingInItCanBeTicked) {
     Make(0);
     ASSERT_TRUE(user.Focus(list.m_hWnd));
     list.SetCurSel(0);
-    struct Case {
+    const struct {
         const char* name;
         std::function<void()> prepare;
         bool grey;
         int entry, background, text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"enabled", [] {}, false, 1, COLOR_WINDOW, COLOR_WINDOWTEXT},
         {"an entry disabled", [this] { list.Enable(1, false); }, false, 1, COLOR_WINDOW, COLOR_GRAYTEXT},
         {"the selected one of several", [] {}, false, 0, COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT},
@@ -179,7 +178,7 @@ TEST_F(CheckListBox, IsGreyWhenNothingInItCanBeTicked) {
         {"and enabled", [this] { list.EnableWindow(true); }, false, 3, COLOR_WINDOW, COLOR_WINDOWTEXT},
         {"empty", [this] { list.ResetContent(); }, false, -1, COLOR_WINDOW, 0},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         ::UpdateWindow(list.m_hWnd);
         each.prepare();

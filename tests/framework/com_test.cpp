@@ -186,19 +186,18 @@ TEST(Receive, OwnsABlockWithAllItsStrings) {
 }
 
 TEST(Exchange, OneStringIsArgumentAndResult) {
-    struct Case {
+    const struct {
         const char* name;
         HRESULT status;
         bool frees;   // the argument, before another takes its place
         BSTR leaves;  // in the variable, where it frees
         const wchar_t* expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"left alone", S_OK, false, nullptr, L"mine"},   {"replaced", S_OK, true, SysAllocString(L"yours"), L"yours"},
         {"emptied", S_FALSE, true, nullptr, L""},        {"failed, left alone", E_FAIL, false, nullptr, L""},
         {"failed, emptied", E_FAIL, true, nullptr, L""}, {"failed, poisoned", E_FAIL, true, Poison<OLECHAR>(), L""},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const auto result = qv::Exchange(L"mine", [&](BSTR argument, BSTR* variable) {
             EXPECT_EQ(argument, *variable);

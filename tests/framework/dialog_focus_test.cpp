@@ -1,7 +1,7 @@
 // What follows the focus in a nested dialog: the frame of the button that Enter presses; and what becomes of a focus
 // whose control drops out.
-#include "tests/framework/framed_buttons.h"
 #include "tests/framework/nested_frame.h"
+#include "tests/support/framed_buttons.h"
 
 using namespace nested;
 
@@ -18,7 +18,7 @@ void ExpectFrames(Frame& frame, Log& log, const qv::User& user, const std::vecto
     for (const Step& step : steps) {
         SCOPED_TRACE(step.name);
         step.act();
-        const std::vector<HWND> framed = FramedButtons(frame.m_hWnd);
+        const std::vector<HWND> framed = qvtest::FramedButtons(frame.m_hWnd);
         ASSERT_EQ(framed.size(), 1U);
         EXPECT_EQ(::GetDlgCtrlID(framed[0]), step.framed);
         log.Take();
@@ -96,13 +96,13 @@ TEST(NestedDialogFrame, WhatOthersFrameOnTheWayIsTakenBack) {
         const std::vector<HWND> ok{frame.Item(IDOK)};
         user.Focus(frame.Item(kEdit));
         user.Press(VK_TAB);
-        EXPECT_EQ(FramedButtons(frame.m_hWnd), ok) << "by key";
+        EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), ok) << "by key";
         user.Focus(frame.Item(kEdit));
         frame.inner.GotoDlgCtrl(CWnd::FromHandle(frame.Item(kCombo)));
-        EXPECT_EQ(FramedButtons(frame.m_hWnd), ok) << "by program";
+        EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), ok) << "by program";
         user.Focus(frame.Item(kRadioA));
         user.Press(VK_RIGHT);
-        EXPECT_EQ(FramedButtons(frame.m_hWnd), ok) << "by an arrow, which chooses as it goes";
+        EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), ok) << "by an arrow, which chooses as it goes";
     });
 }
 
@@ -110,18 +110,18 @@ TEST(NestedDialogFrame, StaysWithTheFocusWhileAnotherWindowIsActive) {
     InFrame([](Frame& frame, Log&, qv::User& user) {
         for (const int id : {kPush, kEdit}) {
             ASSERT_TRUE(user.Focus(frame.Item(id)));
-            const auto before = FramedButtons(frame.m_hWnd);
+            const auto before = qvtest::FramedButtons(frame.m_hWnd);
             {
                 const TopWindow other;
-                EXPECT_EQ(FramedButtons(frame.m_hWnd).size(), 1U);
+                EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd).size(), 1U);
                 ::SetActiveWindow(frame.m_hWnd);
             }
             EXPECT_EQ(FocusId(), id);
-            EXPECT_EQ(FramedButtons(frame.m_hWnd), before);
+            EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), before);
             // By program again, straight to another control.
             const TopWindow other;
             ::SetFocus(frame.Item(kHelp));
-            EXPECT_EQ(FramedButtons(frame.m_hWnd), std::vector<HWND>{frame.Item(kHelp)});
+            EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), std::vector<HWND>{frame.Item(kHelp)});
         }
     });
 }
@@ -129,16 +129,16 @@ TEST(NestedDialogFrame, StaysWithTheFocusWhileAnotherWindowIsActive) {
 // OK counts though no button of the template has the default style; a push button that had the focus does not.
 TEST(DialogFrame, OkIsWhatEnterMeansWithoutADefaultStyle) {
     static const Builder layout = Builder(WS_POPUP | WS_CAPTION, 100, 60)
-                                      .Add(Builder::Edit, kEdit, WS_TABSTOP, u"", 5, 5)
-                                      .Add(Builder::Button, kPush, WS_TABSTOP, u"Push", 5, 20)
-                                      .Add(Builder::Button, IDOK, WS_TABSTOP, u"OK", 5, 40);
+                                      .Add(Builder::Edit, kEdit, WS_TABSTOP, L"", 5, 5)
+                                      .Add(Builder::Button, kPush, WS_TABSTOP, L"Push", 5, 20)
+                                      .Add(Builder::Button, IDOK, WS_TABSTOP, L"OK", 5, 40);
     CDialog dialog;
     ASSERT_TRUE(dialog.CreateIndirect(layout.Bytes()));
     dialog.ShowWindow(SW_SHOW);
     for (const int id : {kPush, kEdit, IDOK, kEdit, kPush, kEdit}) {
         ::SetFocus(::GetDlgItem(dialog.m_hWnd, id));
         const int framed = id == kPush ? kPush : IDOK;
-        EXPECT_EQ(FramedButtons(dialog.m_hWnd), std::vector<HWND>{::GetDlgItem(dialog.m_hWnd, framed)});
+        EXPECT_EQ(qvtest::FramedButtons(dialog.m_hWnd), std::vector<HWND>{::GetDlgItem(dialog.m_hWnd, framed)});
     }
 }
 
@@ -177,7 +177,7 @@ TEST(DialogFocus, KeysBringAFocusBackThatNobodyHas) {
             ASSERT_TRUE(user.Focus(push));
             ::EnableWindow(push, FALSE);
             ASSERT_EQ(::GetFocus(), nullptr);
-            EXPECT_EQ(FramedButtons(frame.m_hWnd), std::vector<HWND>{frame.Item(IDOK)});
+            EXPECT_EQ(qvtest::FramedButtons(frame.m_hWnd), std::vector<HWND>{frame.Item(IDOK)});
             log.Take();
             ASSERT_TRUE(user.Press(c.key));
             EXPECT_EQ(FocusId(), IDOK);

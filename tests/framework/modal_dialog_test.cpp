@@ -1,19 +1,17 @@
 #include <stdexcept>
 
 #include "framework/controls.h"
-#include "tests/framework/template_builder.h"
 #include "tests/framework/test_windows.h"
 
 namespace {
 
 using Steps = std::vector<std::function<void()>>;
 
-const TemplateBuilder& Layout() {
-    static const TemplateBuilder layout =
-        TemplateBuilder(WS_POPUP | WS_CAPTION | WS_SYSMENU, 120, 80, u"dialog")
-            .Add(TemplateBuilder::Edit, 10, WS_TABSTOP, u"", 5, 5)
-            .Add(TemplateBuilder::Button, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, u"OK", 5, 40)
-            .Add(TemplateBuilder::Button, IDCANCEL, WS_TABSTOP | BS_PUSHBUTTON, u"Cancel", 60, 40);
+const Builder& Layout() {
+    static const Builder layout = Builder(WS_POPUP | WS_CAPTION | WS_SYSMENU, 120, 80, L"dialog")
+                                      .Add(Builder::Edit, 10, WS_TABSTOP, L"", 5, 5)
+                                      .Add(Builder::Button, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, L"OK", 5, 40)
+                                      .Add(Builder::Button, IDCANCEL, WS_TABSTOP | BS_PUSHBUTTON, L"Cancel", 60, 40);
     return layout;
 }
 

@@ -8,7 +8,6 @@
 #include "framework/controls.h"
 #include "framework/property_sheet.h"
 #include "framework/view.h"
-#include "tests/framework/template_builder.h"
 #include "tests/framework/test_windows.h"
 
 namespace nested {
@@ -23,8 +22,6 @@ inline constexpr int kRadioA = 205;
 inline constexpr int kRadioB = 206;
 inline constexpr int kEditableCombo = 207;
 
-using Builder = TemplateBuilder;
-
 inline const Builder& FrameLayout() {
     static const Builder layout(WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME, 306, 174);
     return layout;
@@ -36,23 +33,23 @@ inline const Builder& ViewLayout() {
 // As in the settings dialog, three buttons carry the default style.
 inline const Builder& InnerLayout() {
     static const Builder layout = Builder(WS_CHILD | DS_CONTROL, 300, 160)
-                                      .Add(Builder::Button, kHelp, WS_TABSTOP | BS_DEFPUSHBUTTON, u"&Help", 195, 140)
-                                      .Add(Builder::Button, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, u"OK", 10, 140)
-                                      .Add(Builder::Button, IDCANCEL, WS_TABSTOP, u"Cancel", 70, 140)
-                                      .Add(Builder::Button, kApply, WS_TABSTOP | BS_DEFPUSHBUTTON, u"&Apply", 130, 140);
+                                      .Add(Builder::Button, kHelp, WS_TABSTOP | BS_DEFPUSHBUTTON, L"&Help", 195, 140)
+                                      .Add(Builder::Button, IDOK, WS_TABSTOP | BS_DEFPUSHBUTTON, L"OK", 10, 140)
+                                      .Add(Builder::Button, IDCANCEL, WS_TABSTOP, L"Cancel", 70, 140)
+                                      .Add(Builder::Button, kApply, WS_TABSTOP | BS_DEFPUSHBUTTON, L"&Apply", 130, 140);
     return layout;
 }
 inline const Builder& PageLayout() {
     static const Builder layout =
         Builder(WS_CHILD | WS_DISABLED | WS_BORDER, 186, 95)
-            .Add(Builder::Static, 0xFFFF, WS_GROUP, u"&Name", 5, 5)
-            .Add(Builder::Edit, kEdit, WS_TABSTOP, u"", 60, 5)
-            .Add(Builder::ComboBox, kCombo, WS_TABSTOP | CBS_DROPDOWNLIST, u"", 60, 20, 50, 60)
-            .Add(Builder::Button, kPush, WS_TABSTOP, u"&Push", 60, 35)
-            .Add(Builder::Edit, kMultiLine, WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL, u"", 60, 50)
-            .Add(Builder::Button, kRadioA, WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, u"a", 60, 65, 20)
-            .Add(Builder::Button, kRadioB, BS_AUTORADIOBUTTON, u"b", 85, 65, 20)
-            .Add(Builder::ComboBox, kEditableCombo, WS_TABSTOP | WS_GROUP | CBS_DROPDOWN, u"", 60, 80, 50, 60);
+            .Add(Builder::Static, 0xFFFF, WS_GROUP, L"&Name", 5, 5)
+            .Add(Builder::Edit, kEdit, WS_TABSTOP, L"", 60, 5)
+            .Add(Builder::ComboBox, kCombo, WS_TABSTOP | CBS_DROPDOWNLIST, L"", 60, 20, 50, 60)
+            .Add(Builder::Button, kPush, WS_TABSTOP, L"&Push", 60, 35)
+            .Add(Builder::Edit, kMultiLine, WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL, L"", 60, 50)
+            .Add(Builder::Button, kRadioA, WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, L"a", 60, 65, 20)
+            .Add(Builder::Button, kRadioB, BS_AUTORADIOBUTTON, L"b", 85, 65, 20)
+            .Add(Builder::ComboBox, kEditableCombo, WS_TABSTOP | WS_GROUP | CBS_DROPDOWN, L"", 60, 80, 50, 60);
     return layout;
 }
 

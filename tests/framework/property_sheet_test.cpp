@@ -2,14 +2,13 @@
 
 #include <memory>
 
-#include "tests/framework/template_builder.h"
 #include "tests/framework/test_windows.h"
 
 namespace {
 
-const TemplateBuilder& PageLayout() {
-    static const TemplateBuilder layout = TemplateBuilder(WS_CHILD | WS_DISABLED | WS_BORDER, 100, 60)
-                                              .Add(TemplateBuilder::Edit, 10, WS_TABSTOP, u"", 5, 5);
+const Builder& PageLayout() {
+    static const Builder layout =
+        Builder(WS_CHILD | WS_DISABLED | WS_BORDER, 100, 60).Add(Builder::Edit, 10, WS_TABSTOP, L"", 5, 5);
     return layout;
 }
 

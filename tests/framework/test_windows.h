@@ -11,6 +11,10 @@
 #include "framework/app.h"
 #include "framework/dialog.h"
 #include "platform/user.h"
+#include "tests/support/dialog_template.h"
+#include "tests/support/scoped.h"
+
+using Builder = qvtest::DialogTemplateBuilder;
 
 // A top-level window of the framework's plain class, visible and active.
 class TopWindow : public CWnd {
@@ -26,21 +30,14 @@ inline qv::User MakeUser() {
     return qv::User([] { PumpPending(); });
 }
 
-// Sets an idle handler for its lifetime that runs the steps one after the other.
-class Script {
+// Runs the steps one after the other when a loop is idle.
+class Script : public qvtest::ScopedIdleHandler {
 public:
-    explicit Script(std::vector<std::function<void()>> steps) {
-        m_previous = SetIdleHandler([steps = std::move(steps), next = std::size_t{0}](int) mutable {
-            if (next == steps.size()) return false;
-            // Counted first, since a step may run a loop of its own.
-            steps[next++]();
-            return true;
-        });
-    }
-    ~Script() { SetIdleHandler(m_previous); }
-    Script(const Script&) = delete;
-    Script& operator=(const Script&) = delete;
-
-private:
-    IdleHandler m_previous;
+    explicit Script(std::vector<std::function<void()>> steps)
+        : qvtest::ScopedIdleHandler([steps = std::move(steps), next = std::size_t{0}](int) mutable {
+              if (next == steps.size()) return false;
+              // Counted first, since a step may run a loop of its own.
+              steps[next++]();
+              return true;
+          }) {}
 };

@@ -6,7 +6,6 @@
 #include "framework/controls.h"
 #include "framework/property_sheet.h"
 #include "framework/view.h"
-#include "tests/framework/template_builder.h"
 #include "tests/framework/test_windows.h"
 
 namespace {
@@ -119,7 +118,7 @@ TEST_F(ViewLifetime, IsItsCreatorsUntilTheCreationHasSucceeded) {
     TopWindow top;
     auto form = std::make_unique<CFormView>(4711U);  // no such template
     EXPECT_FALSE(form->Create(nullptr, L"", 0, kPlace, &top, 1));
-    const TemplateBuilder layout(WS_CHILD, 10, 10);
+    const Builder layout(WS_CHILD, 10, 10);
     form = std::make_unique<CFormView>(layout.Bytes());
     EXPECT_FALSE(form->Create(nullptr, L"", 0, kPlace, nullptr, 1));
 }
@@ -214,7 +213,7 @@ TEST_F(ViewLifetime, IsNotKeptByCallsThatCannotBeInsideIt) {
 TEST_F(ViewLifetime, IsOverWhenTheDialogIsOverThatItWasMadeIn) {
     Actor top;
     ASSERT_TRUE(top.CreateEx(0, nullptr, L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 100, 100}, nullptr, 0));
-    const TemplateBuilder layout(WS_POPUP | WS_CAPTION, 50, 50);
+    const Builder layout(WS_POPUP | WS_CAPTION, 50, 50);
     CDialog dialog;
     dialog.InitModalIndirect(layout.Bytes(), &top);
     top.act = [&] {

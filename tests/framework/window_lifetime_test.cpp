@@ -5,7 +5,6 @@
 #include "framework/data_exchange.h"
 #include "framework/gdi.h"
 #include "framework/module_state.h"
-#include "tests/framework/template_builder.h"
 #include "tests/framework/test_windows.h"
 
 namespace {
@@ -214,9 +213,9 @@ public:
 
 TEST(DataExchange, RunsBothWaysAndAFailureFocusesTheControl) {
     TopWindow top;
-    const TemplateBuilder layout = TemplateBuilder(WS_POPUP | WS_VISIBLE, 100, 80)
-                                       .Add(TemplateBuilder::Edit, 10, WS_TABSTOP, u"", 5, 5)
-                                       .Add(TemplateBuilder::Button, 11, WS_TABSTOP | BS_AUTOCHECKBOX, u"c", 5, 25);
+    const Builder layout = Builder(WS_POPUP | WS_VISIBLE, 100, 80)
+                               .Add(Builder::Edit, 10, WS_TABSTOP, L"", 5, 5)
+                               .Add(Builder::Button, 11, WS_TABSTOP | BS_AUTOCHECKBOX, L"c", 5, 25);
     ExchangingDialog dialog;
     ASSERT_TRUE(dialog.CreateIndirect(layout.Bytes(), &top));
     EXPECT_EQ(dialog.edit.GetWindowText(), L"start");

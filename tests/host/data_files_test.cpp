@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "framework/text.h"
-#include "host/services/memory_session_data.h"
 #include "tests/host/session_caller.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/memory_session_data.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ protected:
         m_folder.Write(L"file.json", content);
         return m_folder.At(L"file.json");
     }
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
 };
 
 TEST_F(DataFiles, DefinitionFileBecomesTheDefinitionTreeInItsOwnOrder) {
@@ -37,12 +37,19 @@ TEST_F(DataFiles, DefinitionFileBecomesTheDefinitionTreeInItsOwnOrder) {
 }
 
 TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
-    struct Case {
-        const char* content;
+    const struct {
+        std::string content;
         const wchar_t* message;
-    };
-    const Case cases[] = {
+    } cases[] = {
+        {"", L"is not valid JSON"},
+        {"settings = 1", L"is not valid JSON"},
+        {std::string("\xff\xfe{\0}\0", 6), L"is not valid JSON"},
+        {"{ \"o\": { \"k\": \"\xc3\x28\" } }", L"is not valid JSON"},
+        {std::string(100000, '['), L"nested too deeply"},
+        {"null", L"expected an object, found null"},
         {"[]", L"the document: expected an object, found a list"},
+        {R"({"o": {"pages": ["One"]}})", L"o/pages: expected an object, found a list"},
+        {R"({"o": {"pages": {"1": {"title": "One"}}}})", L"expected a text, found an object"},
         {R"({"o": 1})", L"o: expected an object, found a text"},
         {R"({"o": {"pages": {"1": null}}})", L"o/pages/1: expected a text, found null"},
         {R"({"o": {"k": {"n": "text"}}})", L"o/k/n: expected an object, found a text"},
@@ -51,11 +58,11 @@ TEST_F(DataFiles, DefinitionFileOfAWrongShapeIsRefusedWithOnePlace) {
         {"{\n\n  \"o\": {,", L"line 3, column 9"},
         {"{} {}", L"line 1, column 4"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         qv::ScopeData definitions;
         definitions.Set(L"old", L"name", L"text");
         const std::wstring problem = qv::LoadDefinitions(File(c.content), definitions);
-        EXPECT_NE(problem.find(c.message), std::wstring::npos) << c.content << L" gives " << problem;
+        EXPECT_NE(problem.find(c.message), std::wstring::npos) << c.content.substr(0, 60) << L" gives " << problem;
         EXPECT_NE(problem.find(L"file.json"), std::wstring::npos);
         EXPECT_NE(definitions.Find(L"old", L"name"), nullptr) << "kept as it was";
     }
@@ -105,10 +112,7 @@ TEST_F(DataFiles, FilesThatAreShippedCanBeRead) {
     EXPECT_NE(database->FindCategory(L"UA_LENGTH"), nullptr);
     qv::Dictionary dictionary;
     EXPECT_EQ(qv::LoadTranslations(folder + L"/translations.json", L"de", dictionary), L"");
-    const qv::Dictionary before = qv::SetDictionary(dictionary);
-    EXPECT_EQ(CoTranslateText(L"Settings"), L"Einstellungen");
-    EXPECT_EQ(CoTranslateText(L"not in it"), L"not in it");
-    qv::SetDictionary(before);
+    EXPECT_EQ(dictionary[L"Settings"], L"Einstellungen");
     qv::MultiUserManager::UserRights users;
     EXPECT_EQ(qv::LoadUsers(folder + L"/users.json", users), L"");
     EXPECT_EQ(users[L"administrator"], qv::AllSettingsRights());

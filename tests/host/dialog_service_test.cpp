@@ -5,26 +5,32 @@
 #include <functional>
 #include <utility>
 
-#include "framework/app.h"
 #include "framework/controls.h"
+#include "tests/support/scoped.h"
 
 namespace {
 
-// The dialog that is open now, used through posted keys and its controls, as a person would.
-class OpenDialog {
-public:
-    [[nodiscard]] HWND Window() const { return ::GetActiveWindow(); }
-    [[nodiscard]] HWND Content() const { return ::GetWindow(Window(), GW_CHILD); }
-    [[nodiscard]] bool ContentHasFocus() const { return ::GetFocus() == Content(); }
-    [[nodiscard]] std::wstring Text() const { return CWnd::FromHandle(Content())->GetWindowText(); }
-    void Press(WPARAM key) const { ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, 1); }
-    void Type(wchar_t character) const { ::PostMessageW(::GetFocus(), WM_CHAR, character, 1); }
-};
+using Step = std::function<void()>;
+
+// The dialog that is open now, and its text, used by posted keys as a person would.
+HWND Dialog() {
+    return ::GetActiveWindow();
+}
+HWND Content() {
+    return ::GetWindow(Dialog(), GW_CHILD);
+}
+std::wstring Text() {
+    return CWnd::FromHandle(Content())->GetWindowText();
+}
+Step Press(WPARAM key) {
+    return [key] { ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, 1); };
+}
+Step Type(wchar_t character) {
+    return [character] { ::PostMessageW(::GetFocus(), WM_CHAR, character, 1); };
+}
 
 class DialogServiceTest : public testing::Test {
 protected:
-    using Step = std::function<void(const OpenDialog&)>;
-
     void SetUp() override {
         ASSERT_TRUE(
             owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, RECT{50, 60, 450, 360}, nullptr, 0));
@@ -39,22 +45,20 @@ protected:
     template <class Call>
     HRESULT Run(Call&& call, std::vector<Step> steps) {
         std::size_t next = 0;
-        auto idleBefore = SetIdleHandler([&](int) {
-            const OpenDialog dialog;
+        const qvtest::ScopedIdleHandler walk([&](int) {
             if (next == 0) {
-                EXPECT_NE(dialog.Window(), owner.m_hWnd);
+                EXPECT_NE(Dialog(), owner.m_hWnd);
                 EXPECT_FALSE(owner.IsWindowEnabled());
             }
             if (next < steps.size()) {
-                steps[next++](dialog);
+                steps[next++]();
             } else {
                 ADD_FAILURE() << "still open";
-                ::SendMessageW(dialog.Window(), WM_COMMAND, IDCANCEL, 0);
+                ::SendMessageW(Dialog(), WM_COMMAND, IDCANCEL, 0);
             }
             return true;
         });
         const HRESULT status = call();
-        SetIdleHandler(std::move(idleBefore));
         EXPECT_EQ(next, steps.size());
         EXPECT_TRUE(owner.IsWindowEnabled());
         EXPECT_EQ(::GetFocus(), before.m_hWnd) << "the focus goes back";
@@ -89,61 +93,47 @@ protected:
 
 TEST_F(DialogServiceTest, EditingByKeyboardReplacesTheText) {
     qv::Bstr value(L"one\ntwo");
-    const HRESULT status = Edit(value, {
-                                           [](const OpenDialog& dialog) {
-                                               EXPECT_TRUE(dialog.ContentHasFocus());
-                                               EXPECT_EQ(dialog.Text(), L"one\r\ntwo");
-                                               dialog.Type(L'x');
-                                           },
-                                           [](const OpenDialog& dialog) { dialog.Press(VK_RETURN); },
-                                           [](const OpenDialog& dialog) {
-                                               EXPECT_EQ(dialog.Text(), L"x\r\none\r\ntwo") << "Enter is the editor's";
-                                               dialog.Press(VK_TAB);
-                                           },
-                                           [](const OpenDialog& dialog) {
-                                               EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDOK);
-                                               dialog.Press(VK_RETURN);
-                                           },
-                                       });
-    EXPECT_EQ(status, S_OK);
+    const Step look = [] {
+        EXPECT_EQ(::GetFocus(), Content());
+        EXPECT_EQ(Text(), L"one\r\ntwo");
+    };
+    const Step lookAgain = [] { EXPECT_EQ(Text(), L"x\r\none\r\ntwo") << "Enter is the editor's"; };
+    const Step lookForOk = [] { EXPECT_EQ(::GetDlgCtrlID(::GetFocus()), IDOK); };
+    EXPECT_EQ(Edit(value, {look, Type(L'x'), Press(VK_RETURN), lookAgain, Press(VK_TAB), lookForOk, Press(VK_RETURN)}),
+              S_OK);
     EXPECT_EQ(qv::TextOf(value.Get()), L"x\none\ntwo");
 }
 
 TEST_F(DialogServiceTest, EscapeLeavesTheCallersTextAlone) {
-    const Step escape = [](const OpenDialog& dialog) { dialog.Press(VK_ESCAPE); };
     qv::Bstr value(L"a|b");
     const BSTR untouched = value.Get();
-    EXPECT_EQ(Edit(value, {[](const OpenDialog& dialog) { dialog.Type(L'x'); }, escape}), S_FALSE);
+    EXPECT_EQ(Edit(value, {Type(L'x'), Press(VK_ESCAPE)}), S_FALSE);
     EXPECT_EQ(value.Get(), untouched);
-    EXPECT_EQ(Choose(value, 0, {[](const OpenDialog& dialog) { dialog.Press(VK_DOWN); }, escape}), S_FALSE);
+    EXPECT_EQ(Choose(value, 0, {Press(VK_DOWN), Press(VK_ESCAPE)}), S_FALSE);
     EXPECT_EQ(value.Get(), untouched);
     EXPECT_EQ(qv::TextOf(value.Get()), L"a|b");
 }
 
 TEST_F(DialogServiceTest, TheChosenEntryComesFirst) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring text;
         LONG number;
         bool goesDown;
         std::wstring expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"the one that was selected", L"a|b|c", 1, false, L"b|a|c"},
         {"the next", L"a|b|c", 1, true, L"c|a|b"},
         {"lines", L"a\r\nb\nc", 2, false, L"c|a|b"},
         {"number past the end", L"a|b", 7, false, L"a|b"},
         {"negative number", L"a|b", -1, false, L"a|b"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qv::Bstr value(each.text);
-        std::vector<Step> steps;
-        if (each.goesDown) steps.emplace_back([](const OpenDialog& dialog) { dialog.Press(VK_DOWN); });
-        steps.emplace_back([](const OpenDialog& dialog) {
-            EXPECT_TRUE(dialog.ContentHasFocus());
-            dialog.Press(VK_RETURN);
-        });
+        std::vector<Step> steps{[] { EXPECT_EQ(::GetFocus(), Content()); }};
+        if (each.goesDown) steps.push_back(Press(VK_DOWN));
+        steps.push_back(Press(VK_RETURN));
         EXPECT_EQ(Choose(value, each.number, std::move(steps)), S_OK);
         EXPECT_EQ(qv::TextOf(value.Get()), each.expected);
     }
@@ -162,18 +152,9 @@ TEST_F(DialogServiceTest, NothingToChooseFromOpensNothing) {
 
 TEST_F(DialogServiceTest, TheViewerShowsAndChangesNothing) {
     qv::Bstr value(L"one\ntwo");
+    const Step look = [] { EXPECT_EQ(Text(), L"one\r\ntwo"); };
     for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}}) {
-        EXPECT_EQ(Run([&] { return View(value); }, {
-                                                       [](const OpenDialog& dialog) {
-                                                           EXPECT_EQ(dialog.Text(), L"one\r\ntwo");
-                                                           dialog.Type(L'x');
-                                                       },
-                                                       [key](const OpenDialog& dialog) {
-                                                           EXPECT_EQ(dialog.Text(), L"one\r\ntwo");
-                                                           dialog.Press(key);
-                                                       },
-                                                   }),
-                  S_OK);
+        EXPECT_EQ(Run([&] { return View(value); }, {look, Type(L'x'), look, Press(key)}), S_OK);
         EXPECT_EQ(qv::TextOf(value.Get()), L"one\ntwo");
     }
 }
@@ -189,23 +170,20 @@ TEST_F(DialogServiceTest, TheNoteStandsBesideTheFrameInsideTheScreen) {
         owner.MoveWindow(left, 60, 400, 300);
         const auto frame = static_cast<LONG>(reinterpret_cast<LONG_PTR>(owner.m_hWnd));
         qv::Bstr text(L"note");
-        EXPECT_EQ(Run([&] { return service->PlaceBeside(text.Get(), frame); }, {[&](const OpenDialog& dialog) {
-                          RECT note{};
-                          ::GetWindowRect(dialog.Window(), &note);
-                          const CRect other = owner.GetWindowRect();
-                          EXPECT_TRUE(note.left >= other.right || note.right <= other.left);
-                          EXPECT_GE(note.left, work.left);
-                          EXPECT_LE(note.right, work.right);
-                          EXPECT_EQ(note.top, other.top);
-                          dialog.Press(VK_ESCAPE);
-                      }}),
-                  S_OK);
+        const Step look = [&] {
+            RECT note{};
+            ::GetWindowRect(Dialog(), &note);
+            const CRect other = owner.GetWindowRect();
+            EXPECT_TRUE(note.left >= other.right || note.right <= other.left);
+            EXPECT_GE(note.left, work.left);
+            EXPECT_LE(note.right, work.right);
+            EXPECT_EQ(note.top, other.top);
+        };
+        EXPECT_EQ(Run([&] { return service->PlaceBeside(text.Get(), frame); }, {look, Press(VK_ESCAPE)}), S_OK);
     }
     // A frame that is gone, or none, is no reason to fail.
     qv::Bstr text(L"note");
-    EXPECT_EQ(Run([&] { return service->PlaceBeside(text.Get(), 0); },
-                  {[](const OpenDialog& dialog) { dialog.Press(VK_ESCAPE); }}),
-              S_OK);
+    EXPECT_EQ(Run([&] { return service->PlaceBeside(text.Get(), 0); }, {Press(VK_ESCAPE)}), S_OK);
 }
 
 }  // namespace

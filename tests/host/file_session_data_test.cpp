@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/host/session_caller.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ protected:
         const auto data = Start();
         return SessionCaller(*data.Get()).Read(scope, key, name);
     }
-    TemporaryFolder m_folder;
+    qvtest::TemporaryFolder m_folder;
     Texts m_problems;
 };
 
@@ -59,13 +59,12 @@ TEST_F(SessionFiles, LoadingAgainSeesOtherProgramsSavesAndKeepsOwnWrites) {
 }
 
 TEST_F(SessionFiles, DamagedFileIsKeptAsideAndReportedAndOthersAreUntouched) {
-    struct Case {
+    const struct {
         const char* name;
         const char* content;
         const wchar_t* reported;           // part of the message
         std::optional<std::wstring> kept;  // what is left of common/a
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"cut off", "{\n \"common\": { \"a\": \"1\"", L"line 2", std::nullopt},
         {"empty", "", L"line 1", std::nullopt},
         {"a list", "[1]", L"a list", std::nullopt},
@@ -77,7 +76,7 @@ TEST_F(SessionFiles, DamagedFileIsKeptAsideAndReportedAndOthersAreUntouched) {
          L"nested", std::nullopt},
     };
     int damaged = 0;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         m_problems.clear();
         m_folder.Write(L"user.json", c.content);
         m_folder.Write(L"machine.json", "{\"common\": {\"m\": \"2\"}}");

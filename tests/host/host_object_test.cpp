@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
 #include "host/services/multi_user_manager.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 
@@ -14,19 +14,18 @@ TEST(HostObject, HandsOutTheServicesItHasAndNothingElse) {
     const auto users = qv::MultiUserManager::CreateWithAllRights();
     const auto host =
         qv::HostObject::Create(ComPtr<ISessionDataManager>(session.Get()), ComPtr<IMultiUserManager>(users.Get()));
-    struct Case {
+    const struct {
         const char* name;
         const GUID& service;
         const IID& wanted;
         bool isOffered;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"session data", SID_SessionData, IID_ISessionDataManager, true},
         {"users", SID_MultiUser, IID_IMultiUserManager, true},
         {"dialogs, without a factory", CLSID_HostDialogService, IID_HostDialogService, false},
         {"unknown", IID_ITPFObject, IID_ITPFObject, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         auto* raw = reinterpret_cast<IUnknown*>(session.Get());
         EXPECT_EQ(host->CreateObject(c.service, 1, &raw), c.isOffered ? S_OK : E_NOINTERFACE) << c.name;
         const auto object = ComPtr<IUnknown>::Adopt(raw);
@@ -50,17 +49,16 @@ TEST(HostObject, FailingDialogServiceFactoryLeavesNothingBehind) {
 
 TEST(MultiUserManager, RightIsGrantedToWhomItWasGivenOnly) {
     const qv::MultiUserManager::UserRights users{{L"anna", {L"Change settings/User data"}}, {L"bert", {}}};
-    struct Case {
+    const struct {
         const wchar_t* user;
         const wchar_t* right;
         HRESULT answer;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"anna", L"Change settings/User data", S_OK},      {L"anna", L"change settings/user data", S_FALSE},
         {L"anna", L"Change settings/Global data", S_FALSE}, {L"bert", L"Change settings/User data", S_FALSE},
         {L"nobody", L"Change settings/User data", S_FALSE}, {L"anna", L"", S_FALSE},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const auto manager = qv::MultiUserManager::Create(users, c.user);
         EXPECT_EQ(manager->CheckRight(qv::Bstr(c.right).Get()), c.answer) << c.user << L": " << c.right;
     }

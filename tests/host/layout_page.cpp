@@ -24,26 +24,21 @@ LRESULT FontWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 RowSpec TextRow(std::wstring name, int order) {
-    RowSpec spec;
-    spec.name = std::move(name);
-    spec.order = order;
-    return spec;
+    return {.name = std::move(name), .order = order};
 }
 
 RowSpec ComboRow(std::wstring name, std::wstring value, std::vector<XLayout::ColumnItem> items) {
-    RowSpec spec = TextRow(std::move(name));
-    spec.controlType = XLayout::kComboBox;
-    spec.value = std::move(value);
-    spec.items = std::move(items);
-    return spec;
+    return {.name = std::move(name),
+            .controlType = XLayout::kComboBox,
+            .value = std::move(value),
+            .items = std::move(items)};
 }
 
 RowSpec CheckRow(std::wstring name, std::wstring value) {
-    RowSpec spec = TextRow(std::move(name));
-    spec.dataType = XLayout::kBoolean;
-    spec.controlType = XLayout::kCheckBox;
-    spec.value = std::move(value);
-    return spec;
+    return {.name = std::move(name),
+            .dataType = XLayout::kBoolean,
+            .controlType = XLayout::kCheckBox,
+            .value = std::move(value)};
 }
 
 LayoutPage::LayoutPage(int pointSize)

@@ -25,11 +25,11 @@ private:
 };
 
 struct RowSpec {
-    std::wstring name;
+    std::wstring name{};
     int order = 0;
     int dataType = XLayout::kText;
     int controlType = XLayout::kEdit;
-    std::wstring value;
+    std::wstring value{};
     std::wstring prompt = L"Prompt";
     int limit = 100;
     bool disabled = false;

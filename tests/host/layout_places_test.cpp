@@ -5,7 +5,6 @@
 
 #include "framework/gdi.h"
 #include "host/libraries/layout_check_box.h"
-#include "host/libraries/search_ctrl.h"
 #include "tests/host/layout_page.h"
 
 namespace {
@@ -21,12 +20,7 @@ int LineHeight(const LayoutPage& page) {
 }
 
 RowSpec Row(const wchar_t* name, int dataType, int controlType, int limit, const wchar_t* prompt) {
-    RowSpec spec = TextRow(name);
-    spec.dataType = dataType;
-    spec.controlType = controlType;
-    spec.limit = limit;
-    spec.prompt = prompt;
-    return spec;
+    return {.name = name, .dataType = dataType, .controlType = controlType, .prompt = prompt, .limit = limit};
 }
 
 // One row of every kind that the layout makes itself.
@@ -119,68 +113,6 @@ TEST(LayoutWidth, CombosShowTheirLongestEntryWithinReason) {
     EXPECT_LT(other.ControlRect(L"x").Width(), TextSize(other, endless).cx / 2);
 }
 
-// The line of text that a control shows, seen from the page; the middle of what has none of its own.
-LONG TextTop(const LayoutPage& page, const std::wstring& name) {
-    const CWnd& control = *page.layout.GetColumnControl(name);
-    HWND edit = ::FindWindowExW(control.m_hWnd, nullptr, L"EDIT", nullptr);
-    if (edit == nullptr && control.IsKindOf(CEdit::kRuntimeClass)) edit = control.m_hWnd;
-    if (edit == nullptr) return page.ControlRect(name).top + (page.ControlRect(name).Height() - LineHeight(page)) / 2;
-    RECT text{};
-    ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
-    ::MapWindowPoints(edit, page.window.m_hWnd, reinterpret_cast<POINT*>(&text), 2);
-    return text.top;
-}
-
-TEST_P(LayoutInFont, FieldsOfEveryKindHaveOneHeightAndStandOnTheLinesOfTheirPrompts) {
-    LayoutPage page(GetParam());
-    AddEveryKind(page);
-    const auto special = [&page](const wchar_t* name, CWnd& window, int height) {
-        RowSpec row = TextRow(name);
-        row.prompt = L"Special";
-        row.resizeMode = XLayout::kResizeWidth;
-        row.placeholder = &window;
-        XLayout::Column& column = page.Add(row);
-        column.SetControlWidth(100, 200);
-        column.SetControlHeight(height, height);
-    };
-    XSearchFolderCtrl chooser;
-    CEdit masked;
-    CButton button;
-    const HFONT font = page.window.GetFont();
-    ASSERT_TRUE(chooser.Create(L"C:\\", 20000, CRect(), font, &page.window));
-    ASSERT_TRUE(masked.CreateEx(WS_EX_CLIENTEDGE, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_PASSWORD,
-                                CRect(), page.window.m_hWnd, 20001));
-    ASSERT_TRUE(button.Create(L"Press", WS_VISIBLE, CRect(), &page.window, 20002));
-    special(L"chooser", chooser, 24);
-    special(L"password", masked, 24);
-    special(L"button", button, 23);
-    page.Show();
-
-    const int height = page.ControlRect(L"text").Height();
-    for (const wchar_t* field : {L"digit", L"integer", L"double", L"combo", L"password"})
-        EXPECT_EQ(page.ControlRect(field).Height(), height) << field;
-    const CWnd* inner = CWnd::FromHandle(::FindWindowExW(chooser.m_hWnd, nullptr, L"EDIT", nullptr));
-    const CWnd* browse = CWnd::FromHandle(::FindWindowExW(chooser.m_hWnd, nullptr, L"BUTTON", nullptr));
-    EXPECT_EQ(page.RectOf(*inner).Height(), height);
-    EXPECT_EQ(page.RectOf(*browse).top, page.RectOf(*inner).top);
-    EXPECT_EQ(page.RectOf(*browse).Height(), height);
-    EXPECT_GE(page.ControlRect(L"chooser").Height(), page.Scaled(24));
-
-    const LONG step = page.PromptRect(L"integer").top - page.PromptRect(L"digit").top;
-    EXPECT_GE(step, height);
-    LONG expected = page.PromptRect(L"digit").top;
-    LONG bottom = 0;
-    for (const auto& row : page.layout.GetRows()) {
-        const std::wstring& name = row.column.name;
-        EXPECT_EQ(page.PromptRect(name).top, expected) << name;
-        EXPECT_NEAR(static_cast<double>(TextTop(page, name)), static_cast<double>(expected), name == L"button" ? 1 : 0)
-            << name;
-        EXPECT_GE(page.ControlRect(name).top, bottom) << name;
-        bottom = page.ControlRect(name).bottom;
-        expected += step;
-    }
-}
-
 TEST(LayoutCombo, ListDropsFarEnoughToChooseFrom) {
     LayoutPage page;
     std::vector<XLayout::ColumnItem> entries;
@@ -210,10 +142,8 @@ protected:
         for (std::size_t i = 0; i < std::size(kSpecs); ++i) {
             const Spec& spec = kSpecs[i];
             ASSERT_TRUE(m_windows[i].CreateEx(0, nullptr, L"", WS_CHILD, CRect(), m_page.window.m_hWnd, 20000 + i));
-            RowSpec row = TextRow(spec.name);
-            row.resizeMode = spec.mode;
-            row.placeholder = &m_windows[i];
-            XLayout::Column& column = m_page.Add(row);
+            XLayout::Column& column =
+                m_page.Add({.name = spec.name, .resizeMode = spec.mode, .placeholder = &m_windows[i]});
             column.SetControlWidth(spec.minWidth, spec.maxWidth);
             column.SetControlHeight(spec.minHeight, spec.maxHeight);
         }
@@ -307,51 +237,6 @@ TEST(LayoutGrowthFlags, PageOfOrdinaryRowsDoesNotGrow) {
     empty.Show();
     EXPECT_EQ(empty.layout.GetMinWidth(), 0);
     EXPECT_EQ(empty.layout.GetMinHeight(), 0);
-}
-
-TEST(LayoutTabOrder, GoesDownThePageWithEveryPromptRightBeforeItsControl) {
-    LayoutPage page;
-    // Special controls are there before the layout, in an order of their own; one is a container of stops.
-    CButton late, early;
-    CWnd container;
-    CEdit inside;
-    ASSERT_TRUE(late.Create(L"", 0, CRect(), &page.window, 20000));
-    ASSERT_TRUE(container.CreateEx(WS_EX_CONTROLPARENT, nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(),
-                                   page.window.m_hWnd, 20001));
-    ASSERT_TRUE(inside.Create(WS_VISIBLE | WS_TABSTOP, CRect(), &container, 1));
-    ASSERT_TRUE(early.Create(L"", 0, CRect(), &page.window, 20002));
-    const auto special = [&](const wchar_t* name, int order, CWnd* window) {
-        RowSpec spec = TextRow(name, order);
-        spec.placeholder = window;
-        page.Add(spec);
-    };
-    page.Add(TextRow(L"third", 3));
-    special(L"last", 9, &late);
-    page.Add(TextRow(L"first", 1));
-    special(L"second", 2, &early);
-    special(L"fifth", 5, &container);
-    RowSpec off = TextRow(L"fourth", 4);
-    off.disabled = true;
-    page.Add(off);
-    page.Add(CheckRow(L"sixth", L"1")).order = 6;
-    page.Show();
-
-    for (const XLayout::RowView& row : page.layout.GetRows()) {
-        ASSERT_NE(row.prompt, nullptr);
-        ASSERT_NE(row.control, nullptr);
-        EXPECT_EQ(::GetWindow(row.prompt->m_hWnd, GW_HWNDNEXT), row.control->m_hWnd) << row.column.name;
-    }
-    HWND stop = nullptr;
-    const std::vector<HWND> expected{page.layout.GetColumnControl(L"first")->m_hWnd, early.m_hWnd,
-                                     page.layout.GetColumnControl(L"third")->m_hWnd, inside.m_hWnd,
-                                     page.layout.GetColumnControl(L"sixth")->m_hWnd, late.m_hWnd};
-    std::vector<HWND> stops;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        stop = ::GetNextDlgTabItem(page.window.m_hWnd, stop, FALSE);
-        stops.push_back(stop);
-    }
-    EXPECT_EQ(stops, expected);
-    EXPECT_EQ(::GetNextDlgTabItem(page.window.m_hWnd, stop, FALSE), expected.front()) << "and round again";
 }
 
 }  // namespace

@@ -18,9 +18,7 @@ public:
                     : TextRow(L"row" + std::to_wstring(i)));
         }
         // Its right edge follows the page's.
-        RowSpec wide = TextRow(L"wide", rows);
-        wide.resizeMode = XLayout::kResizeWidth;
-        Add(wide).SetControlWidth(50, 5000);
+        Add({.name = L"wide", .order = rows, .resizeMode = XLayout::kResizeWidth}).SetControlWidth(50, 5000);
         Show();
         window.onSize = [this](int cx, int cy) { layout.RecalcLayout(10, 10, cx - 20, cy - 20); };
         Resize(leastWidth(), leastHeight());

@@ -1,36 +1,22 @@
 // Message boxes, the error display and the browser settings: what callers see of them.
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "framework/wnd.h"
 #include "host/libraries/browser_settings.h"
 #include "host/libraries/error_display.h"
-#include "host/libraries/message_box.h"
+#include "tests/support/recorders.h"
 
 namespace {
 
 using Kind = qv::MessageBoxCall::Kind;
 
-class MessageBoxes : public testing::Test {
-protected:
-    MessageBoxes() {
-        m_before = qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
-            m_calls.push_back(call);
-            return m_answer;
-        });
-    }
-    ~MessageBoxes() override { qv::SetMessageBoxSink(m_before); }
-    qv::MessageBoxSink m_before;
-    std::vector<qv::MessageBoxCall> m_calls;
-    int m_answer = IDOK;
-};
+class MessageBoxes : public testing::Test, protected qvtest::MessageBoxRecorder {};
 
 TEST_F(MessageBoxes, ReachTheSinkAsTheyWereCalledAndAnswerWithItsButton) {
     CWnd owner;
     ASSERT_TRUE(owner.CreateEx(0, nullptr, L"owner", WS_POPUP | WS_VISIBLE, CRect(0, 0, 50, 50), nullptr, 0));
     ::SetActiveWindow(owner.m_hWnd);
-    m_answer = IDCANCEL;
+    answer = IDCANCEL;
     EXPECT_EQ(CoInfoBox(owner.m_hWnd, L"caption", L"info\nline", 0), IDCANCEL);
     EXPECT_EQ(CoErrorBox(nullptr, L"", L"error", MB_OKCANCEL), IDCANCEL);
     EXPECT_EQ(CoPlainBox(L"plain"), IDCANCEL);
@@ -51,13 +37,13 @@ TEST_F(MessageBoxes, ReachTheSinkAsTheyWereCalledAndAnswerWithItsButton) {
         {Kind::Error, owner.m_hWnd, L"Module", L"100% wrong %s\n\nClass::Function (2537)", 0},
         {Kind::Error, owner.m_hWnd, L"Module", L"wrong\n\nClass::Function (-1)\nmore", 0},
     };
-    ASSERT_EQ(m_calls.size(), std::size(expected));
+    ASSERT_EQ(boxes.size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {
-        EXPECT_EQ(m_calls[i].kind, expected[i].kind) << i;
-        EXPECT_EQ(m_calls[i].owner, expected[i].window) << i;
-        EXPECT_EQ(m_calls[i].caption, expected[i].caption) << i;
-        EXPECT_EQ(m_calls[i].text, expected[i].text) << i;
-        EXPECT_EQ(m_calls[i].flags, expected[i].flags) << i;
+        EXPECT_EQ(boxes[i].kind, expected[i].kind) << i;
+        EXPECT_EQ(boxes[i].owner, expected[i].window) << i;
+        EXPECT_EQ(boxes[i].caption, expected[i].caption) << i;
+        EXPECT_EQ(boxes[i].text, expected[i].text) << i;
+        EXPECT_EQ(boxes[i].flags, expected[i].flags) << i;
     }
 }
 

@@ -4,23 +4,16 @@
 
 #include <cmath>
 
+#include "tests/support/recorders.h"
+
 namespace {
 
-// Puts a locale in force for one test.
-class Numbers : public testing::Test {
-protected:
-    ~Numbers() override { qv::SetNumberLocale(m_before); }
-    static void Use(const wchar_t* decimal) { qv::SetNumberLocale({true, decimal, L" "}); }
-    qv::NumberLocale m_before = qv::GetNumberLocale();
-};
-
-TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
-    struct Case {
+TEST(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
+    const struct {
         const wchar_t* decimal;
         const wchar_t* text;
         double value;  // NaN: refused
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L".", L"2.5", 2.5},
         {L".", L"2,5", NAN},
         {L",", L"2,5", 2.5},
@@ -42,8 +35,8 @@ TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
         {L".", L"1.7976931348623157e308", 1.7976931348623157e308},
         {L".", L"１", NAN},
     };
-    for (const Case& c : cases) {
-        Use(c.decimal);
+    for (const auto& c : cases) {
+        const qvtest::ScopedNumberLocale locale({true, c.decimal, L" "});
         double value = 17;
         const bool isNumber = String2Double(c.text, value);
         EXPECT_EQ(isNumber, !std::isnan(c.value)) << c.text;
@@ -51,13 +44,12 @@ TEST_F(Numbers, TextIsReadInTheLocalNotationAndWithAPoint) {
     }
 }
 
-TEST_F(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
-    struct Case {
+TEST(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
+    const struct {
         const wchar_t* format;
         double value;
         const wchar_t* text;  // null: the format is refused
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"%g", 0.1, L"0.1"},
         {L"%f", 3.14, L"3.140000"},
         {L"%5.2e", 1004, L"1.00e+03"},
@@ -71,24 +63,24 @@ TEST_F(Numbers, NumberIsWrittenWithAPointInAnyLocale) {
         {L"%n", 1, nullptr},
         {L"%*g", 1, nullptr},
     };
-    Use(L",");
-    for (const Case& c : cases) {
+    const qvtest::ScopedNumberLocale locale({true, L",", L" "});
+    for (const auto& c : cases) {
         std::wstring text = L"kept";
         EXPECT_EQ(Double2String(text, c.value, c.format), c.text != nullptr) << c.format;
         EXPECT_EQ(text, c.text != nullptr ? c.text : L"kept");
     }
 }
 
-TEST_F(Numbers, LocalSeparatorIsReplacedAndAnUnknownLocaleIsReported) {
+TEST(Numbers, LocalSeparatorIsReplacedAndAnUnknownLocaleIsReported) {
     std::wstring text = L"2,5;3.5,";
-    Use(L",");
+    const qvtest::ScopedNumberLocale comma({true, L",", L" "});
     EXPECT_TRUE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2.5;3.5.");
-    Use(L".");
+    const qvtest::ScopedNumberLocale point({true, L".", L" "});
     text = L"2,5";
     EXPECT_TRUE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2,5");
-    qv::SetNumberLocale({.known = false});
+    const qvtest::ScopedNumberLocale unknown({.known = false});
     EXPECT_FALSE(ReplaceLocalWith(text, L"."));
     EXPECT_EQ(text, L"2,5");
     double value = 0;

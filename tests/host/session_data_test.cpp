@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
 #include "tests/host/session_caller.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 
 using Texts = std::vector<std::wstring>;
-using qv::SessionOperation;
 
 class SessionData : public testing::Test {
 protected:
@@ -78,32 +77,6 @@ TEST_F(SessionData, ValuesOfOtherTypesAreConvertedOnTheWayInAndOut) {
     EXPECT_EQ(read.lVal, -42);
     m_data->Put(SDT_userData, L"k", L"v", L"no number");
     EXPECT_NE(m_data->ReadData(qv::Bstr(L"k").Get(), qv::Bstr(L"v").Get(), VT_I4, &read, SDT_userData), S_OK);
-}
-
-TEST_F(SessionData, PlannedFaultHitsTheCallItWasPlannedForAndNothingElse) {
-    m_data->FailNth(SessionOperation::WriteData, 2, E_ACCESSDENIED);
-    EXPECT_EQ(m_caller.Write(SDT_userData, L"k", L"a", L"1"), S_OK);
-    EXPECT_EQ(m_caller.Read(SDT_userData, L"k", L"a"), L"1");
-    EXPECT_EQ(m_caller.Write(SDT_userData, L"k", L"b", L"2"), E_ACCESSDENIED);
-    EXPECT_FALSE(m_caller.Read(SDT_userData, L"k", L"b"));
-    EXPECT_EQ(m_caller.Write(SDT_userData, L"k", L"b", L"2"), S_OK);
-
-    const auto writes = m_data->CallsOf(SessionOperation::WriteData);
-    ASSERT_EQ(writes.size(), 3u);
-    EXPECT_EQ(writes[1].name, L"b");
-    EXPECT_EQ(writes[1].text, L"2");
-    EXPECT_EQ(writes[1].scope, SDT_userData);
-}
-
-TEST_F(SessionData, EnumerationCanAnswerSuccessWithoutABlock) {
-    m_data->Define(L"o/pages", L"1", L"General");
-    m_data->AnswerNullBlockOnce(SessionOperation::EnumSubKeys);
-    ULONG count = 7;
-    auto* block = reinterpret_cast<BSTR*>(&count);
-    EXPECT_EQ(m_data->EnumSubKeys(qv::Bstr(L"o").Get(), 0, &count, &block, SDT_userData), S_OK);
-    EXPECT_EQ(count, 1u);
-    EXPECT_EQ(block, nullptr);
-    EXPECT_EQ(m_caller.SubKeys(L"o", 0), (Texts{L"o/pages"})) << "once only";
 }
 
 TEST_F(SessionData, NullArgumentsAreRefusedOrEmpty) {

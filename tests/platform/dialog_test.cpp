@@ -3,12 +3,14 @@
 #include <optional>
 
 #include "platform/user.h"
-#include "tests/platform/dialog_template.h"
 #include "tests/platform/window_fixture.h"
+#include "tests/support/dialog_template.h"
 
 namespace qv::test {
 
 namespace {
+
+using qvtest::DialogTemplateBuilder;
 
 constexpr DWORD kControl = WS_CHILD | WS_VISIBLE;
 constexpr DWORD kStop = kControl | WS_TABSTOP;

@@ -7,7 +7,8 @@
 #include "host/services/host_object.h"
 #include "platform/module_address.h"
 #include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"
-#include "tests/component/settings_driver.h"
+#include "tests/support/settings_driver.h"
+#include "tests/support/test_host.h"
 
 namespace {
 

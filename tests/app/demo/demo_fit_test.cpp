@@ -9,10 +9,9 @@
 #include "framework/check_list_box.h"
 #include "framework/module_state.h"
 #include "framework/text.h"
-#include "host/libraries/translation.h"
 #include "tests/app/demo/window_checks.h"
-#include "tests/component/settings_driver.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/settings_driver.h"
+#include "tests/support/temporary_folder.h"
 
 using namespace qvtest;
 
@@ -32,10 +31,7 @@ protected:
         m_state.resources = GetModuleHandleW(nullptr);
         SetProcessModuleState(m_state);
     }
-    ~DemoDialog() override {
-        qv::SetDictionary({});
-        OleUninitialize();
-    }
+    ~DemoDialog() override { OleUninitialize(); }
 
     // Opens the dialog, calls check with each page in front, and cancels.
     void OnEveryPage(const std::function<void(HWND page)>& check) {
@@ -65,7 +61,7 @@ protected:
 private:
     void VisitPages(const std::function<void(HWND page)>& check) {
         const int pages = static_cast<int>(driver.TabTitles().size());
-        ASSERT_EQ(pages, 8);
+        ASSERT_GT(pages, 1);
         for (int i = 0; i < pages; ++i) {
             ASSERT_TRUE(driver.SwitchPage(i));
             const CWnd* page = driver.Sheet().GetActivePage();
@@ -139,26 +135,6 @@ TEST_P(DemoDialog, OpensWholeOnTheScreen) {
         EXPECT_EQ(dialog.GetWindowRect().Width(), view.GetClientRect().Width());
         EXPECT_EQ(dialog.GetWindowRect().Height(), view.GetClientRect().Height());
         EXPECT_TRUE(IsWhollySeen(page));
-    });
-}
-
-// With its prompt where the frame has room for both: a remembered one may be smaller than a control.
-TEST_P(DemoDialog, ShowsEveryControlThatGetsTheFocus) {
-    OnEveryPage([&](HWND page) {
-        const CRect room = driver.Dialog().GetParent()->GetClientRect();
-        const auto fits = [&room](const CRect& rect) {
-            return rect.Width() <= room.Width() && rect.Height() <= room.Height();
-        };
-        int seen = 0;
-        for (const XLayout::RowView& row : LayoutOf(page).GetRows()) {
-            const CRect control = row.control->GetWindowRect();
-            if (!row.control->IsWindowEnabled() || !fits(control)) continue;
-            row.control->SetFocus();
-            EXPECT_TRUE(IsWhollySeen(row.control->m_hWnd)) << Describe(row.control->m_hWnd);
-            ++seen;
-            EXPECT_TRUE(GetParam().compact || IsWhollySeen(row.prompt->m_hWnd)) << Describe(row.prompt->m_hWnd);
-        }
-        EXPECT_TRUE(GetParam().compact || seen > 0);
     });
 }
 

@@ -3,25 +3,6 @@
 
 namespace {
 
-TEST_F(ComponentDll, FactoryRefusesWhatItCannotMake) {
-    void* object = &object;
-    EXPECT_EQ(GetClassObject(LIBID_QVSETTINGSDIALOGLib, IID_IClassFactory, &object), CLASS_E_CLASSNOTAVAILABLE);
-    EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(GetClassObject(CLSID_QVSettingsDialogManager, IID_IClassFactory, nullptr), E_POINTER);
-
-    auto factory = Factory();
-    ASSERT_TRUE(factory);
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
-    object = &object;
-    EXPECT_EQ(factory->CreateInstance(hostObject.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
-    EXPECT_EQ(object, nullptr);
-    object = &object;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &object), E_NOINTERFACE);
-    EXPECT_EQ(object, nullptr);
-    factory.Reset();
-    EXPECT_EQ(CanUnloadNow(), S_OK) << "a refused instance is gone";
-}
-
 TEST_F(ComponentDll, OneObjectAnswersForItsThreeInterfaces) {
     const auto manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
     const auto identity = Query<IUnknown>(manager, IID_IUnknown);

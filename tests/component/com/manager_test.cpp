@@ -2,12 +2,10 @@
 #include <new>
 #include <stdexcept>
 
-#include "framework/app.h"
-#include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/com/settings_module.h"
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "tests/component/com/component_dll.h"
-#include "tests/component/watched_host.h"
+#include "tests/support/watched_host.h"
 
 using qv::MessageBoxCall;
 using qv::SessionOperation;
@@ -24,9 +22,12 @@ protected:
         EXPECT_EQ(manager.CreateModalDialogEx(qv::Bstr(caption).Get(), dataIO, &result), S_OK);
         return result;
     }
-    LONG OpenWith(IQVSettingsDialogManager& manager, qvtest::SettingsDriver::Steps steps,
+    // Opens the dialog, acts in it and presses the button that ends it.
+    void InDialog(IQVSettingsDialogManager& manager, std::function<void()> act, int end = IDOK,
                   IQVSettingsDialogDataIO* dataIO = nullptr) {
-        return driver.Run([&] { return static_cast<int>(Open(manager, L"Caption", dataIO)); }, std::move(steps));
+        EXPECT_EQ(driver.Run([&] { return static_cast<int>(Open(manager, L"Caption", dataIO)); },
+                             {std::move(act), [this, end] { driver.Press(end); }}),
+                  end);
     }
     void ExpectOneBox(MessageBoxCall::Kind kind, std::wstring_view caption, std::wstring_view text) {
         ASSERT_EQ(driver.boxes.size(), 1U);
@@ -62,12 +63,11 @@ TEST_F(Manager, GettersLeaveTheCallersVariablesAlone) {
 }
 
 TEST_F(Manager, WithoutServicesItSaysSoUntranslatedAndTheHostStillReadsAgain) {
-    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"translated"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{kNoManagers, L"translated"}});
     const auto manager = Create<IQVSettingsDialogManager>(IID_IQVSettingsDialogManager);
     EXPECT_EQ(Open(*manager.Get(), L"My caption", nullptr), -1);
     ExpectOneBox(MessageBoxCall::Kind::Info, L"My caption", kNoManagers);
     EXPECT_EQ(s_browserReads, 1);
-    qv::SetDictionary(before);
 }
 
 TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
@@ -83,16 +83,14 @@ TEST_F(Manager, NothingDefinedIsSaidOnceAndTheHostStillReadsAgain) {
 
 // Both messages of the manager are shown as they stand, this one too.
 TEST_F(Manager, WhatIsThrownOnTheWayStaysInsideAndTheHostStillReadsAgain) {
-    const qv::Dictionary before = qv::SetDictionary({{L"No settings defined", L"translated"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{L"No settings defined", L"translated"}});
     const auto manager = CreateConnected();
     std::wstring shown;
-    const qv::MessageBoxSink sinkBefore = qv::SetMessageBoxSink([&](const MessageBoxCall& call) -> int {
+    const qvtest::ScopedMessageBoxSink sink([&](const MessageBoxCall& call) -> int {
         shown = call.text;
         throw std::bad_alloc();
     });
     EXPECT_EQ(Open(*manager.Get(), L"c", nullptr), -1);
-    qv::SetMessageBoxSink(sinkBefore);
-    qv::SetDictionary(before);
     EXPECT_EQ(shown, L"No settings defined");
     EXPECT_EQ(s_browserReads, 1);
 }
@@ -106,19 +104,18 @@ TEST_F(Manager, AHostWithoutBrowserSettingsIsLeftAlone) {
 
 TEST_F(Manager, MenuCommandIsKnownByItsWholeNameWithoutCase) {
     const auto command = Create<ITPFMenuCommand>(IID_ITPFMenuCommand);
-    struct Case {
+    const struct {
         const wchar_t* name;
         HRESULT expected;
         std::size_t boxes;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"tools/settings/change...", S_OK, 1},
         {L"TOOLS/Settings/CHANGE...", S_OK, 1},
         {L"tools/settings/change", S_FALSE, 0},
         {L"tools/settings/change... ", S_FALSE, 0},
         {L"", S_FALSE, 0},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         driver.boxes.clear();
         DWORD state = 5;
         EXPECT_EQ(command->QueryCommandState(each.name, &state), each.expected);
@@ -150,53 +147,31 @@ TEST_F(Manager, MenuCommandSetsScopeAndKeyForGood) {
     EXPECT_EQ(scopeAndKey().second, L"");
 }
 
-// A host that hands out whatever it was given, of the right kind or not. Lives on the stack.
-class PlainHost : public ITPFHost {
+// Acts when it is let go, once.
+class PlainHost final : public qvtest::HostStub {
 public:
-    PlainHost(IUnknown* sessionData, IUnknown* multiUser) : m_sessionData(sessionData), m_multiUser(multiUser) {}
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    using HostStub::HostStub;
     ULONG STDMETHODCALLTYPE Release() override {
-        --references;
+        const ULONG left = HostStub::Release();
         if (const auto act = std::exchange(onRelease, {})) act();
-        return references;
+        return left;
     }
-    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD number, IUnknown** object) override {
-        EXPECT_EQ(number, 1U);
-        *object = IsEqualGUID(id, SID_SessionData) ? m_sessionData : m_multiUser;
-        if (*object == nullptr) return E_FAIL;
-        (*object)->AddRef();
-        return S_OK;
-    }
-    virtual ~PlainHost() = default;
-    ULONG references = 0;
-    std::function<void()> onRelease;  // once
-
-private:
-    IUnknown* m_sessionData;
-    IUnknown* m_multiUser;
+    std::function<void()> onRelease;
 };
 
 TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
     constexpr const wchar_t* kNoSessionData = L"Can't get SessionDataManager !";
-    const qv::Dictionary before = qv::SetDictionary({{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{kNoManagers, L"neither"}, {kNoSessionData, L"no data"}});
     IUnknown* const session = host.session.Get();
     IUnknown* const users = host.users.Get();
-    struct Case {
+    const struct {
         const char* name;
         IUnknown* sessionData;
         IUnknown* multiUser;
         bool hasHost;
         HRESULT expected;
         const wchar_t* box;  // null: none
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"both", session, users, true, S_OK, nullptr},
         {"no session data: found out later", nullptr, users, true, S_OK, nullptr},
         {"no users", session, nullptr, true, E_FAIL, L"neither"},
@@ -205,7 +180,7 @@ TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
         {"session data of another kind", users, users, true, E_FAIL, L"no data"},
         {"no host", session, users, false, E_FAIL, L"neither"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         driver.boxes.clear();
         PlainHost offers(each.sessionData, each.multiUser);
@@ -225,7 +200,6 @@ TEST_F(Manager, ConnectingTellsWhatTheHostLacks) {
             ExpectOneBox(MessageBoxCall::Kind::Plain, {}, each.box);
         }
     }
-    qv::SetDictionary(before);
 }
 
 TEST_F(Manager, ReferencesAreBalanced) {
@@ -263,23 +237,20 @@ TEST_F(Manager, ShowsTheDialogOnTheHostsTreeAndOkStores) {
     host.DefinePlainPage();
     const auto manager = CreateConnected();
     const ULONG sessionBefore = ReferencesOf(host.session.Get());
-    const LONG result = OpenWith(*manager.Get(), {
-                                                     [this] {
-                                                         EXPECT_EQ(driver.Frame().GetWindowText(), L"Caption");
-                                                         EXPECT_EQ(driver.Shown(L"common/count"), L"7");
-                                                         EXPECT_EQ(CanUnloadNow(), S_FALSE);
-                                                     },
-                                                     [this] { driver.Type(L"common/count", L"3"); },
-                                                     [this] { driver.Toggle(L"common/flag"); },
-                                                     [this] { driver.Press(IDOK); },
-                                                 });
-    EXPECT_EQ(result, IDOK);
+    InDialog(*manager.Get(), [this] {
+        EXPECT_EQ(driver.Frame().GetWindowText(), L"Caption");
+        EXPECT_EQ(driver.Shown(L"common/count"), L"7");
+        EXPECT_EQ(CanUnloadNow(), S_FALSE);
+        driver.Type(L"common/count", L"3");
+        driver.Toggle(L"common/flag");
+    });
     EXPECT_EQ(host.Stored(L"common/count"), L"3");
     EXPECT_EQ(host.Stored(L"common/flag"), L"1");
     EXPECT_EQ(s_browserReads, 1);
     EXPECT_EQ(ReferencesOf(host.session.Get()), sessionBefore);
 
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    InDialog(
+        *manager.Get(), [] {}, IDCANCEL);
     EXPECT_EQ(s_browserReads, 2);
 }
 
@@ -287,23 +258,14 @@ TEST_F(Manager, SurvivesBeingReleasedWhileItsDialogIsOpen) {
     host.DefinePlainPage();
     auto manager = CreateConnected();
     IQVSettingsDialogManager* plain = manager.Get();
-    EXPECT_EQ(OpenWith(*plain, {
-                                   [&] { manager.Reset(); },
-                                   [this] { driver.Press(IDOK); },
-                               }),
-              IDOK);
+    InDialog(*plain, [&] { manager.Reset(); });
     EXPECT_EQ(CanUnloadNow(), S_OK);
 }
 
 // A caller's own store: values come from it and go to it; the tree stays the host's.
-class CallersStore final : public IQVSettingsDialogDataIO {
+class CallersStore final : public qvtest::StackObject<IQVSettingsDialogDataIO> {
 public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
+    CallersStore() : StackObject(IID_IQVSettingsDialogDataIO) {}
     HRESULT STDMETHODCALLTYPE GetData(BSTR, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE) override {
         EXPECT_EQ(type, VT_BSTR);
         if (qv::TextOf(name) != L"name") return E_FAIL;
@@ -312,41 +274,37 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE) override {
-        written.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
+        calls.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR) override {
-        ++saves;
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR name) override {
+        calls.push_back(L"save " + qv::TextOf(name));
         return S_OK;
     }
-    ULONG references = 0;
-    int saves = 0;
-    std::vector<std::wstring> written;
+    std::vector<std::wstring> calls;
 };
 
 TEST_F(Manager, ACallersStoreTakesTheValues) {
     host.DefinePage(L"1", L"General");
-    host.DefineItem(L"common/name", {{L"type", L"3"}, {L"label", L"Name"}, {L"pagenumber", L"1"}});
+    host.DefineItem(L"common/name", 3, 1);
     const auto manager = CreateConnected();
     CallersStore store;
-    EXPECT_EQ(OpenWith(*manager.Get(),
-                       {
-                           [this] { EXPECT_EQ(driver.Shown(L"common/name"), L"from the caller"); },
-                           [this] { driver.Type(L"common/name", L"back"); },
-                           [this] { driver.Press(IDOK); },
-                       },
-                       &store),
-              IDOK);
-    EXPECT_EQ(store.written, std::vector<std::wstring>{L"common/name=back"});
-    EXPECT_EQ(store.saves, 1);
+    InDialog(
+        *manager.Get(),
+        [this] {
+            EXPECT_EQ(driver.Shown(L"common/name"), L"from the caller");
+            driver.Type(L"common/name", L"back");
+        },
+        IDOK, &store);
+    EXPECT_EQ(store.calls, (std::vector<std::wstring>{L"common/name=back", L"save name"}));
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
 }
 
 TEST_F(Manager, SurvivesAHostThatDropsItWhenItIsLetGo) {
     for (const bool replaced : {false, true}) {
-        PlainHost first(nullptr, nullptr);
-        PlainHost second(nullptr, nullptr);
+        PlainHost first;
+        PlainHost second;
         auto object = Create<ITPFObject>(IID_ITPFObject);
         object->SetHost(&first, &first);
         first.onRelease = [&] { object.Reset(); };
@@ -366,8 +324,9 @@ TEST_F(Manager, ABrowserSettingsReaderThatThrowsChangesNoResult) {
         throw std::runtime_error("reader");
     });
     const auto manager = CreateConnected();
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDCANCEL); }}), IDCANCEL);
+    InDialog(*manager.Get(), [] {});
+    InDialog(
+        *manager.Get(), [] {}, IDCANCEL);
     EXPECT_EQ(s_browserReads, 2);
     XQVBrowserSettings::SetReader(nullptr);
     EXPECT_EQ(XQVBrowserSettings::GetBrowserSettingsObject(), nullptr) << "given back after each of them";
@@ -375,7 +334,7 @@ TEST_F(Manager, ABrowserSettingsReaderThatThrowsChangesNoResult) {
 
 // When the process ends the host may have gone before the component.
 TEST_F(Manager, TheModulesEndCallsNoHost) {
-    PlainHost last(nullptr, nullptr);
+    PlainHost last;
     CQVSettingsDialogApp app;
     EXPECT_TRUE(app.InitInstance());
     SetModuleHostIfEmpty(&last);
@@ -383,42 +342,6 @@ TEST_F(Manager, TheModulesEndCallsNoHost) {
     app.ExitInstance();
     EXPECT_EQ(last.references, 1U);
     EXPECT_FALSE(GetModuleHost()) << "forgotten, though not released";
-}
-
-int g_windowsLeft;
-
-LRESULT CALLBACK RefuseOneWindow(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_CREATEWND && --g_windowsLeft == 0) return 1;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
-TEST_F(Manager, AWindowThatThePlatformRefusesIsReportedOnceAndTheHostStillReadsAgain) {
-    host.DefinePlainPage();
-    const auto manager = CreateConnected();
-    // Frame, view, dialog, its five buttons, sheet and tab control; the rest costs a row at most.
-    constexpr int kIndispensable = 10;
-    int reported = 0;
-    for (int n = 1; n <= kIndispensable; ++n) {
-        SCOPED_TRACE(n);
-        driver.boxes.clear();
-        const int readsBefore = s_browserReads;
-        HHOOK hook = SetWindowsHookExW(WH_CBT, &RefuseOneWindow, nullptr, GetCurrentThreadId());
-        g_windowsLeft = n;
-        const IdleHandler idleBefore = SetIdleHandler([&](int) { return driver.PressKey(VK_ESCAPE); });
-        const LONG result = Open(*manager.Get(), L"My caption", nullptr);
-        SetIdleHandler(idleBefore);
-        UnhookWindowsHookEx(hook);
-        EXPECT_EQ(s_browserReads, readsBefore + 1);
-        EXPECT_EQ(result, driver.boxes.empty() ? IDCANCEL : -1);
-        if (driver.boxes.empty()) continue;  // a window of the platform's own
-        ++reported;
-        ASSERT_EQ(driver.boxes.size(), 1U);
-        EXPECT_EQ(driver.boxes[0].kind, MessageBoxCall::Kind::Error);
-        EXPECT_EQ(driver.boxes[0].owner, nullptr);
-        EXPECT_EQ(driver.boxes[0].caption, L"My caption");
-    }
-    EXPECT_GE(reported, 5);
-    EXPECT_EQ(OpenWith(*manager.Get(), {[this] { driver.Press(IDOK); }}), IDOK);
 }
 
 // A host that does the worst in each of its calls in turn, from the first service that is asked for on.
@@ -452,9 +375,8 @@ TEST_F(Manager, SurvivesAHostThatDropsItOrClosesItsWindowInAnyCall) {
         }
         LONG result = -1;
         if (IQVSettingsDialogManager* plain = manager.Get()) {
-            const IdleHandler before = SetIdleHandler([&](int) { return driver.PressKey(VK_RETURN); });
+            const qvtest::ScopedIdleHandler ok([&](int) { return driver.PressKey(VK_RETURN); });
             result = Open(*plain, L"Caption", nullptr);
-            SetIdleHandler(before);
         }
         manager.Reset();
         EXPECT_EQ(CanUnloadNow(), S_OK) << "something of the dialog is left";

@@ -57,12 +57,11 @@ TEST_F(Registration, EntersTheClassAndTakesItOutAgain) {
     ASSERT_EQ(Register(), S_OK);
     const std::wstring versioned = L"QVSettingsDialog.QVSettingsDialogManager.1";
     const std::wstring plain = L"QVSettingsDialog.QVSettingsDialogManager";
-    struct Row {
+    const struct {
         std::wstring key;
         const wchar_t* name;
         std::wstring expected;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {versioned, nullptr, L"QVSettingsDialogManager Class"},
         {versioned + L"\\CLSID", nullptr, classId},
         {plain, nullptr, L"QVSettingsDialogManager Class"},
@@ -74,7 +73,7 @@ TEST_F(Registration, EntersTheClassAndTakesItOutAgain) {
         {classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
         {classKey + L"\\TypeLib", nullptr, L"{QVSETTINGSDIALOG}"},  // the placeholder itself
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(ReadText(HKEY_CLASSES_ROOT, row.key, row.name), row.expected);
     const std::wstring module = ReadText(HKEY_CLASSES_ROOT, classKey + L"\\InprocServer32", nullptr);
     EXPECT_NE(module.find(L"qvsettingsdialog."), std::wstring::npos);

@@ -9,6 +9,10 @@ T* Poison() {
     return reinterpret_cast<T*>(std::uintptr_t{0xDDDDDDDDDDDDDDDD});
 }
 
+bool Poisons(Rudeness how) {
+    return how == Rudeness::FailsWithPoison || how == Rudeness::FalseWithPoison;
+}
+
 HRESULT PoisonStatus(Rudeness how) {
     return how == Rudeness::FailsWithPoison ? E_FAIL : S_FALSE;
 }
@@ -49,69 +53,48 @@ HRESULT AnswerValue(Rudeness how, VARIANT* value) {
 
 template <class T>
 HRESULT AnswerObject(Rudeness how, T** object) {
-    const bool fails = how == Rudeness::FailsWithPoison || how == Rudeness::FalseWithPoison;
-    *object = fails ? Poison<T>() : nullptr;
-    return fails ? PoisonStatus(how) : S_OK;
+    *object = Poisons(how) ? Poison<T>() : nullptr;
+    return Poisons(how) ? PoisonStatus(how) : S_OK;
 }
 
 }  // namespace
 
-template <class Interface>
-HRESULT RudeObject<Interface>::QueryInterface(REFIID iid, void** object) {
-    if (m_turn.Comes()) return AnswerObject(m_turn.how, object);
-    *object = nullptr;
-    if (!IsEqualIID(iid, m_iid) && !IsEqualIID(iid, IID_IUnknown)) return E_NOINTERFACE;
-    *object = static_cast<Interface*>(this);
-    AddRef();
-    return S_OK;
+template <class Stub>
+HRESULT Rude<Stub>::QueryInterface(REFIID iid, void** object) {
+    return m_turn.Comes() ? AnswerObject(m_turn.how, object) : Stub::QueryInterface(iid, object);
 }
 
-template class RudeObject<ISessionDataManager>;
-template class RudeObject<IMultiUserManager>;
-template class RudeObject<HostDialogService>;
-template class RudeObject<ITPFHost>;
-template class RudeObject<IQVSettingsDialogDataIO>;
+template class Rude<qvtest::SessionStub>;
+template class Rude<qvtest::UsersStub>;
+template class Rude<qvtest::DialogsStub>;
+template class Rude<qvtest::HostStub>;
+template class Rude<qvtest::StackObject<IQVSettingsDialogDataIO>>;
 
 HRESULT RudeSession::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names, SESSIONDATATYPE scope) {
-    if (m_turn.Comes()) return AnswerStrings(m_turn.how, count, names);
-    return m_real.EnumSubKeys(key, flag, count, names, scope);
+    return m_turn.Comes() ? AnswerStrings(m_turn.how, count, names) : Rude::EnumSubKeys(key, flag, count, names, scope);
 }
 
 HRESULT RudeSession::ReadData(BSTR key, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE scope) {
-    if (m_turn.Comes()) return AnswerValue(m_turn.how, value);
-    return m_real.ReadData(key, name, type, value, scope);
+    return m_turn.Comes() ? AnswerValue(m_turn.how, value) : Rude::ReadData(key, name, type, value, scope);
 }
 
 HRESULT RudeSession::EnumValues(BSTR key, ULONG* count, BSTR** pairs, SESSIONDATATYPE scope) {
-    if (m_turn.Comes()) return AnswerStrings(m_turn.how, count, pairs);
-    return m_real.EnumValues(key, count, pairs, scope);
+    return m_turn.Comes() ? AnswerStrings(m_turn.how, count, pairs) : Rude::EnumValues(key, count, pairs, scope);
 }
 
 // The old text is freed before another takes its place, as the interface asks; what takes its place is another matter.
-HRESULT RudeDialogs::Answer(BSTR* value) {
+HRESULT RudeDialogs::Open(const wchar_t*, BSTR, BSTR* value, LONG) {
+    if (value == nullptr) return S_OK;
     SysFreeString(*value);
-    if (!m_turn.Comes()) {
-        *value = SysAllocString(L"edited");
-        return S_OK;
-    }
-    const bool poisons = m_turn.how == Rudeness::FailsWithPoison || m_turn.how == Rudeness::FalseWithPoison;
-    *value = poisons ? Poison<OLECHAR>() : nullptr;
-    return m_turn.how == Rudeness::NothingDelivered ? S_OK : E_FAIL;
+    const bool isRude = m_turn.Comes();
+    *value = !isRude ? SysAllocString(L"edited") : Poisons(m_turn.how) ? Poison<OLECHAR>() : nullptr;
+    return !isRude || m_turn.how == Rudeness::NothingDelivered ? S_OK : E_FAIL;
 }
 
-RudeHost::RudeHost(RudeTurn& turn, RudeSession& session, RudeUsers& users, RudeDialogs& dialogs)
-    : RudeObject(turn, IID_ITPFHost), m_session(session), m_users(users), m_dialogs(dialogs) {}
-
-HRESULT RudeHost::CreateObject(REFGUID id, DWORD, IUnknown** object) {
-    if (m_turn.Comes()) return AnswerObject(m_turn.how, object);
-    *object = IsEqualGUID(id, SID_SessionData) ? static_cast<IUnknown*>(&m_session)
-              : IsEqualGUID(id, SID_MultiUser) ? static_cast<IUnknown*>(&m_users)
-                                               : static_cast<IUnknown*>(&m_dialogs);
-    (*object)->AddRef();
-    return S_OK;
+HRESULT RudeHost::CreateObject(REFGUID id, DWORD number, IUnknown** object) {
+    return m_turn.Comes() ? AnswerObject(m_turn.how, object) : Rude::CreateObject(id, number, object);
 }
 
 HRESULT RudeStore::GetData(BSTR key, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE scope) {
-    if (m_turn.Comes()) return AnswerValue(m_turn.how, value);
-    return m_real.ReadData(key, name, type, value, scope);
+    return m_turn.Comes() ? AnswerValue(m_turn.how, value) : m_behind.ReadData(key, name, type, value, scope);
 }

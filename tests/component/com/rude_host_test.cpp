@@ -1,7 +1,6 @@
 // Whatever a host leaves in its out parameters when a call fails, the dialog lives: each call of a whole run that hands
 // something out misbehaves once, in each way. That nothing is freed twice or left is for the sanitizers to say.
 #include "tests/component/com/rude_host.h"
-#include "framework/app.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/com/component_dll.h"
 
@@ -17,12 +16,10 @@ class RudeHostRun : public ComponentDll, public ::testing::WithParamInterface<Ru
 protected:
     RudeHostRun() {
         host.DefinePage(L"1", L"General");
-        host.DefineItem(L"common/count", {{L"type", L"1"}, {L"pagenumber", L"1"}, {L"default", L"4"}});
-        host.DefineItem(L"common/list", {{L"type", L"5"}, {L"pagenumber", L"1"}, {L"value1", L"a|Alpha"}});
-        for (const wchar_t* type : {L"10", L"11", L"12"}) {
-            const std::wstring key = L"common/button" + std::wstring(type);
-            host.DefineItem(key, {{L"type", type}, {L"pagenumber", L"1"}, {L"default", L"old"}});
-        }
+        host.DefineItem(L"common/count", 1, 1, {{L"default", L"4"}});
+        host.DefineItem(L"common/list", 5, 1, {{L"value1", L"a|Alpha"}});
+        for (const int type : {10, 11, 12})
+            host.DefineItem(L"common/button" + std::to_wstring(type), type, 1, {{L"default", L"old"}});
         host.session->Put(SDT_userData, L"common", L"count", L"7");
         host.session->Put(SDT_userData, L"common", L"configdialoginit", L"1");
         host.session->Put(SDT_userData, L"SizeConfigDialog", L"top.x", L"10");
@@ -34,30 +31,16 @@ protected:
             CWnd* control = driver.Control(button);
             if (control != nullptr) control->SendMessage(BM_CLICK);
         };
-        const bool hasPage = driver.Control(L"common/count") != nullptr;
-        switch (hasPage ? m_step++ : kLastStep) {
-            case 0:
-                press(L"common/button10");
-                break;
-            case 1:
-                press(L"common/button11");
-                break;
-            case 2:
-                press(L"common/button12");
-                break;
-            case 3:
-                driver.Type(L"common/count", L"8");
-                break;
-            case 4:
-                driver.Press(IDC_APPLY_BUTTON);
-                break;
-            case 5:
-                driver.Press(IDOK);
-                break;
-            default:
-                // What is still open then is closed; a sheet without pages is all that should be.
-                ::PostMessageW(::GetAncestor(::GetActiveWindow(), GA_ROOT), WM_CLOSE, 0, 0);
-                break;
+        const std::function<void()> steps[] = {
+            [&] { press(L"common/button10"); },         [&] { press(L"common/button11"); },
+            [&] { press(L"common/button12"); },         [this] { driver.Type(L"common/count", L"8"); },
+            [this] { driver.Press(IDC_APPLY_BUTTON); }, [this] { driver.Press(IDOK); },
+        };
+        if (driver.Control(L"common/count") != nullptr && m_step < std::size(steps)) {
+            steps[m_step++]();
+        } else {
+            // What is still open then is closed; a sheet without pages is all that should be.
+            ::PostMessageW(::GetAncestor(::GetActiveWindow(), GA_ROOT), WM_CLOSE, 0, 0);
         }
         return true;
     }
@@ -65,10 +48,10 @@ protected:
     // Connects a manager to a rude host and shows the dialog; the number of calls that handed something out.
     int Run(int rudeCall) {
         RudeTurn turn{rudeCall, GetParam().how};
-        RudeSession session(turn, *host.session.Get());
-        RudeUsers users(turn);
+        RudeSession session(turn, host.session.Get());
+        Rude<qvtest::UsersStub> users(turn);
         RudeDialogs dialogs(turn);
-        RudeHost rude(turn, session, users, dialogs);
+        RudeHost rude(turn, &session, &users, &dialogs);
         RudeStore store(turn, *host.session.Get());
         m_step = 0;
         {
@@ -76,11 +59,10 @@ protected:
             const auto object = Query<ITPFObject>(manager, IID_ITPFObject);
             object->SetHost(&rude, nullptr);
             object->ConnectServices(0, nullptr);
-            const IdleHandler before = SetIdleHandler([this](int) { return Step(); });
+            const qvtest::ScopedIdleHandler steps([this](int) { return Step(); });
             LONG result = 0;
             const qv::Bstr caption(L"Rude");
             manager->CreateModalDialogEx(caption.Get(), GetParam().hasStore ? &store : nullptr, &result);
-            SetIdleHandler(before);
             if (rudeCall == 0) {
                 EXPECT_EQ(result, IDOK);
                 EXPECT_TRUE(driver.boxes.empty());
@@ -92,8 +74,7 @@ protected:
     }
 
 private:
-    static constexpr int kLastStep = 6;
-    int m_step = 0;
+    std::size_t m_step = 0;
 };
 
 TEST_P(RudeHostRun, IsSurvivedWhicheverCallItIs) {

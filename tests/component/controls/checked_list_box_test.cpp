@@ -36,14 +36,13 @@ TEST_F(CheckedList, IsCreatedAsASortedMultiSelectionList) {
 }
 
 TEST_F(CheckedList, TicksByKeyAndStoresInDisplayOrder) {
-    struct Case {
+    const struct {
         const char* name;
         std::map<std::wstring, std::wstring> entries;
         TextList keys;
         TextList ticked;
         std::wstring value;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"display order, not key order",
          {{L"b", L"Alpha"}, {L"a", L"Beta"}},
          {L"a", L"b"},
@@ -57,7 +56,7 @@ TEST_F(CheckedList, TicksByKeyAndStoresInDisplayOrder) {
         {"equal texts", {{L"a", L"Same"}, {L"b", L"Same"}}, {L"b"}, {L"Same"}, L"a"},
         {"equal texts, both keys", {{L"a", L"Same"}, {L"b", L"Same"}}, {L"a", L"b"}, {L"Same"}, L"a"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         list = std::make_unique<XDynCheckedListBox>();
         list->SetEntries(each.entries);
@@ -110,13 +109,6 @@ TEST_F(CheckedList, ReadOnlyShowsTicksOnDisabledEntries) {
     list->SendMessage(WM_KEYDOWN, VK_SPACE, 1);
     list->SendMessage(WM_CHAR, VK_SPACE, 1);
     EXPECT_EQ(Ticked(), TextList{L"Beta"});
-}
-
-TEST_F(CheckedList, TheObjectTakesItsWindowAlong) {
-    Show(*list);
-    const HWND window = list->m_hWnd;
-    list.reset();
-    EXPECT_FALSE(::IsWindow(window));
 }
 
 }  // namespace

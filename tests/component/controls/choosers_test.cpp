@@ -2,43 +2,13 @@
 #include <optional>
 #include <stdexcept>
 
-#include "framework/app.h"
 #include "framework/gdi.h"
-#include "host/libraries/pickers.h"
+#include "framework/text.h"
 #include "qvclient/qvsettingsdialog/controls/search_controls.h"
 #include "tests/component/controls/controls_fixture.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
-
-// A real folder with one file in it, gone with the object.
-class TempFolder {
-public:
-    TempFolder() {
-        wchar_t base[MAX_PATH] = {};
-        wchar_t name[MAX_PATH] = {};
-        ::GetTempPathW(MAX_PATH, base);
-        ::GetTempFileNameW(base, L"qvc", 0, name);
-        m_path = name;
-        ::DeleteFileW(name);
-        ::CreateDirectoryW(name, nullptr);
-        const HANDLE created =
-            ::CreateFileW(File().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (created != INVALID_HANDLE_VALUE) ::CloseHandle(created);
-    }
-    ~TempFolder() {
-        ::DeleteFileW(File().c_str());
-        ::RemoveDirectoryW(m_path.c_str());
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    [[nodiscard]] const std::wstring& Path() const { return m_path; }
-    [[nodiscard]] std::wstring File() const { return m_path + L"\\file.txt"; }
-    [[nodiscard]] std::wstring Missing() const { return m_path + L"\\missing"; }
-
-private:
-    std::wstring m_path;
-};
 
 std::wstring SystemLine(DWORD error) {
     wchar_t text[512] = {};
@@ -62,18 +32,7 @@ std::wstring FileReason(const std::wstring& path) {
 
 class Choosers : public ControlsTest {
 protected:
-    void SetUp() override {
-        ControlsTest::SetUp();
-        const auto answerPath = [this](const qv::PathPickerRequest& request) {
-            requests.push_back(request);
-            return answer;
-        };
-        m_pickersBefore = qv::SetPickerSink({answerPath, answerPath, {}});
-    }
-    void TearDown() override {
-        qv::SetPickerSink(std::move(m_pickersBefore));
-        ControlsTest::TearDown();
-    }
+    Choosers() { folder.Write(L"file.txt", ""); }
 
     template <class Chooser>
     static void Prepare(Chooser& chooser, const std::wstring& path, bool check = true) {
@@ -98,131 +57,95 @@ protected:
         return CWnd::FromHandlePermanent(::GetWindow(::GetWindow(chooser.m_hWnd, GW_CHILD), GW_HWNDNEXT));
     }
 
-    TempFolder folder;
-    std::optional<std::wstring> answer;
-    std::vector<qv::PathPickerRequest> requests;
+    // Hands each path in as the value, as the default and as the user's input: which boxes come, what Default shows.
+    template <class Chooser, class OkBox>
+    void ExpectChecks(std::initializer_list<std::pair<std::wstring, std::wstring>> pathsAndReports,
+                      const OkBox& okBox) {
+        for (const auto& [path, report] : pathsAndReports) {
+            SCOPED_TRACE(qv::ToUtf8(path));
+            const bool passes = report.empty();
+            const auto unlessPassed = [&](const std::wstring& text) {
+                return passes ? std::nullopt : std::optional(text);
+            };
+            Chooser chooser;
+            Prepare(chooser, path);
+            EXPECT_EQ(TakeBox(), unlessPassed(L"Checking initvalue:Label\n" + report));
+            chooser.SetDefaultValue(path);
+            EXPECT_EQ(TakeBox(), unlessPassed(L"Checking defaultvalue:Label\n" + report));
+            Show(chooser);
+            EXPECT_EQ(chooser.ValidateValue(), passes);
+            EXPECT_EQ(TakeBox(), unlessPassed(okBox(path, report)));
+            EXPECT_EQ(chooser.GetValue(), path) << "a value that fails stays";
+            chooser.ShowDefaultValue();
+            EXPECT_EQ(chooser.GetValue(), passes ? path : report);
+        }
+    }
 
-private:
-    qv::PickerSink m_pickersBefore;
-};
-
-// Hands the path in as the value, as the default and as the user's input, and tells which boxes came and what Default
-// shows.
-struct Expected {
-    std::optional<std::wstring> initBox;
-    std::optional<std::wstring> defaultBox;
-    std::wstring shownDefault;
-    std::optional<std::wstring> okBox;
+    const qvtest::TemporaryFolder folder;
+    const std::wstring file = folder.Path() + L"\\file.txt";
+    const std::wstring missing = folder.Path() + L"\\missing";
+    qvtest::PickerRecorder pickers;
+    std::vector<qv::PathPickerRequest>& requests = pickers.paths;
 };
 
 TEST_F(Choosers, CheckFoldersAtEachPhaseInTheirOwnWords) {
-    const std::wstring missing = FolderReason(folder.Missing());
-    const std::wstring file = FolderReason(folder.File());
-    struct Case {
-        const char* name;
-        std::wstring path;
-        std::wstring report;  // empty: the folder passes
-    };
-    const Case cases[] = {
-        {"existing", folder.Path(), L""},       {"trailing backslash", folder.Path() + L"\\", L""},
-        {"missing", folder.Missing(), missing}, {"a file", folder.File(), file},
-        {"empty", L"", L"Empty path"},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
-        const bool passes = each.report.empty();
-        const auto box = [&](const std::wstring& start) {
-            return passes ? std::nullopt : std::optional(start + L"Label\n" + each.report);
-        };
-        XDynFolderSearchCtrl chooser;
-        Prepare(chooser, each.path);
-        EXPECT_EQ(TakeBox(), box(L"Checking initvalue:"));
-        chooser.SetDefaultValue(each.path);
-        EXPECT_EQ(TakeBox(), box(L"Checking defaultvalue:"));
-        Show(chooser);
-        EXPECT_EQ(chooser.ValidateValue(), passes);
-        EXPECT_EQ(TakeBox(), box(L""));
-        EXPECT_EQ(chooser.GetValue(), each.path) << "a value that fails stays";
-        chooser.ShowDefaultValue();
-        EXPECT_EQ(chooser.GetValue(), passes ? each.path : each.report);
-    }
+    ExpectChecks<XDynFolderSearchCtrl>({{folder.Path(), L""},
+                                        {folder.Path() + L"\\", L""},
+                                        {missing, FolderReason(missing)},
+                                        {file, FolderReason(file)},
+                                        {L"", L"Empty path"}},
+                                       [](const auto&, const auto& report) { return L"Label\n" + report; });
 }
 
+// Deliberate: the user's input is reported as the path alone, even when that is an empty box.
 TEST_F(Choosers, CheckFilesAtEachPhaseInTheirOwnWords) {
-    const std::wstring missing = FileReason(folder.Missing());
-    const std::wstring directory = FileReason(folder.Path());
-    struct Case {
-        const char* name;
-        std::wstring path;
-        std::wstring report;  // empty: the file passes
-    };
-    const Case cases[] = {
-        {"existing", folder.File(), L""},
-        {"missing", folder.Missing(), missing},
-        {"a folder", folder.Path(), directory},
-        {"empty", L"", L"Empty filename"},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
-        const bool passes = each.report.empty();
-        const auto box = [&](const std::wstring& start) {
-            return passes ? std::nullopt : std::optional(start + L"Label\n" + each.report);
-        };
-        XDynSearchFileCtrl chooser;
-        Prepare(chooser, each.path);
-        EXPECT_EQ(TakeBox(), box(L"Checking initvalue:"));
-        chooser.SetDefaultValue(each.path);
-        EXPECT_EQ(TakeBox(), box(L"Checking defaultvalue:"));
-        Show(chooser);
-        EXPECT_EQ(chooser.ValidateValue(), passes);
-        // Deliberate: the path alone, even when that is an empty box.
-        EXPECT_EQ(TakeBox(), passes ? std::nullopt : std::optional(each.path));
-        EXPECT_EQ(chooser.GetValue(), each.path);
-        chooser.ShowDefaultValue();
-        EXPECT_EQ(chooser.GetValue(), passes ? each.path : each.report);
-    }
+    ExpectChecks<XDynSearchFileCtrl>({{file, L""},
+                                      {missing, FileReason(missing)},
+                                      {folder.Path(), FileReason(folder.Path())},
+                                      {L"", L"Empty filename"}},
+                                     [](const auto& path, const auto&) { return path; });
 }
 
 TEST_F(Choosers, AFileHeldOpenByAnotherFailsAndTheCheckItselfHoldsNothing) {
     XDynSearchFileCtrl chooser;
-    Prepare(chooser, folder.File());
+    Prepare(chooser, file);
     Show(chooser);
-    const HANDLE other = ::CreateFileW(folder.File().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE other = ::CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(other, INVALID_HANDLE_VALUE) << "the check left the file open";
     EXPECT_FALSE(chooser.ValidateValue());
-    EXPECT_EQ(TakeBox(), folder.File());
+    EXPECT_EQ(TakeBox(), file);
     ::CloseHandle(other);
     EXPECT_TRUE(chooser.ValidateValue());
 }
 
 TEST_F(Choosers, WithoutTheCheckNothingIsSaid) {
     XDynFolderSearchCtrl folderChooser;
-    Prepare(folderChooser, folder.Missing(), false);
+    Prepare(folderChooser, missing, false);
     folderChooser.SetDefaultValue(L"");
     Show(folderChooser);
     EXPECT_TRUE(folderChooser.ValidateValue());
     EXPECT_FALSE(folderChooser.ShowsWarning());
     XDynSearchFileCtrl fileChooser;
-    Prepare(fileChooser, folder.Missing(), false);
-    fileChooser.SetDefaultValue(folder.Missing());
+    Prepare(fileChooser, missing, false);
+    fileChooser.SetDefaultValue(missing);
     Show(fileChooser);
     EXPECT_TRUE(fileChooser.ValidateValue());
     fileChooser.ShowDefaultValue();
-    EXPECT_EQ(fileChooser.GetValue(), folder.Missing());
+    EXPECT_EQ(fileChooser.GetValue(), missing);
     EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(Choosers, TranslateTheirTextsButNotThePlatforms) {
-    qv::SetDictionary({{L"Checking initvalue:", L"Wert:"},
-                       {L"Checking defaultvalue:", L"Vorgabe:"},
-                       {L"Empty path", L"Leer"},
-                       {L"Select Path", L"Ordner"},
-                       {L"Select", L"Nehmen"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{L"Checking initvalue:", L"Wert:"},
+                                                             {L"Checking defaultvalue:", L"Vorgabe:"},
+                                                             {L"Empty path", L"Leer"},
+                                                             {L"Select Path", L"Ordner"},
+                                                             {L"Select", L"Nehmen"}});
     XDynFolderSearchCtrl chooser;
     Prepare(chooser, L"");
     EXPECT_EQ(TakeBox(), L"Wert:Label\nLeer");
-    chooser.SetDefaultValue(folder.Missing());
-    EXPECT_EQ(TakeBox(), L"Vorgabe:Label\n" + FolderReason(folder.Missing()));
+    chooser.SetDefaultValue(missing);
+    EXPECT_EQ(TakeBox(), L"Vorgabe:Label\n" + FolderReason(missing));
     Show(chooser);
     Button(chooser)->SendMessage(BM_CLICK);
     ASSERT_EQ(requests.size(), 1U);
@@ -234,14 +157,14 @@ TEST_F(Choosers, BrowsingStartsAtTheFieldsTextAndReportsAChoice) {
     XDynSearchFileCtrl chooser;
     Prepare(chooser, L"old", false);
     Show(chooser);
-    answer = folder.File();
+    pickers.path = file;
     Button(chooser)->SendMessage(BM_CLICK);
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_EQ(requests[0].owner, page.m_hWnd);
     EXPECT_EQ(requests[0].title, L"Select File");
     EXPECT_EQ(requests[0].okText, L"Select");
     EXPECT_EQ(requests[0].initial, L"old");
-    EXPECT_EQ(chooser.GetValue(), folder.File());
+    EXPECT_EQ(chooser.GetValue(), file);
     ASSERT_FALSE(page.Taken(EN_CHANGE).empty());
     const PageNotification change = page.Taken(EN_CHANGE).front();
     EXPECT_EQ(change.id, kControlId);
@@ -251,12 +174,12 @@ TEST_F(Choosers, BrowsingStartsAtTheFieldsTextAndReportsAChoice) {
 TEST_F(Choosers, ACancelledPickerChangesAndReportsNothing) {
     wchar_t before[MAX_PATH] = {};
     ::GetCurrentDirectoryW(MAX_PATH, before);
-    auto silent = qv::SetPickerSink({[&](const qv::PathPickerRequest&) {
-                                         ::SetCurrentDirectoryW(folder.Path().c_str());
-                                         return std::optional<std::wstring>();
-                                     },
-                                     {},
-                                     {}});
+    const qvtest::ScopedPickerSink silent({[&](const qv::PathPickerRequest&) {
+                                               ::SetCurrentDirectoryW(folder.Path().c_str());
+                                               return std::optional<std::wstring>();
+                                           },
+                                           {},
+                                           {}});
     XDynFolderSearchCtrl chooser;
     Prepare(chooser, L"old", false);
     Show(chooser);
@@ -269,13 +192,12 @@ TEST_F(Choosers, ACancelledPickerChangesAndReportsNothing) {
     wchar_t after[MAX_PATH] = {};
     ::GetCurrentDirectoryW(MAX_PATH, after);
     EXPECT_STREQ(after, before);
-    qv::SetPickerSink(std::move(silent));
 }
 
 TEST_F(Choosers, BrowseAgainAfterAPickerThatThrew) {
     XDynFolderSearchCtrl forFolders;
     XDynSearchFileCtrl forFiles;
-    const auto handler = SetExceptionHandler([](const std::exception_ptr&) {});
+    const qvtest::ScopedExceptionHandler handler([](const std::exception_ptr&) {});
     for (XBaseSearchCtrl* chooser :
          {static_cast<XBaseSearchCtrl*>(&forFolders), static_cast<XBaseSearchCtrl*>(&forFiles)}) {
         requests.clear();
@@ -283,14 +205,14 @@ TEST_F(Choosers, BrowseAgainAfterAPickerThatThrew) {
         const auto fail = [](const qv::PathPickerRequest&) -> std::optional<std::wstring> {
             throw std::runtime_error("picker");
         };
-        auto working = qv::SetPickerSink({fail, fail, {}});
-        Button(*chooser)->SendMessage(BM_CLICK);
-        qv::SetPickerSink(std::move(working));
+        {
+            const qvtest::ScopedPickerSink failing({fail, fail, {}});
+            Button(*chooser)->SendMessage(BM_CLICK);
+        }
         EXPECT_TRUE(requests.empty());
         Button(*chooser)->SendMessage(BM_CLICK);
         EXPECT_EQ(requests.size(), 1U);
     }
-    SetExceptionHandler(handler);
 }
 
 TEST_F(Choosers, FocusTextAndTabOrderAreTheFields) {
@@ -354,13 +276,13 @@ TEST_F(Choosers, AFieldThatNamesNothingIsDrawnInAWarningColor) {
     };
     const COLORREF usual = drawnColor();
     EXPECT_FALSE(chooser.ShowsWarning());
-    Field(chooser)->SetWindowText(folder.Missing());
+    Field(chooser)->SetWindowText(missing);
     EXPECT_TRUE(chooser.ShowsWarning());
     EXPECT_NE(drawnColor(), usual);
     Field(chooser)->SetWindowText(folder.Path());
     EXPECT_FALSE(chooser.ShowsWarning());
     EXPECT_EQ(drawnColor(), usual);
-    Field(chooser)->SetWindowText(folder.File());
+    Field(chooser)->SetWindowText(file);
     EXPECT_TRUE(chooser.ShowsWarning()) << "a file is no folder";
     EXPECT_TRUE(boxes.empty());
 }
@@ -379,16 +301,6 @@ TEST_F(Choosers, ReadOnlyShowsItsValueAndDoesNotBrowse) {
     chooser.EnableWindow(true);
     EXPECT_FALSE(Button(chooser)->IsWindowEnabled());
     EXPECT_TRUE(Field(chooser)->IsWindowEnabled());
-}
-
-TEST_F(Choosers, TheObjectTakesItsWindowsAlong) {
-    auto chooser = std::make_unique<XDynSearchFileCtrl>();
-    Show(*chooser);
-    const HWND windows[] = {chooser->m_hWnd, Field(*chooser)->m_hWnd, Button(*chooser)->m_hWnd};
-    Field(*chooser)->SetFocus();
-    chooser.reset();
-    for (const HWND window : windows)
-        EXPECT_FALSE(::IsWindow(window));
 }
 
 }  // namespace

@@ -2,46 +2,29 @@
 
 #include <stdexcept>
 
-#include "framework/app.h"
-#include "host/libraries/pickers.h"
 #include "tests/component/controls/controls_fixture.h"
 
 namespace {
 
 class ColorButton : public ControlsTest {
 protected:
-    void SetUp() override {
-        ControlsTest::SetUp();
-        m_pickersBefore = qv::SetPickerSink({{}, {}, [this](const qv::ColorPickerRequest& request) {
-                                                 requests.push_back(request);
-                                                 return answer;
-                                             }});
-    }
-    void TearDown() override {
-        qv::SetPickerSink(std::move(m_pickersBefore));
-        ControlsTest::TearDown();
-    }
     void Hold(const std::wstring& color) {
         button.SetInitValue(color);
         Show(button);
     }
 
     XDynColorBtn button;
-    std::optional<COLORREF> answer;
-    std::vector<qv::ColorPickerRequest> requests;
-
-private:
-    qv::PickerSink m_pickersBefore;
+    qvtest::PickerRecorder pickers;
+    std::vector<qv::ColorPickerRequest>& requests = pickers.colors;
 };
 
 TEST_F(ColorButton, ReadsLeadingDigitsAndWritesAnUnsignedNumber) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring text;
         COLORREF color;
         std::wstring written;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"red", L"255", RGB(255, 0, 0), L"255"},
         {"blue", L"16711680", RGB(0, 0, 255), L"16711680"},
         {"empty is black", L"", 0, L"0"},
@@ -51,7 +34,7 @@ TEST_F(ColorButton, ReadsLeadingDigitsAndWritesAnUnsignedNumber) {
         {"past the signed range", L"4294967295", 0x7FFFFFFF, L"2147483647"},
     };
     Show(button);
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         button.SetInitValue(each.text);
         button.ShowInitValue();
@@ -62,7 +45,7 @@ TEST_F(ColorButton, ReadsLeadingDigitsAndWritesAnUnsignedNumber) {
 
 TEST_F(ColorButton, APickedColorIsStoredAndReportedAsAClick) {
     Hold(L"255");
-    answer = RGB(0, 255, 0);
+    pickers.color = RGB(0, 255, 0);
     button.SendMessage(BM_CLICK);
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_EQ(requests[0].owner, page.m_hWnd);
@@ -109,12 +92,13 @@ TEST_F(ColorButton, OpensOnceByMouseSpaceAndEnter) {
 
 TEST_F(ColorButton, OpensAgainAfterAPickerThatThrew) {
     Hold(L"255");
-    const auto handler = SetExceptionHandler([](const std::exception_ptr&) {});
-    auto working = qv::SetPickerSink(
-        {{}, {}, [](const qv::ColorPickerRequest&) -> std::optional<COLORREF> { throw std::runtime_error("picker"); }});
-    button.SendMessage(BM_CLICK);
-    qv::SetPickerSink(std::move(working));
-    SetExceptionHandler(handler);
+    {
+        const qvtest::ScopedExceptionHandler handler([](const std::exception_ptr&) {});
+        const qvtest::ScopedPickerSink throwing({{}, {}, [](const qv::ColorPickerRequest&) -> std::optional<COLORREF> {
+                                                     throw std::runtime_error("picker");
+                                                 }});
+        button.SendMessage(BM_CLICK);
+    }
     EXPECT_TRUE(requests.empty());
     button.SendMessage(BM_CLICK);
     EXPECT_EQ(requests.size(), 1U);
@@ -123,12 +107,11 @@ TEST_F(ColorButton, OpensAgainAfterAPickerThatThrew) {
 // The window may go while the picker is open.
 TEST_F(ColorButton, APickedColorOfAButtonThatIsGoneReportsNothing) {
     Hold(L"255");
-    const auto working = qv::SetPickerSink({{}, {}, [this](const qv::ColorPickerRequest&) {
-                                                page.DestroyWindow();
-                                                return std::optional<COLORREF>(RGB(0, 255, 0));
-                                            }});
+    const qvtest::ScopedPickerSink sink({{}, {}, [this](const qv::ColorPickerRequest&) {
+                                             page.DestroyWindow();
+                                             return std::optional<COLORREF>(RGB(0, 255, 0));
+                                         }});
     button.SendMessage(BM_CLICK);
-    qv::SetPickerSink(working);
     EXPECT_EQ(button.m_hWnd, nullptr);
     EXPECT_EQ(button.GetValue(), L"255");
 }

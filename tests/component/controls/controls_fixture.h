@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "framework/controls.h"
-#include "host/libraries/message_box.h"
-#include "host/libraries/translation.h"
+#include "tests/support/recorders.h"
 
 struct PageNotification {
     UINT id;
@@ -36,24 +35,16 @@ protected:
     }
 };
 
-class ControlsTest : public testing::Test {
+class ControlsTest : public testing::Test, protected qvtest::MessageBoxRecorder {
 protected:
     static constexpr UINT kControlId = 20000;
 
     void SetUp() override {
-        m_sinkBefore = qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
-            boxes.push_back(call);
-            return IDOK;
-        });
         ASSERT_TRUE(page.CreateEx(WS_EX_CONTROLPARENT, nullptr, L"page", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                                   RECT{0, 0, 400, 300}, nullptr, 0));
         ::SetActiveWindow(page.m_hWnd);
     }
-    void TearDown() override {
-        page.DestroyWindow();
-        qv::SetMessageBoxSink(std::move(m_sinkBefore));
-        qv::SetDictionary({});
-    }
+    void TearDown() override { page.DestroyWindow(); }
 
     // Creates the control as the page does and gives it a place to be seen.
     template <class Control>
@@ -66,8 +57,4 @@ protected:
     }
 
     TestPage page;
-    std::vector<qv::MessageBoxCall> boxes;
-
-private:
-    qv::MessageBoxSink m_sinkBefore;
 };

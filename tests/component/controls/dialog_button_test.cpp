@@ -4,11 +4,11 @@
 #include <optional>
 #include <vector>
 
-#include "framework/com.h"
 #include "qvclient/qvsettingsdialog/controls/component_module.h"
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "qvclient/qvsettingsdialog/controls/settings_frame.h"
 #include "tests/component/controls/controls_fixture.h"
+#include "tests/support/host_stubs.h"
 
 namespace {
 
@@ -19,55 +19,35 @@ struct Behaviour {
     std::optional<std::wstring> text;  // none: a null text
 };
 
-class FakeService : public HostDialogService {
+class FakeService final : public qvtest::DialogsStub {
 public:
     explicit FakeService(bool hasInterface) : m_hasInterface(hasInterface) {}
-    virtual ~FakeService() = default;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (m_hasInterface) return DialogsStub::QueryInterface(iid, object);
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
 
     Behaviour behaviour;
-    ULONG references = 0;
     std::wstring operation;
     std::wstring argument;
     LONG number = -1;
     bool ranInComponent = false;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        *object = nullptr;
-        if (!m_hasInterface || !IsEqualGUID(iid, IID_HostDialogService)) return E_NOINTERFACE;
-        *object = static_cast<HostDialogService*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
-    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE EditText(BSTR given, BSTR* value) override { return Answer(L"edit", given, value); }
-    HRESULT STDMETHODCALLTYPE ChooseText(BSTR given, BSTR* value, LONG choice) override {
-        number = choice;
-        return Answer(L"choose", given, value);
-    }
-    HRESULT STDMETHODCALLTYPE ViewText(BSTR given, BSTR* value) override { return Answer(L"view", given, value); }
-    HRESULT STDMETHODCALLTYPE PlaceBeside(BSTR given, LONG frame) override {
-        number = frame;
-        return Answer(L"place", given, nullptr);
-    }
-
 private:
-    HRESULT Answer(const wchar_t* name, BSTR given, BSTR* value) {
-        operation = name;
+    HRESULT Open(const wchar_t* dialog, BSTR given, BSTR* value, LONG which) override {
+        operation = dialog;
         argument = qv::TextOf(given);
+        number = which;
         EXPECT_NE(given, nullptr);
         ranInComponent = &GetModuleState() == &GetComponentModuleState();
-        if (value != nullptr) {
-            EXPECT_EQ(*value, given) << "one variable is argument and result";
-            if (behaviour.replaces) {
-                SysFreeString(*value);
-                *value = behaviour.text ? SysAllocString(behaviour.text->c_str()) : nullptr;
-                // What a failed call leaves is nobody's but its own.
-                if (FAILED(behaviour.status)) m_leftBehind.push_back(qv::Bstr::Adopt(*value));
-            }
-        }
+        if (value == nullptr) return behaviour.status;
+        EXPECT_EQ(*value, given) << "one variable is argument and result";
+        if (!behaviour.replaces) return behaviour.status;
+        SysFreeString(*value);
+        *value = behaviour.text ? SysAllocString(behaviour.text->c_str()) : nullptr;
+        // What a failed call leaves is nobody's but its own.
+        if (FAILED(behaviour.status)) m_leftBehind.push_back(qv::Bstr::Adopt(*value));
         return behaviour.status;
     }
 
@@ -75,23 +55,12 @@ private:
     std::vector<qv::Bstr> m_leftBehind;
 };
 
-class FakeHost : public ITPFHost {
+class FakeHost final : public qvtest::HostStub {
 public:
-    virtual ~FakeHost() = default;
     HRESULT status = S_OK;
     FakeService* service = nullptr;
-    ULONG references = 0;
     int calls = 0;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
-    HRESULT STDMETHODCALLTYPE Reserved1() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved2() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Reserved3() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE CreateObject(REFGUID id, DWORD number, IUnknown** object) override {
         ++calls;
         EXPECT_TRUE(IsEqualGUID(id, CLSID_HostDialogService));
@@ -141,15 +110,14 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
     const Behaviour succeedsOddly{S_FALSE, true, L"new"};
     const Behaviour fails{E_FAIL, false, {}};
     const Behaviour failsWithText{E_FAIL, true, L"new"};
-    struct Case {
+    const struct {
         const char* name;
         unsigned type;
         Behaviour behaviour;
         std::wstring value;
         std::wstring expected;
         std::wstring operation;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"10 text", 10, returnsText, L"old", L"new", L"edit"},
         {"10 text for an empty value", 10, returnsText, L"", L"new", L"edit"},
         {"10 success that is not S_OK", 10, succeedsOddly, L"old", L"new", L"edit"},
@@ -170,7 +138,7 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
         {"another type empties the value", 9, returnsText, L"old", L"", L""},
         {"another type empties the value", 14, returnsText, L"old", L"", L""},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         service.behaviour = each.behaviour;
         service.operation.clear();
@@ -191,21 +159,20 @@ TEST_F(DialogButton, EachTypeTreatsTheOutcomeInItsOwnWay) {
 }
 
 TEST_F(DialogButton, WithoutAServiceAClickChangesNothing) {
-    struct Case {
+    const struct {
         const char* name;
         HRESULT status;
         bool hasObject;
         bool hasInterface;
         bool hasHost;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"no host", S_OK, true, true, false},
         {"creation fails", E_FAIL, false, true, true},
         {"creation fails but leaves an object", E_FAIL, true, true, true},
         {"no object", S_OK, false, true, true},
         {"no such interface", S_OK, true, false, true},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         FakeService other(each.hasInterface);
         host.service = each.hasObject ? &other : nullptr;
@@ -244,7 +211,7 @@ TEST_F(DialogButton, Type13PassesTheNearestFrame) {
 }
 
 TEST_F(DialogButton, ShowsItsTranslatedCaptionAndKeepsItsValueInvisible) {
-    qv::SetDictionary({{L"Choose", L"W\x00E4hlen"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{L"Choose", L"W\x00E4hlen"}});
     XDialogButton button(10);
     button.SetCaption(L"Choose");
     button.SetInitValue(L"value");

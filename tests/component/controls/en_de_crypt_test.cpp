@@ -15,19 +15,18 @@ std::wstring Upper(std::wstring text) {
 }
 
 TEST(Cipher, PlainTextComesBackFromEitherCaseOfDigits) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring plain;
         std::wstring back;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"empty", L"", L""},
         {"one", L"!", L"!"},
         {"ends of the range", L"!\x7F", L"!\x7F"},
         {"longest", L"abcdefghijklmnopqrstuvwxyz", L"abcdefghijklmnopqrstuvwxyz"},
         {"a wide character keeps its low byte", L"x\x0141y", L"x\x41y"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const XEnDeCrypt cipher;
         const std::wstring stored = cipher.Encrypt(each.plain);
@@ -49,12 +48,11 @@ TEST(Cipher, EveryPositionHasItsOwnKeyAndTheStoredFormNeverChanges) {
 }
 
 TEST(Cipher, RefusesCharactersByTheirSignedLowByte) {
-    struct Case {
+    const struct {
         const char* name;
         wchar_t character;
         bool invalid;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"tab", L'\t', true},
         {"space", L' ', true},
         {"lowest", L'!', false},
@@ -68,7 +66,7 @@ TEST(Cipher, RefusesCharactersByTheirSignedLowByte) {
         {"low byte negative", 0x20AC, true},
     };
     const XEnDeCrypt cipher;
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const std::wstring text = {L'a', each.character, L'b'};
         EXPECT_EQ(cipher.ContainsInvalidChar(text), each.invalid);

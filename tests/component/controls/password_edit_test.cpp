@@ -47,7 +47,7 @@ TEST_F(PasswordField, ShowsTheDecipheredValueMaskedAndGivesItBackEnciphered) {
 }
 
 TEST_F(PasswordField, LooksAtTheLastCharacterAfterEveryChange) {
-    struct Case {
+    const struct {
         const char* name;
         std::wstring before;
         int caret;
@@ -55,8 +55,7 @@ TEST_F(PasswordField, LooksAtTheLastCharacterAfterEveryChange) {
         bool typed;  // else pasted
         std::wstring after;
         std::wstring report;  // empty: none
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"good character", L"ab", 2, L"c", true, L"abc", L""},
         {"space at the end", L"ab", 2, L" ", true, L"", RefusalOf(2, 32, L" ")},
         {"e acute", L"ab", 2, L"\x00E9", true, L"", RefusalOf(2, 233, L"\x00E9")},
@@ -74,7 +73,7 @@ TEST_F(PasswordField, LooksAtTheLastCharacterAfterEveryChange) {
     };
     edit.SetMaxLength(kMaxLength);
     Show(edit);
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         edit.SetWindowText(each.before);
         edit.SetSel(each.caret, each.caret);

@@ -6,7 +6,7 @@
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
-#include "tests/framework/framed_buttons.h"
+#include "tests/support/framed_buttons.h"
 
 namespace {
 
@@ -18,22 +18,15 @@ protected:
     // drawn by itself and no push button.
     void DefineButtonPage() {
         host.DefinePage(L"2", L"Buttons");
-        host.DefineItem(L"more/text",
-                        {{L"type", L"3"}, {L"label", L"Te&xt"}, {L"default", L"hello"}, {L"pagenumber", L"2"}});
-        host.DefineItem(L"more/notes",
-                        {{L"type", L"10"}, {L"label", L"&Notes"}, {L"pagenumber", L"2"}, {L"ordernumber", L"1"}});
-        host.DefineItem(L"more/folder", {{L"type", L"7"},
-                                         {L"label", L"Folder"},
-                                         {L"pagenumber", L"2"},
-                                         {L"ordernumber", L"2"},
-                                         {L"checkpath", L"0"}});
-        host.DefineItem(L"more/colour",
-                        {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"2"}, {L"ordernumber", L"3"}});
+        host.DefineItem(L"more/text", 3, 2);
+        host.DefineItem(L"more/notes", 10, 2, {{L"label", L"&Notes"}});
+        host.DefineItem(L"more/folder", 7, 2, {{L"checkpath", L"0"}});
+        host.DefineItem(L"more/colour", 8, 2);
     }
     [[nodiscard]] HWND Button(int id) const { return ::GetDlgItem(driver.Dialog().m_hWnd, id); }
     [[nodiscard]] HWND Row(std::wstring_view key) const { return driver.Control(key)->m_hWnd; }
     void ExpectFramed(HWND button) const {
-        EXPECT_EQ(FramedButtons(::GetAncestor(driver.Dialog().m_hWnd, GA_ROOT)), std::vector<HWND>{button});
+        EXPECT_EQ(qvtest::FramedButtons(::GetAncestor(driver.Dialog().m_hWnd, GA_ROOT)), std::vector<HWND>{button});
     }
     // What must hold at any moment: the push button with the focus is framed, or else OK.
     void ExpectFrameAtFocus() const {
@@ -84,60 +77,42 @@ TEST_F(DialogKeyboard, ARefusedApplyLeavesTheFocusAtTheValue) {
 
 TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
     DefineButtonPage();
-    Show({
-        [this] { ExpectFramed(Button(IDOK)); },
+    InDialog([this] {
+        ExpectFramed(Button(IDOK));
         // Round the first page and round the second, and back.
-        [this] {
-            for (const int page : {0, 1}) {
-                EXPECT_TRUE(driver.SwitchPage(page));
-                for (const bool shift : {false, true}) {
-                    for (int i = 0; i < 16; ++i) {
-                        user.Press(VK_TAB, {.shift = shift});
-                        ExpectFrameAtFocus();
-                    }
+        for (const int page : {0, 1}) {
+            EXPECT_TRUE(driver.SwitchPage(page));
+            for (const bool shift : {false, true}) {
+                for (int i = 0; i < 16; ++i) {
+                    user.Press(VK_TAB, {.shift = shift});
+                    ExpectFrameAtFocus();
                 }
             }
-        },
-        [this] {
-            user.Focus(Row(L"more/notes"));
-            ExpectFramed(Row(L"more/notes"));
-            user.Click(Row(L"more/text"));
-            ExpectFramed(Button(IDOK));
-            user.Press('N', {.alt = true});
-            ExpectFramed(Row(L"more/notes"));
-            user.Click(Row(L"more/text"));
-            ExpectFramed(Button(IDOK));
-            HWND browse = ::GetWindow(Row(L"more/folder"), GW_CHILD);
-            while (browse != nullptr && (::SendMessageW(browse, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) == 0)
-                browse = ::GetWindow(browse, GW_HWNDNEXT);
-            user.Focus(browse);
-            ExpectFramed(browse);
-            user.Focus(Row(L"more/colour"));
-            ExpectFramed(Button(IDOK));
-        },
-        // Default, with the mouse, wakes Apply; the frame is where the focus is.
-        [this] {
-            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
-            ExpectFramed(Button(IDC_DEFAULT_BUTTON));
-            user.Focus(Row(L"more/notes"));
-            user.Press(VK_NEXT, {.control = true});
-            ExpectFramed(Button(IDOK));
-        },
+        }
+        user.Press('N', {.alt = true});
+        ExpectFramed(Row(L"more/notes"));
+        user.Click(Row(L"more/text"));
+        ExpectFramed(Button(IDOK));
+        const HWND browse = ::FindWindowExW(Row(L"more/folder"), nullptr, L"BUTTON", nullptr);
+        user.Focus(browse);
+        ExpectFramed(browse);
+        user.Focus(Row(L"more/colour"));
+        ExpectFramed(Button(IDOK));
+        user.Focus(Row(L"more/notes"));
+        user.Press(VK_NEXT, {.control = true});
+        ExpectFramed(Button(IDOK));
         // A box over the dialog, as a refused value brings it up, and back.
-        [this] {
-            EXPECT_TRUE(driver.Type(L"common/count", L"11"));
-            qv::SetMessageBoxSink([this](const qv::MessageBoxCall&) {
-                CWnd box;
-                box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
-                ::SetActiveWindow(box.m_hWnd);
-                EXPECT_EQ(FramedButtons(driver.Frame().m_hWnd).size(), 1U);
-                return IDOK;
-            });
-            EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
-            EXPECT_EQ(::GetFocus(), Row(L"common/count"));
-            ExpectFramed(Button(IDOK));
-        },
-        [this] { user.Press(VK_ESCAPE); },
+        EXPECT_TRUE(driver.Type(L"common/count", L"11"));
+        const qvtest::ScopedMessageBoxSink sink([this](const qv::MessageBoxCall&) {
+            CWnd box;
+            box.CreateEx(0, nullptr, L"box", WS_POPUP | WS_VISIBLE, {0, 0, 50, 50}, driver.Frame().m_hWnd, 0);
+            ::SetActiveWindow(box.m_hWnd);
+            EXPECT_EQ(qvtest::FramedButtons(driver.Frame().m_hWnd).size(), 1U);
+            return IDOK;
+        });
+        EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+        EXPECT_EQ(::GetFocus(), Row(L"common/count"));
+        ExpectFramed(Button(IDOK));
     });
 }
 
@@ -151,30 +126,21 @@ TEST_F(DialogKeyboard, ArrowsStayInTheRowAndAmongTheButtons) {
         }
     };
     // With one page only the tabs come right behind its last row.
-    host.DefineItem(L"common/last",
-                    {{L"type", L"12"}, {L"label", L"Last"}, {L"pagenumber", L"1"}, {L"ordernumber", L"9"}});
-    Show({
-        [&] { stays(Row(L"common/last"), {Row(L"common/last")}); },
-        [this] { user.Press(VK_ESCAPE); },
-    });
+    host.DefineItem(L"common/last", 12, 1, {{L"ordernumber", L"9"}});
+    InDialog([&] { stays(Row(L"common/last"), {Row(L"common/last")}); });
     DefineButtonPage();
-    Show({
-        [&] {
-            stays(Button(IDOK), {Button(IDOK), Button(IDCANCEL), Button(IDC_HELP_BUTTON), Button(IDC_DEFAULT_BUTTON)});
-            stays(Row(L"common/flag"), {Row(L"common/flag")});
-            driver.SwitchPage(1);
-            stays(Row(L"more/notes"), {Row(L"more/notes")});
-            stays(Row(L"more/colour"), {Row(L"more/colour")});
-        },
-        [this] { user.Press(VK_ESCAPE); },
+    InDialog([&] {
+        stays(Button(IDOK), {Button(IDOK), Button(IDCANCEL), Button(IDC_HELP_BUTTON), Button(IDC_DEFAULT_BUTTON)});
+        stays(Row(L"common/flag"), {Row(L"common/flag")});
+        driver.SwitchPage(1);
+        stays(Row(L"more/notes"), {Row(L"more/notes")});
+        stays(Row(L"more/colour"), {Row(L"more/colour")});
     });
 }
 
 // The template of the modeless dialog makes three buttons the default.
 TEST_F(DialogKeyboard, TheModelessDialogMeansOkByEnter) {
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynDialogModeless dialog(constructionSet, nullptr);
     ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
     dialog.ShowWindow(SW_SHOW);
@@ -194,29 +160,21 @@ TEST_F(DialogKeyboard, TheModelessDialogMeansOkByEnter) {
 }
 
 TEST_F(DialogKeyboard, TheFourButtonDialogFramesOneToo) {
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
-    const int code = driver.Run(
-        [&] {
-            XDynDialog dialog(constructionSet, nullptr);
-            return static_cast<int>(dialog.DoModal());
-        },
-        {
-            [this] {
-                ExpectFramed(Button(IDOK));
-                for (int i = 0; i < 10; ++i) {
-                    user.Press(VK_TAB);
-                    ExpectFrameAtFocus();
-                }
-                user.Focus(Button(IDC_HELP_BUTTON));
-                ExpectFramed(Button(IDC_HELP_BUTTON));
-                user.Click(Row(L"common/name"));
-                ExpectFramed(Button(IDOK));
-            },
-            [this] { user.Press(VK_RETURN); },
-        });
-    EXPECT_EQ(code, IDOK);
+    EXPECT_EQ(ShowFree({
+                  [this] {
+                      ExpectFramed(Button(IDOK));
+                      for (int i = 0; i < 10; ++i) {
+                          user.Press(VK_TAB);
+                          ExpectFrameAtFocus();
+                      }
+                      user.Focus(Button(IDC_HELP_BUTTON));
+                      ExpectFramed(Button(IDC_HELP_BUTTON));
+                      user.Click(Row(L"common/name"));
+                      ExpectFramed(Button(IDOK));
+                  },
+                  [this] { user.Press(VK_RETURN); },
+              }),
+              IDOK);
 }
 
 }  // namespace

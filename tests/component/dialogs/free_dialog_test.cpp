@@ -8,32 +8,18 @@ namespace {
 
 class FreeDialog : public WholeDialog {
 protected:
-    FreeDialog()
-        : constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                          qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                          qv::ComPtr<IMultiUserManager>(host.users.Get())) {
-        host.DefinePlainPage();
-    }
-
-    int ShowModal(qvtest::SettingsDriver::Steps steps) {
-        return driver.Run(
-            [this] {
-                XDynDialog dialog(constructionSet, nullptr);
-                return static_cast<int>(dialog.DoModal());
-            },
-            std::move(steps));
-    }
-
-    XConstructionSet constructionSet;
+    FreeDialog() { host.DefinePlainPage(); }
 };
 
 TEST_F(FreeDialog, FourButtonsStandBelowASheetThatGetsThreePixelsBack) {
-    EXPECT_EQ(ShowModal({
+    EXPECT_EQ(ShowFree({
                   [this] {
-                      const CRect window = Dialog().GetWindowRect();
+                      // Half a button above and below them, less the three pixels.
                       const CRect sheet = Sheet().GetWindowRect();
                       const CRect ok = Dialog().GetDlgItem(IDOK)->GetWindowRect();
-                      EXPECT_EQ(sheet.bottom, window.bottom - (ok.Height() + 2 * (ok.Height() / 2) - 3));
+                      EXPECT_NEAR(static_cast<double>(ok.top - sheet.bottom), ok.Height() / 2.0 - 3, 1);
+                      EXPECT_NEAR(static_cast<double>(Dialog().GetWindowRect().bottom - ok.bottom), ok.Height() / 2.0,
+                                  1);
                       EXPECT_EQ(Dialog().GetDlgItem(IDC_DEFAULT_BUTTON)->GetWindowRect().right, sheet.right - 3);
                       // Default is the last button of this template, so the first focus goes on into the sheet.
                       EXPECT_TRUE(IsChild(Sheet().m_hWnd, GetFocus()));
@@ -53,7 +39,7 @@ TEST_F(FreeDialog, ItReopensAtItsStoredPlaceButNoSmallerThanItsSheet) {
              {L"top.x", L"30"}, {L"top.y", L"20"}, {L"bottom.x", L"1030"}, {L"bottom.y", L"40"}}) {
         host.session->Put(SDT_userData, L"SizeConfigDialog", name, text);
     }
-    ShowModal({
+    ShowFree({
         [this] {
             const CRect window = Dialog().GetWindowRect();
             EXPECT_EQ(window.left, 30);
@@ -70,24 +56,21 @@ TEST_F(FreeDialog, ItReopensAtItsStoredPlaceButNoSmallerThanItsSheet) {
 }
 
 TEST_F(FreeDialog, TheModelessOneDestroysItselfAlsoAfterARefusedOk) {
-    struct Case {
+    const struct {
         const char* name;
         const wchar_t* count;
         int button;
         std::size_t boxes;
         const wchar_t* stored;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"Cancel", L"5", IDCANCEL, 0, L"7"},
         {"refused OK", L"11", IDOK, 1, L"7"},
         {"OK", L"6", IDOK, 0, L"6"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         driver.boxes.clear();
-        XConstructionSet fresh(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet fresh = MakeModel();
         XDynDialogModeless dialog(fresh, nullptr);
         ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
         dialog.ShowWindow(SW_SHOW);

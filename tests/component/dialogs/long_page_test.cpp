@@ -17,16 +17,13 @@ protected:
     LongPage() {
         host.DefinePage(L"1", L"Long");
         for (int i = 0; i < kRows; ++i) {
-            const std::wstring label = L"Row " + std::to_wstring(i), order = std::to_wstring(i);
-            constexpr const wchar_t* kTypes[] = {L"1", L"3", L"4", L"0", L"6", L"7"};
-            host.DefineItem(Item(i), {{L"type", kTypes[i % 6]},
-                                      {L"label", label},
-                                      {L"pagenumber", L"1"},
-                                      {L"ordernumber", order},
-                                      {L"upperbound", L"10"},
-                                      {L"default", L"1"},
-                                      {L"value1", L"1|One"},
-                                      {L"value2", L"2|Two"}});
+            constexpr int kTypes[] = {1, 3, 4, 0, 6, 7};
+            host.DefineItem(Item(i), kTypes[i % 6], 1,
+                            {{L"ordernumber", std::to_wstring(i)},
+                             {L"upperbound", L"10"},
+                             {L"default", L"1"},
+                             {L"value1", L"1|One"},
+                             {L"value2", L"2|Two"}});
         }
     }
     [[nodiscard]] CWnd& Page() const { return *Sheet().GetActivePage(); }
@@ -37,28 +34,23 @@ protected:
 class LongPageInFrame : public LongPage, public ::testing::WithParamInterface<SIZE> {};
 
 TEST_P(LongPageInFrame, EveryRowIsSeenWhenTabComesToIt) {
-    Show({
-        [this] {
-            const SIZE size = GetParam();
-            if (size.cx != 0) driver.Frame().MoveWindow(0, 0, static_cast<int>(size.cx), static_cast<int>(size.cy));
-            EXPECT_NE(Page().GetStyle() & WS_VSCROLL, 0u);
-            driver.Control(Item(kRows - 1))->SetFocus();
-            driver.Sheet().GetTabControl()->SetFocus();
-        },
-        [this] {
-            // From the tabs over the dialog's buttons into the page; a chooser has two stops.
-            int seen = 0;
-            for (int i = 0; i < 3 * kRows && seen < kRows; ++i) {
-                ASSERT_TRUE(driver.PressKey(VK_TAB));
-                const HWND focus = ::GetFocus();
-                const HWND row = driver.Control(Item(seen))->m_hWnd;
-                const bool isRow = focus == row || ::IsChild(row, focus) != FALSE;
-                EXPECT_TRUE(qvtest::IsWhollySeen(isRow ? row : focus)) << "stop " << i;
-                if (isRow) ++seen;
-            }
-            EXPECT_EQ(seen, kRows);
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        const SIZE size = GetParam();
+        if (size.cx != 0) driver.Frame().MoveWindow(0, 0, static_cast<int>(size.cx), static_cast<int>(size.cy));
+        EXPECT_NE(Page().GetStyle() & WS_VSCROLL, 0u);
+        driver.Control(Item(kRows - 1))->SetFocus();
+        driver.Sheet().GetTabControl()->SetFocus();
+        // From the tabs over the dialog's buttons into the page; a chooser has two stops.
+        int seen = 0;
+        for (int i = 0; i < 3 * kRows && seen < kRows; ++i) {
+            ASSERT_TRUE(driver.PressKey(VK_TAB));
+            const HWND focus = ::GetFocus();
+            const HWND row = driver.Control(Item(seen))->m_hWnd;
+            const bool isRow = focus == row || ::IsChild(row, focus) != FALSE;
+            EXPECT_TRUE(qvtest::IsWhollySeen(isRow ? row : focus)) << "stop " << i;
+            if (isRow) ++seen;
+        }
+        EXPECT_EQ(seen, kRows);
     });
 }
 
@@ -67,42 +59,32 @@ INSTANTIATE_TEST_SUITE_P(Frames, LongPageInFrame, ::testing::Values(SIZE{0, 0}, 
 
 TEST_F(LongPage, ARefusedValueIsBroughtIntoView) {
     const std::wstring last = Item(kRows - kRows % 6);
-    Show({
-        [&] {
-            ASSERT_TRUE(driver.Type(last, L"99"));
-            Page().SendMessage(WM_VSCROLL, SB_TOP);
-            EXPECT_FALSE(qvtest::IsWhollySeen(driver.Control(last)->m_hWnd));
-            driver.boxes.clear();  // those of loading
-        },
-        [this] { EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON)); },
-        [&] {
-            EXPECT_EQ(driver.boxes.size(), 1u);
-            EXPECT_TRUE(driver.HasFocus(driver.Control(last)));
-            EXPECT_TRUE(qvtest::IsWhollySeen(driver.Control(last)->m_hWnd));
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([&] {
+        ASSERT_TRUE(driver.Type(last, L"99"));
+        Page().SendMessage(WM_VSCROLL, SB_TOP);
+        EXPECT_FALSE(qvtest::IsWhollySeen(driver.Control(last)->m_hWnd));
+        driver.boxes.clear();  // those of loading
+        EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+        EXPECT_EQ(driver.boxes.size(), 1u);
+        EXPECT_TRUE(driver.HasFocus(driver.Control(last)));
+        EXPECT_TRUE(qvtest::IsWhollySeen(driver.Control(last)->m_hWnd));
     });
 }
 
 // With the focus on OK, where the dialog opens, as well as on a field.
 TEST_F(LongPage, WheelAndPageKeysScrollThePage) {
-    Show({
-        [this] {
-            ASSERT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
-            ASSERT_TRUE(driver.PressKey(VK_NEXT));
-            EXPECT_GT(PagePosition(), 0);
-            ASSERT_TRUE(driver.PressKey(VK_PRIOR));
-            EXPECT_EQ(PagePosition(), 0);
-        },
-        [this] {
-            // As systems send it that know no window but the one with the focus.
-            const CRect page = Page().GetWindowRect();
-            ::PostMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)),
-                           MAKELPARAM(static_cast<WORD>(page.left + 5), static_cast<WORD>(page.top + 50)));
-            PumpPending();
-            EXPECT_GT(PagePosition(), 0);
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        ASSERT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
+        ASSERT_TRUE(driver.PressKey(VK_NEXT));
+        EXPECT_GT(PagePosition(), 0);
+        ASSERT_TRUE(driver.PressKey(VK_PRIOR));
+        EXPECT_EQ(PagePosition(), 0);
+        // As systems send it that know no window but the one with the focus.
+        const CRect page = Page().GetWindowRect();
+        ::PostMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)),
+                       MAKELPARAM(static_cast<WORD>(page.left + 5), static_cast<WORD>(page.top + 50)));
+        PumpPending();
+        EXPECT_GT(PagePosition(), 0);
     });
 }
 

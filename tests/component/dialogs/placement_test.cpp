@@ -33,19 +33,18 @@ protected:
         std::erase_if(calls, [](const SessionCall& call) { return call.key != kRecord; });
         return calls;
     }
-    int OpenAndCancel() {
-        return Show({[this] { driver.Press(IDCANCEL); }});
+    void OpenAndCancel() {
+        InDialog([] {});
     }
 };
 
 TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
-    struct Case {
+    const struct {
         const char* name;
         const wchar_t* stored;  // null: none
         const wchar_t* defaultText;
         bool on;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"nothing", nullptr, nullptr, false},
         {"stored 1", L"1", nullptr, true},
         {"stored 0 beats default 1", L"0", L"1", false},
@@ -57,7 +56,7 @@ TEST_F(Placement, SwitchReadsTheStoredValueElseTheDefinitionsDefault) {
         {"empty", L"", L"1", false},
         {"rounded", L"1.2", nullptr, true},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qvtest::TestHost fresh;
         if (each.stored != nullptr) fresh.session->Put(SDT_userData, L"common", L"configdialoginit", each.stored);
@@ -99,10 +98,7 @@ TEST_F(Placement, ASwitchThatIsNoTextIsNotStored) {
 
 TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
     PutRecord({{L"top.x", L"3"}, {L"top.y", L"4"}, {L"bottom.x", L"703"}, {L"bottom.y", L"504"}});
-    Show({
-        [this] { EXPECT_NE(driver.Frame().GetWindowRect().Width(), 700); },
-        [this] { driver.Press(IDCANCEL); },
-    });
+    InDialog([this] { EXPECT_NE(driver.Frame().GetWindowRect().Width(), 700); });
     EXPECT_TRUE(RecordCalls(SessionOperation::EnumValues).empty());
     EXPECT_TRUE(RecordCalls(SessionOperation::WriteData).empty());
 }
@@ -111,27 +107,23 @@ TEST_F(Placement, NothingIsReadOrWrittenWhileTheSwitchIsOff) {
 TEST_F(Placement, ASmallRememberedFrameOpensWithItsBeginningInView) {
     SwitchOn();
     PutRecord({{L"top.x", L"30"}, {L"top.y", L"30"}, {L"bottom.x", L"330"}, {L"bottom.y", L"230"}});
-    Show({
-        [this] {
-            const HWND view = Dialog().GetParent()->m_hWnd;
-            EXPECT_TRUE(driver.HasFocus(Dialog().GetDlgItem(IDOK)));
-            EXPECT_EQ(GetScrollPos(view, SB_VERT), 0);
-            EXPECT_EQ(GetScrollPos(view, SB_HORZ), 0);
-            driver.PressKey(VK_TAB);
-            EXPECT_GT(GetScrollPos(view, SB_VERT), 0) << "a person's step is followed";
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        const HWND view = Dialog().GetParent()->m_hWnd;
+        EXPECT_TRUE(driver.HasFocus(Dialog().GetDlgItem(IDOK)));
+        EXPECT_EQ(GetScrollPos(view, SB_VERT), 0);
+        EXPECT_EQ(GetScrollPos(view, SB_HORZ), 0);
+        driver.PressKey(VK_TAB);
+        EXPECT_GT(GetScrollPos(view, SB_VERT), 0) << "a person's step is followed";
     });
 }
 
 TEST_F(Placement, RecordIsReadFieldByField) {
-    struct Case {
+    const struct {
         const char* name;
         std::initializer_list<std::pair<std::wstring_view, std::wstring_view>> values;
         RECT rect;
         UINT state;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"empty record", {}, {0, 0, 470, 360}, 1},
         {"all",
          {{L"top.x", L"1"}, {L"top.y", L"2"}, {L"bottom.x", L"3"}, {L"bottom.y", L"4"}, {L"state", L"3"}},
@@ -141,7 +133,7 @@ TEST_F(Placement, RecordIsReadFieldByField) {
         {"no numbers count as 0, digits lead", {{L"bottom.x", L"wide"}, {L"top.y", L" 12abc"}}, {0, 12, 0, 360}, 1},
         {"unknown names are passed over", {{L"left", L"9"}, {L"top", L"9"}}, {0, 0, 470, 360}, 1},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         qvtest::TestHost fresh;
         for (const auto& [name, text] : each.values)
@@ -160,7 +152,7 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"1"}});
     CRect left;
-    Show({
+    InDialog(
         [&] {
             const CRect frame = driver.Frame().GetWindowRect();
             EXPECT_EQ(frame.left, 40);
@@ -170,41 +162,31 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
             driver.Frame().MoveWindow(80, 60, 860, 640);
             left = driver.Frame().GetWindowRect();
         },
-        [this] { driver.Press(IDOK); },
-    });
+        IDOK);
     EXPECT_EQ(Recorded(L"top.x"), L"80");
     EXPECT_EQ(Recorded(L"bottom.y"), L"700");
-    Show({
-        [&] {
-            const CRect again = driver.Frame().GetWindowRect();
-            EXPECT_EQ(again.left, left.left);
-            EXPECT_EQ(again.Width(), left.Width());
-            EXPECT_EQ(again.Height(), left.Height());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        const CRect again = driver.Frame().GetWindowRect();
+        EXPECT_EQ(again.left, left.left);
+        EXPECT_EQ(again.Width(), left.Width());
+        EXPECT_EQ(again.Height(), left.Height());
     });
 }
 
 TEST_F(Placement, AMaximisedFrameReopensMaximised) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}, {L"state", L"3"}});
-    Show({
-        [this] { EXPECT_TRUE(IsZoomed(driver.Frame().m_hWnd)); },
-        [this] { driver.Press(IDCANCEL); },
-    });
-    EXPECT_EQ(Recorded(L"state"), L"3");
-    EXPECT_EQ(Recorded(L"flags"), L"3");
-    EXPECT_EQ(Recorded(L"top.x"), L"40");
+    InDialog([this] { EXPECT_TRUE(IsZoomed(driver.Frame().m_hWnd)); });
+    EXPECT_EQ(Recorded(L"state") + L" " + Recorded(L"flags") + L" " + Recorded(L"top.x"), L"3 3 40");
 }
 
 TEST_F(Placement, AnOffScreenRecordIsUsedAsItIs) {
     SwitchOn();
     PutRecord({{L"top.x", L"-5000"}, {L"top.y", L"50"}, {L"bottom.x", L"-4100"}, {L"bottom.y", L"750"}});
-    Show({
-        [this] { EXPECT_EQ(driver.Frame().GetWindowRect().left, -5000); },
-        // A window that nobody sees gets no keys.
-        [this] { driver.Frame().PostMessage(WM_CLOSE); },
-    });
+    Show({[this] {
+        EXPECT_EQ(driver.Frame().GetWindowRect().left, -5000);
+        driver.Frame().PostMessage(WM_CLOSE);  // a window that nobody sees gets no keys
+    }});
     EXPECT_EQ(Recorded(L"top.x"), L"-5000");
 }
 
@@ -232,18 +214,10 @@ TEST_F(Placement, ARecordOfTheLargestNumbersOpensAllTheSame) {
             [this] { driver.Frame().PostMessage(WM_CLOSE); },
         });
         // On its own the dialog starts from the record itself.
-        XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                         qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                         qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        driver.Run(
-            [&] {
-                XDynDialog dialog(constructionSet, nullptr);
-                return static_cast<int>(dialog.DoModal());
-            },
-            {
-                [this] { EXPECT_GT(Dialog().GetWindowRect().Height(), 0); },
-                [this] { Dialog().PostMessage(WM_CLOSE); },
-            });
+        ShowFree({
+            [this] { EXPECT_GT(Dialog().GetWindowRect().Height(), 0); },
+            [this] { Dialog().PostMessage(WM_CLOSE); },
+        });
     }
 }
 
@@ -286,11 +260,7 @@ TEST_F(Placement, WritesAndSavesInOrderTheFramesLast) {
 
 TEST_F(Placement, AFailedWriteEndsItsRoundUnsaved) {
     SwitchOn();
-    int writes = 0;
-    host.session->SetFault([&](const SessionCall& call) {
-        const bool third = call.operation == SessionOperation::WriteData && call.key == kRecord && ++writes == 3;
-        return third ? E_FAIL : S_OK;
-    });
+    host.session->FailNth(SessionOperation::WriteData, 3);
     OpenAndCancel();
     // Three of the dialog's own, then the frame's ten, which are saved.
     EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 13U);
@@ -312,24 +282,18 @@ TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
     host.session->SetFault([](const SessionCall& call) {
         return call.operation == SessionOperation::EnumValues && call.key == kRecord ? E_FAIL : S_OK;
     });
-    Show({
-        [this] {
-            const CRect frame = driver.Frame().GetWindowRect();
-            EXPECT_EQ(frame.left, 0);
-            EXPECT_EQ(frame.top, 0);
-            EXPECT_EQ(frame.Width(), 470);
-            EXPECT_EQ(frame.Height(), 360);
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
+    InDialog([this] {
+        const CRect frame = driver.Frame().GetWindowRect();
+        EXPECT_EQ(frame.left, 0);
+        EXPECT_EQ(frame.top, 0);
+        EXPECT_EQ(frame.Width(), 470);
+        EXPECT_EQ(frame.Height(), 360);
     });
 }
 
 TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
-    host.DefineItem(L"common/configdialoginit", {{L"type", L"0"}, {L"label", L"Remember"}, {L"pagenumber", L"1"}});
-    Show({
-        [this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); },
-        [this] { driver.Press(IDOK); },
-    });
+    host.DefineItem(L"common/configdialoginit", 0, 1);
+    InDialog([this] { EXPECT_TRUE(driver.Toggle(L"common/configdialoginit")); }, IDOK);
     EXPECT_EQ(RecordCalls(SessionOperation::WriteData).size(), 20U);
     EXPECT_NE(Recorded(L"top.x"), L"(none)");
 }
@@ -337,9 +301,7 @@ TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {
 // Its owner may delete it without closing it first.
 TEST_F(Placement, AModelessFrameDeletedWhileItIsShownRemembersItsPlace) {
     SwitchOn();
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", constructionSet, false, nullptr);
     ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
     frame->ShowWindow(SW_SHOW);
@@ -366,9 +328,7 @@ TEST_F(Placement, TheFramesIsRememberedWhenTheDialogInItGoesByItself) {
 TEST_F(Placement, ADialogThatNeverStoodThereLeavesTheRecordAlone) {
     SwitchOn();
     PutRecord({{L"top.x", L"40"}, {L"top.y", L"50"}, {L"bottom.x", L"940"}, {L"bottom.y", L"750"}});
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynDialogScroll frame(L"Test settings", constructionSet, true, nullptr);
     host.session->SetFault([&](const SessionCall& call) {
         if (call.operation == SessionOperation::ReadData && call.name == L"count") frame.DestroyWindow();

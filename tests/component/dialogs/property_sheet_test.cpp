@@ -11,14 +11,8 @@ namespace {
 
 class Tabs : public WholeDialog {
 protected:
-    void DefineFlagOn(std::wstring_view page, std::wstring_view itemKey) {
-        host.DefineItem(itemKey, {{L"type", L"0"}, {L"label", L"x"}, {L"pagenumber", page}});
-    }
     void ShowAndExpect(const std::vector<std::wstring>& titles) {
-        Show({
-            [&] { EXPECT_EQ(driver.TabTitles(), titles); },
-            [this] { driver.Press(IDCANCEL); },
-        });
+        InDialog([&] { EXPECT_EQ(driver.TabTitles(), titles); });
     }
 };
 
@@ -27,10 +21,10 @@ TEST_F(Tabs, FollowPageNumbersAndLeaveOutPagesWithoutItems) {
     host.DefinePage(L"10", L"Ten");
     host.DefinePage(L"2", L"Two");
     host.DefinePage(L"1", L"One");
-    DefineFlagOn(L"10", L"a/ten");
-    DefineFlagOn(L"3", L"a/three");
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"7", L"a/nopage");
+    host.DefineItem(L"a/ten", 0, 10);
+    host.DefineItem(L"a/three", 0, 3);
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/nopage", 0, 7);
     ShowAndExpect({L"One", L"Three", L"Ten"});
 }
 
@@ -38,17 +32,15 @@ TEST_F(Tabs, FirstOfTwoEntriesWithOneNumberGetsTheTab) {
     host.DefinePage(L"1", L"Second");
     host.DefinePage(L"01", L"First");  // before "1" in the order of names
     host.DefinePage(L"2", L"Next");
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"2", L"a/two");
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/two", 0, 2);
     ShowAndExpect({L"First", L"Next"});
 }
 
 TEST_F(Tabs, PagesWithoutAnyItemShowAnEmptyRow) {
     host.DefinePage(L"1", L"One");
     host.session->Define(L"option-configuration/a/b", L"label", L"no type, no item");
-    XConstructionSet constructionSet(qvtest::kOptionKey, SDT_machineData, nullptr,
-                                     qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                                     qv::ComPtr<IMultiUserManager>(host.users.Get()));
+    XConstructionSet constructionSet = MakeModel();
     XDynPropertySheet sheet(L"", constructionSet, nullptr, 0);
     EXPECT_EQ(sheet.GetPageCount(), 0);
     EXPECT_TRUE(sheet.ValidateAndStore());
@@ -57,37 +49,29 @@ TEST_F(Tabs, PagesWithoutAnyItemShowAnEmptyRow) {
 TEST_F(Tabs, SpecialControlsAreNumberedByKindFrom20000OnEveryPage) {
     host.DefinePage(L"1", L"One");
     host.DefinePage(L"2", L"Two");
-    host.DefineItem(L"a/first", {{L"type", L"6"}, {L"label", L"First"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/colour", {{L"type", L"8"}, {L"label", L"Colour"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/second", {{L"type", L"6"}, {L"label", L"Second"}, {L"pagenumber", L"1"}});
-    host.DefineItem(L"a/other", {{L"type", L"6"}, {L"label", L"Other"}, {L"pagenumber", L"2"}});
-    Show({
-        [this] {
-            ASSERT_NE(driver.Control(L"a/colour"), nullptr);
-            EXPECT_EQ(driver.Control(L"a/first")->GetDlgCtrlID(), 20000);
-            EXPECT_EQ(driver.Control(L"a/second")->GetDlgCtrlID(), 20001);
-            EXPECT_EQ(driver.Control(L"a/colour")->GetDlgCtrlID(), 20002);
-            EXPECT_EQ(driver.Control(L"a/other")->GetDlgCtrlID(), 20000);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    host.DefineItem(L"a/first", 6, 1);
+    host.DefineItem(L"a/colour", 8, 1);
+    host.DefineItem(L"a/second", 6, 1);
+    host.DefineItem(L"a/other", 6, 2);
+    InDialog([this] {
+        ASSERT_NE(driver.Control(L"a/colour"), nullptr);
+        EXPECT_EQ(driver.Control(L"a/first")->GetDlgCtrlID(), 20000);
+        EXPECT_EQ(driver.Control(L"a/second")->GetDlgCtrlID(), 20001);
+        EXPECT_EQ(driver.Control(L"a/colour")->GetDlgCtrlID(), 20002);
+        EXPECT_EQ(driver.Control(L"a/other")->GetDlgCtrlID(), 20000);
     });
 }
 
 // Moving the selection of a checked list is no change; a check mark is.
 TEST_F(Tabs, OnlyCheckMarksOfACheckedListAreChanges) {
     host.DefinePage(L"1", L"One");
-    host.DefineItem(
-        L"a/list",
-        {{L"type", L"5"}, {L"label", L"List"}, {L"pagenumber", L"1"}, {L"value1", L"a|Apple"}, {L"value2", L"b|Pear"}});
-    Show({
-        [this] {
-            EXPECT_TRUE(driver.FocusRow(L"a/list"));
-            driver.PressKey(VK_DOWN);
-        },
-        [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.PressKey(VK_SPACE); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    host.DefineItem(L"a/list", 5, 1, {{L"value1", L"a|Apple"}, {L"value2", L"b|Pear"}});
+    InDialog([this] {
+        EXPECT_TRUE(driver.FocusRow(L"a/list"));
+        driver.PressKey(VK_DOWN);
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        driver.PressKey(VK_SPACE);
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
@@ -96,34 +80,24 @@ protected:
     TwoPages() {
         host.DefinePage(L"1", L"One");
         host.DefinePage(L"2", L"Two");
-        DefineNumber(L"a/one", L"1");
-        DefineNumber(L"a/two", L"2");
-    }
-    void DefineNumber(std::wstring_view itemKey, std::wstring_view page) {
-        host.DefineItem(itemKey, {{L"type", L"1"},
-                                  {L"label", L"Number"},
-                                  {L"pagenumber", page},
-                                  {L"default", L"1"},
-                                  {L"lowerbound", L"1"},
-                                  {L"upperbound", L"9"}});
+        for (const auto& [itemKey, page] : {std::pair{L"a/one", 1}, std::pair{L"a/two", 2}}) {
+            host.DefineItem(itemKey, 1, page, {{L"default", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"9"}});
+        }
     }
 };
 
 TEST_F(TwoPages, ARefusedLastPageComesToTheFrontAndNoPageIsStored) {
-    Show({
-        [this] { driver.Type(L"a/one", L"5"); },
-        [this] { EXPECT_TRUE(driver.SwitchPage(1)); },
-        [this] { driver.Type(L"a/two", L"0"); },
-        [this] { EXPECT_TRUE(driver.SwitchPage(0)); },
-        [this] { driver.Press(IDOK); },
-        [this] {
-            EXPECT_EQ(driver.Sheet().GetActiveIndex(), 1);
-            EXPECT_EQ(driver.Sheet().GetTabControl()->GetCurSel(), 1);
-            EXPECT_TRUE(driver.HasFocus(driver.Control(L"a/two")));
-            EXPECT_EQ(driver.boxes.size(), 1U);
-            EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"a/one", L"5");
+        EXPECT_TRUE(driver.SwitchPage(1));
+        driver.Type(L"a/two", L"0");
+        EXPECT_TRUE(driver.SwitchPage(0));
+        driver.Press(IDOK);
+        EXPECT_EQ(driver.Sheet().GetActiveIndex(), 1);
+        EXPECT_EQ(driver.Sheet().GetTabControl()->GetCurSel(), 1);
+        EXPECT_TRUE(driver.HasFocus(driver.Control(L"a/two")));
+        EXPECT_EQ(driver.boxes.size(), 1U);
+        EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
     });
 }
 
@@ -136,36 +110,19 @@ TEST_F(TwoPages, OkStoresEveryPageInOrderAlsoTheOnesNeverLookedAt) {
 }
 
 TEST_F(TwoPages, SwitchingKeepsThePageInsideTheTabs) {
-    const auto pageRect = [this] {
-        CRect rect = driver.Sheet().GetActivePage()->GetWindowRect();
-        driver.Sheet().ScreenToClient(rect);
-        return rect;
-    };
-    Show({
-        [&] {
-            const CRect first = pageRect();
-            EXPECT_TRUE(driver.SwitchPage(1));
-            const CRect second = pageRect();
-            EXPECT_EQ(first.left, second.left);
-            EXPECT_EQ(first.top, second.top);
-            EXPECT_EQ(first.Width(), second.Width());
-            EXPECT_EQ(first.Height(), second.Height());
-
-            CTabCtrl& tab = *driver.Sheet().GetTabControl();
-            CRect tabRect = tab.GetWindowRect();
-            driver.Sheet().ScreenToClient(tabRect);
-            CRect item;
-            ASSERT_TRUE(tab.GetItemRect(1, item));
-            const CRect client = driver.Sheet().GetClientRect();
-            EXPECT_EQ(tabRect.Width(), client.Width() - 10);
-            EXPECT_EQ(tabRect.Height(), client.Height() - 10);
-            const int rowsHeight = tab.GetRowCount() * item.Height() + 5;
-            EXPECT_EQ(second.left, tabRect.left + 5);
-            EXPECT_EQ(second.top, tabRect.top + rowsHeight);
-            EXPECT_EQ(second.right, client.right - 10);
-            EXPECT_EQ(second.bottom, client.bottom - 10);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        const CRect first = driver.Sheet().GetActivePage()->GetWindowRect();
+        EXPECT_TRUE(driver.SwitchPage(1));
+        const CRect second = driver.Sheet().GetActivePage()->GetWindowRect();
+        EXPECT_TRUE(::EqualRect(&first, &second));
+        CTabCtrl& tab = *driver.Sheet().GetTabControl();
+        const CRect tabs = tab.GetWindowRect();
+        CRect item;
+        ASSERT_TRUE(tab.GetItemRect(1, item));
+        EXPECT_EQ(second.left, tabs.left + 5);
+        EXPECT_EQ(second.top, tabs.top + tab.GetRowCount() * item.Height() + 5) << "below the titles";
+        EXPECT_LE(second.right, tabs.right);
+        EXPECT_LE(second.bottom, tabs.bottom);
     });
 }
 
@@ -176,39 +133,14 @@ TEST_F(Tabs, RequiredWidthAfterAResizeIsTheLastLengtheningTitles) {
     host.DefinePage(L"1", longest);
     host.DefinePage(L"2", L"abc");
     host.DefinePage(L"3", chosen);
-    DefineFlagOn(L"1", L"a/one");
-    DefineFlagOn(L"2", L"a/two");
-    DefineFlagOn(L"3", L"a/three");
-    Show({
-        [&] {
-            CClientDC dc(Sheet());
-            dc.SelectFont(Sheet().GetTabControl()->GetFont());
-            EXPECT_EQ(Sheet().GetRequiredWidth(), dc.GetTextExtent(chosen).cx);
-            EXPECT_LT(dc.GetTextExtent(chosen).cx, dc.GetTextExtent(longest).cx);
-        },
-        [this] { driver.Press(IDCANCEL); },
-    });
-}
-
-TEST_F(TwoPages, RequiredSizesFollowTheLargestLayout) {
-    Show({
-        [this] {
-            int width = 0;
-            int height = 0;
-            for (int i = 0; i < Sheet().GetPageCount(); ++i) {
-                auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(i));
-                width = std::max(width, page->GetMinWidth());
-                height = std::max(height, page->GetMinHeight());
-            }
-            // The titles are narrower than the pages, so the pages decide again.
-            EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
-            EXPECT_EQ(Sheet().GetRequiredWidth(), width + 75);
-            CTabCtrl& tab = *Sheet().GetTabControl();
-            CRect item;
-            ASSERT_TRUE(tab.GetItemRect(0, item));
-            EXPECT_EQ(Sheet().GetRequiredHeight(), height + 50 + tab.GetRowCount() * item.Height() + 5);
-        },
-        [this] { driver.Press(IDCANCEL); },
+    host.DefineItem(L"a/one", 0, 1);
+    host.DefineItem(L"a/two", 0, 2);
+    host.DefineItem(L"a/three", 0, 3);
+    InDialog([&] {
+        CClientDC dc(Sheet());
+        dc.SelectFont(Sheet().GetTabControl()->GetFont());
+        EXPECT_EQ(Sheet().GetRequiredWidth(), dc.GetTextExtent(chosen).cx);
+        EXPECT_LT(dc.GetTextExtent(chosen).cx, dc.GetTextExtent(longest).cx);
     });
 }
 
@@ -219,30 +151,29 @@ TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
         group.columns.push_back(std::make_unique<XLayout::Column>(L""));
         group.columns.back()->SetControlWidth(1500, 1500);
     }
-    Show({
-        [&] {
-            auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(1));
-            ASSERT_NE(page, nullptr);
-            const int before = Sheet().GetRequiredHeight();
-            page->GetLayout().InitLayoutManager(page, {&group});
-            ASSERT_GT(page->GetMinHeight(), before);
-            for (int asked = 0; asked < 2; ++asked) {
-                EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
-                EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
-            }
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        auto* page = DynamicDownCast<XDynPropertyPage>(Sheet().GetPage(1));
+        ASSERT_NE(page, nullptr);
+        const int before = Sheet().GetRequiredHeight();
+        CRect item;
+        ASSERT_TRUE(Sheet().GetTabControl()->GetItemRect(0, item));
+        EXPECT_EQ(before, page->GetMinHeight() + item.Height() + 55) << "room for the tabs and around the page";
+        page->GetLayout().InitLayoutManager(page, {&group});
+        ASSERT_GT(page->GetMinHeight(), before);
+        for (int asked = 0; asked < 2; ++asked) {
+            EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
+            EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
+        }
     });
 }
 
 // Not even an item without a default keeps Default from counting as a change.
 TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
     host.DefinePage(L"1", L"One");
-    DefineFlagOn(L"1", L"a/one");
-    Show({
-        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    host.DefineItem(L"a/one", 0, 1);
+    InDialog([this] {
+        EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 

@@ -30,10 +30,8 @@ protected:
 
     void DefineSecondPage() {
         host.DefinePage(L"2", L"Special");
-        for (const auto* type : {L"5", L"6", L"7", L"8", L"9", L"10"}) {
-            host.DefineItem(std::wstring(L"special/item") + type,
-                            {{L"type", type}, {L"label", L"Item"}, {L"pagenumber", L"2"}, {L"default", L""}});
-        }
+        for (const int type : {5, 6, 7, 8, 9, 10})
+            host.DefineItem(L"special/item" + std::to_wstring(type), type, 2, {{L"default", L""}});
     }
 
     struct Outcome {
@@ -50,12 +48,10 @@ protected:
     Outcome Open(std::size_t refused, Refusal refusal, const ShowDialog& show) {
         driver.boxes.clear();
         host.session->ClearCalls();
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         Outcome outcome;
         std::map<std::wstring, bool> hasControl;
-        const IdleHandler before = SetIdleHandler([&](int) {
+        const qvtest::ScopedIdleHandler pressOk([&](int) {
             if (outcome.opened) return false;
             outcome.opened = true;
             outcome.windows = g_created;
@@ -83,7 +79,6 @@ protected:
         qv::Desktop::FailWindowCreation(0);
         qv::Desktop::SetWindowLimit(kUsualLimit);
         UnhookWindowsHookEx(hook);
-        SetIdleHandler(before);
 
         std::map<std::wstring, int> stored;
         for (const qv::SessionCall& call : host.session->CallsOf(SessionOperation::WriteData)) {

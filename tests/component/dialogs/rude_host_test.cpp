@@ -9,7 +9,7 @@
 #include "qvclient/qvsettingsdialog/controls/module_host.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
-#include "tests/component/watched_host.h"
+#include "tests/support/watched_host.h"
 
 namespace {
 
@@ -30,31 +30,20 @@ protected:
 
     RudeHost() : watched(host) {
         SetModuleHostIfEmpty(watched.Host());
-        m_handlerBefore = SetExceptionHandler([](const std::exception_ptr&) {});
         watched.onCall = [this](const std::wstring& call) {
             calls.push_back({call, FrameWindow() == nullptr || IsWindowVisible(FrameWindow()) == FALSE});
             if (calls.size() == m_at && m_deed) deedWasDone = m_deed();
         };
         host.DefinePlainPage();
         host.DefinePage(L"2", L"Special");
-        const auto define = [this](std::wstring_view key, std::wstring_view type, std::wstring_view text) {
-            host.DefineItem(key, {{L"type", type}, {L"label", key}, {L"pagenumber", L"2"}, {L"default", text}});
-        };
-        define(L"special/list", L"5", L"a");
-        define(L"special/password", L"6", L"");
-        host.DefineItem(L"special/folder", {{L"type", L"7"},
-                                            {L"label", L"Folder"},
-                                            {L"pagenumber", L"2"},
-                                            {L"checkpath", L"1"},
-                                            {L"default", ExistingFolder()}});
-        define(L"special/colour", L"8", L"255");
-        define(L"special/edit", L"10", L"text");
-        define(L"special/beside", L"13", L"text");
+        host.DefineItem(L"special/list", 5, 2, {{L"default", L"a"}});
+        host.DefineItem(L"special/password", 6, 2, {{L"default", L""}});
+        host.DefineItem(L"special/folder", 7, 2, {{L"checkpath", L"1"}, {L"default", ExistingFolder()}});
+        host.DefineItem(L"special/colour", 8, 2, {{L"default", L"255"}});
+        host.DefineItem(L"special/edit", 10, 2, {{L"default", L"text"}});
+        host.DefineItem(L"special/beside", 13, 2, {{L"default", L"text"}});
     }
-    ~RudeHost() override {
-        SetExceptionHandler(m_handlerBefore);
-        ClearModuleHost();
-    }
+    ~RudeHost() override { ClearModuleHost(); }
 
     enum class Kind { InFrame, FreeModal, FreeModeless };
 
@@ -72,7 +61,7 @@ protected:
         XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
                                qv::ComPtr<ISessionDataManager>(watched.Session()),
                                qv::ComPtr<IMultiUserManager>(watched.Users()));
-        const IdleHandler before = SetIdleHandler([this](int) { return OnIdle(); });
+        const qvtest::ScopedIdleHandler walk([this](int) { return OnIdle(); });
         int result = 0;
         if (kind == Kind::InFrame) {
             XDynDialogScroll frame(L"Test settings", model, true, nullptr);
@@ -91,7 +80,6 @@ protected:
                 RunMessageLoop([&] { return dialog.IsLive(); });
             }
         }
-        SetIdleHandler(before);
         m_outermost = nullptr;
         return result;
     }
@@ -157,9 +145,15 @@ protected:
         HWND inside = ChildOf<XDynPropertySheet>(DialogWindow());
         return inside != nullptr ? inside : ChildOf<XDynPropertySheet>(FrameWindow());
     }
+    // A window that the next dialog belongs to.
+    void RenewOwner() {
+        if (!owner.IsLive()) owner.CreateEx(0, nullptr, L"owner", WS_POPUP | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
+        SetActiveWindow(owner.m_hWnd);
+    }
     static bool Destroy(HWND window) { return window != nullptr && DestroyWindow(window) != FALSE; }
 
     qvtest::WatchedHost watched;
+    CWnd owner;
     std::vector<Call> calls;
     bool deedWasDone = false;
 
@@ -233,32 +227,27 @@ private:
     std::size_t m_step = 0;
     int m_closings = 0;
     bool m_inStep = false;
-    ExceptionHandler m_handlerBefore;
+    qvtest::ScopedExceptionHandler m_silence{[](const std::exception_ptr&) {}};
 };
 
 TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
-    CWnd owner;
-    struct Case {
+    const struct {
         const char* name;
         Deed deed;
         int whileLoading;  // the result; -1 comes with a message
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"frame", [this] { return Destroy(FrameWindow()); }, IDCANCEL},
-        {"the frame's owner", [&] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); }, IDCANCEL},
+        {"the frame's owner", [this] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); }, IDCANCEL},
         {"view", [this] { return Destroy(ViewWindow()); }, -1},
         {"dialog", [this] { return Destroy(DialogWindow()); }, -1},
         {"sheet", [this] { return Destroy(SheetWindow()); }, -1},
     };
     const std::vector<std::size_t> places = Places();
     const std::vector<Call> cleanCalls = calls;
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         for (const std::size_t place : SomeOf(places, &each - cases)) {
             SCOPED_TRACE(std::string(each.name) + " in call " + std::to_string(place));
-            if (!owner.IsLive()) {
-                owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
-            }
-            SetActiveWindow(owner.m_hWnd);
+            RenewOwner();
             const int result = Run(place, each.deed);
             if (!deedWasDone) {
                 EXPECT_EQ(result, IDOK);
@@ -274,30 +263,22 @@ TEST_F(RudeHost, MayDestroyAnyWindowInAnyCall) {
 }
 
 TEST_F(RudeHost, MayDestroyAFreeStandingDialogInAnyCall) {
+    const Deed deeds[] = {
+        [this] { return Destroy(FrameWindow()); },
+        [this] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); },
+        [this] { return Destroy(SheetWindow()); },
+    };
     for (const Kind kind : {Kind::FreeModal, Kind::FreeModeless}) {
-        CWnd owner;
-        const auto renewOwner = [&] {
-            if (!owner.IsLive()) {
-                owner.CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {0, 0, 9, 9}, nullptr, 0);
-            }
-            SetActiveWindow(owner.m_hWnd);
-        };
-        renewOwner();
+        RenewOwner();
         const std::vector<std::size_t> places = Places(kind);
-        const Deed deeds[] = {
-            [this] { return Destroy(FrameWindow()); },
-            [&] { return FrameWindow() != nullptr && Destroy(owner.m_hWnd); },
-            [this] { return Destroy(SheetWindow()); },
-        };
         for (const Deed& deed : deeds) {
             for (const std::size_t place : SomeOf(places, &deed - deeds)) {
                 SCOPED_TRACE((kind == Kind::FreeModal ? "modal, deed " : "modeless, deed ") +
                              std::to_string(&deed - deeds) + " in call " + std::to_string(place));
-                renewOwner();
+                RenewOwner();
                 const int result = Run(place, deed, kind);
-                if (kind == Kind::FreeModal) {
-                    EXPECT_EQ(result, !deedWasDone || IsAfterStoring(place) ? IDOK : IDCANCEL);
-                }
+                const bool isOk = kind == Kind::FreeModal && (!deedWasDone || IsAfterStoring(place));
+                EXPECT_EQ(result, isOk ? IDOK : kind == Kind::FreeModal ? IDCANCEL : 0);
                 if (deedWasDone) ExpectStoringStoppedAfter(place);
                 EXPECT_FALSE(SaidThatItCannotOpen());
                 PumpPending();
@@ -312,17 +293,14 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
     const auto write =
         std::find_if(calls.begin(), calls.end(), [](const Call& call) { return call.name.starts_with(L"WriteData"); });
     const Deed openAnother = [this] {
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         XDynDialogScroll inner(L"Second", model, true, nullptr);
         bool done = false;
-        const IdleHandler before = SetIdleHandler([&](int) {
+        const qvtest::ScopedIdleHandler destroy([&](int) {
             done = done || Destroy(FrameWindow());
             return false;
         });
         EXPECT_EQ(inner.DoModal(), IDCANCEL);
-        SetIdleHandler(before);
         EXPECT_EQ(qv::LiveLayouts().size(), 2U) << "the pages of the first, whose calls go on";
         return done;
     };
@@ -334,9 +312,7 @@ TEST_F(RudeHost, MayDestroyADialogFromInsideASecondOne) {
 // Not only the window but the object, by whoever has made it.
 TEST_F(RudeHost, MayDeleteAModelessFrameInsideACall) {
     for (const bool byKey : {false, true}) {
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
+        XConstructionSet model = MakeModel();
         auto frame = std::make_unique<XDynDialogScroll>(L"Test settings", model, false, nullptr);
         ASSERT_TRUE(frame->Create(IDD_SETTINGS_FRAME, nullptr));
         frame->ShowWindow(SW_SHOW);

@@ -2,25 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include "host/services/memory_session_data.h"
+#include "tests/support/memory_session_data.h"
 
 namespace {
 
 TEST(SettingsManual, PathIsBuiltFromHelpPathAndLanguage) {
-    struct Case {
+    const struct {
         const char* name;
         const wchar_t* helpPath;  // null: not stored
         const wchar_t* language;
         const wchar_t* expected;  // null: no manual
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"both", L"C:\\Help", L"1031", L"C:\\Help\\1031\\Settingsmanual.pdf"},
         {"empty language falls back", L"C:\\Help", L"", L"C:\\Help\\1033\\Settingsmanual.pdf"},
         {"no language at all does not", L"C:\\Help", nullptr, L"C:\\Help\\\\Settingsmanual.pdf"},
         {"empty help path", L"", L"1031", L"\\1031\\Settingsmanual.pdf"},
         {"no help path", nullptr, L"1031", nullptr},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const auto session = qv::MemorySessionData::Create();
         if (each.helpPath != nullptr) session->Put(SDT_machineData, L"common", L"help_path", each.helpPath);
@@ -68,12 +67,11 @@ TEST(SettingsManual, AFailedReadOfTheHelpPathCountsByWhatItLeaves) {
     const qv::Bstr empty(L"");
     const qv::Bstr tooLong(std::wstring(40000, L'x'));
     const auto poison = reinterpret_cast<BSTR>(std::uintptr_t{0xDDDDDDDDDDDDDDDD});
-    struct Case {
+    const struct {
         const char* name;
         OddSession::Answer answer;
         std::optional<std::wstring> expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a text", {E_FAIL, VT_BSTR, manuals.Get()}, L"D:\\Manuals\\\\Settingsmanual.pdf"},
         {"a text and S_FALSE", {S_FALSE, VT_BSTR, manuals.Get()}, L"D:\\Manuals\\\\Settingsmanual.pdf"},
         {"an empty text", {E_FAIL, VT_BSTR, empty.Get()}, L"\\\\Settingsmanual.pdf"},
@@ -87,7 +85,7 @@ TEST(SettingsManual, AFailedReadOfTheHelpPathCountsByWhatItLeaves) {
         {"success without a text", {S_OK, VT_I4, nullptr}, std::nullopt},
         {"success with a null text", {S_OK, VT_BSTR, nullptr}, L"\\\\Settingsmanual.pdf"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const qv::ComPtr<ISessionDataManager> session(new OddSession(L"help_path", each.answer));
         EXPECT_EQ(SettingsManualPath(*session.Get()), each.expected);

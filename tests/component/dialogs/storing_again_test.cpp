@@ -1,6 +1,7 @@
 // A host that runs a message loop while it stores, so that people can press buttons meanwhile: whatever they press is
 // passed over until the first OK or Apply has come to its end.
-#include "framework/app.h"
+#include <optional>
+
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
@@ -56,16 +57,42 @@ protected:
     }
 };
 
-TEST_F(StoringAgain, OkOfTheFramedDialogIsCarriedOutOnce) {
-    for (const Press& each : Presses()) {
-        SCOPED_TRACE(each.name);
-        HoldUpWriting(each.act);
-        EXPECT_EQ(Show({
-                      [this] { driver.Type(L"common/name", L"Berta"); },
-                      [this] { driver.Press(IDOK); },
-                  }),
-                  IDOK);
-        ExpectStoredOnce();
+TEST_F(StoringAgain, OkIsCarriedOutOnceAndEndsTheDialog) {
+    const auto ok = [this] { driver.Press(IDOK); };
+    const auto create = [&](auto& dialog, UINT templateId) {
+        ASSERT_TRUE(dialog.Create(templateId, nullptr));
+        dialog.ShowWindow(SW_SHOW);
+        PumpPending();
+        ok();
+        EXPECT_FALSE(dialog.IsLive()) << "destroyed when it is done";
+    };
+    const struct {
+        const char* name;
+        std::function<void()> show;
+    } dialogs[] = {
+        {"framed", [&] { EXPECT_EQ(Show({ok}), IDOK); }},
+        {"free-standing", [&] { EXPECT_EQ(ShowFree({ok}), IDOK); }},
+        {"modeless frame",
+         [&] {
+             XConstructionSet model = MakeModel();
+             XDynDialogScroll frame(L"Test settings", model, false, nullptr);
+             create(frame, IDD_SETTINGS_FRAME);
+             EXPECT_TRUE(qv::LiveLayouts().empty());
+         }},
+        {"modeless",
+         [&] {
+             XConstructionSet model = MakeModel();
+             XDynDialogModeless dialog(model, nullptr);
+             create(dialog, IDD_SETTINGS_MODELESS);
+         }},
+    };
+    for (const auto& dialog : dialogs) {
+        for (const Press& each : Presses()) {
+            SCOPED_TRACE(std::string(dialog.name) + ", " + each.name);
+            HoldUpWriting(each.act);
+            dialog.show();
+            ExpectStoredOnce();
+        }
     }
 }
 
@@ -96,22 +123,22 @@ TEST_F(StoringAgain, ApplyIsCarriedOutOnceAndTheDialogStays) {
 // The message stands there while it is pressed.
 TEST_F(StoringAgain, AnswersWhileAnInputIsRefusedAreNoSecondOk) {
     // Refused as it was stored: nobody has changed anything.
-    host.DefineItem(L"common/folder", {{L"type", L"7"}, {L"pagenumber", L"1"}, {L"checkpath", L"1"}});
+    host.DefineItem(L"common/folder", 7, 1, {{L"checkpath", L"1"}});
     host.session->Put(SDT_userData, L"common", L"folder", L"?:\\none");
     for (const Press& each : Presses()) {
         SCOPED_TRACE(each.name);
         int boxes = 0;
-        qv::MessageBoxSink before;
+        std::optional<qvtest::ScopedMessageBoxSink> sink;
         const auto pressOk = [&] {
             boxes = 0;
-            before = qv::SetMessageBoxSink([&](const qv::MessageBoxCall&) {
+            sink.emplace([&](const qv::MessageBoxCall&) {
                 if (++boxes == 1) each.act();
                 return IDOK;
             });
             driver.Press(IDOK);
         };
         const auto lookAndCancel = [&] {
-            qv::SetMessageBoxSink(before);
+            sink.reset();
             EXPECT_EQ(boxes, 1);
             EXPECT_EQ(driver.Shown(L"common/count"), L"7");
             EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
@@ -119,61 +146,7 @@ TEST_F(StoringAgain, AnswersWhileAnInputIsRefusedAreNoSecondOk) {
             driver.Press(IDCANCEL);
         };
         EXPECT_EQ(Show({pressOk, lookAndCancel}), IDCANCEL);
-
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        XDynDialog free(model, nullptr);
-        EXPECT_EQ(driver.Run([&] { return static_cast<int>(free.DoModal()); }, {pressOk, lookAndCancel}), IDCANCEL);
-    }
-}
-
-TEST_F(StoringAgain, OkOfAModelessFrameDestroysItWhenItIsDone) {
-    for (const Press& each : Presses()) {
-        SCOPED_TRACE(each.name);
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        XDynDialogScroll frame(L"Test settings", model, false, nullptr);
-        ASSERT_TRUE(frame.Create(IDD_SETTINGS_FRAME, nullptr));
-        frame.ShowWindow(SW_SHOW);
-        PumpPending();
-        HoldUpWriting(each.act);
-        driver.Press(IDOK);
-        EXPECT_FALSE(frame.IsLive());
-        EXPECT_TRUE(qv::LiveLayouts().empty());
-        ExpectStoredOnce();
-    }
-}
-
-TEST_F(StoringAgain, OkOfAFreeStandingDialogIsCarriedOutOnce) {
-    for (const Press& each : Presses()) {
-        SCOPED_TRACE(each.name);
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        HoldUpWriting(each.act);
-        XDynDialog dialog(model, nullptr);
-        EXPECT_EQ(driver.Run([&] { return static_cast<int>(dialog.DoModal()); }, {[this] { driver.Press(IDOK); }}),
-                  IDOK);
-        ExpectStoredOnce();
-    }
-}
-
-TEST_F(StoringAgain, OkOfAModelessDialogDestroysItWhenItIsDone) {
-    for (const Press& each : Presses()) {
-        SCOPED_TRACE(each.name);
-        XConstructionSet model(qvtest::kOptionKey, SDT_machineData, nullptr,
-                               qv::ComPtr<ISessionDataManager>(host.session.Get()),
-                               qv::ComPtr<IMultiUserManager>(host.users.Get()));
-        XDynDialogModeless dialog(model, nullptr);
-        ASSERT_TRUE(dialog.Create(IDD_SETTINGS_MODELESS, nullptr));
-        dialog.ShowWindow(SW_SHOW);
-        PumpPending();
-        HoldUpWriting(each.act);
-        driver.Press(IDOK);
-        EXPECT_FALSE(dialog.IsLive());
-        ExpectStoredOnce();
+        EXPECT_EQ(ShowFree({pressOk, lookAndCancel}), IDCANCEL);
     }
 }
 

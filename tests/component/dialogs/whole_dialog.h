@@ -5,13 +5,22 @@
 #include <gtest/gtest.h>
 
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_scroll.h"
-#include "tests/component/component_in_program.h"
-#include "tests/component/settings_driver.h"
+#include "tests/support/component_in_program.h"
+#include "tests/support/settings_driver.h"
+#include "tests/support/test_host.h"
 
 class WholeDialog : public ::testing::Test {
 protected:
-    // A fresh construction set and frame, as the manager makes them.
+    // The model of the host's tree, as the manager makes it.
+    [[nodiscard]] XConstructionSet MakeModel() const;
+    // A fresh model and frame, as the manager makes them.
     int Show(qvtest::SettingsDriver::Steps steps);
+    // Opens the framed dialog, acts in it and presses the button that ends it.
+    void InDialog(std::function<void()> act, int end = IDCANCEL) {
+        EXPECT_EQ(Show({std::move(act), [this, end] { driver.Press(end); }}), end);
+    }
+    // The dialog without a frame.
+    int ShowFree(qvtest::SettingsDriver::Steps steps);
     // The dialog and the sheet by their own classes, while they are shown.
     [[nodiscard]] XDynDialog& Dialog() const;
     [[nodiscard]] XDynPropertySheet& Sheet() const;

@@ -1,8 +1,6 @@
 // OK, Apply, Default, Cancel and the keyboard, on a dialog with an item of each plain kind.
 #include "tests/component/dialogs/whole_dialog.h"
 
-#include "framework/app.h"
-#include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
 using qv::SessionOperation;
@@ -20,7 +18,7 @@ protected:
 };
 
 TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
-    const int code = Show({
+    InDialog(
         [this] {
             EXPECT_EQ(driver.TabTitles(), std::vector<std::wstring>{L"General"});
             EXPECT_EQ(driver.Shown(L"common/flag"), L"0");
@@ -28,15 +26,15 @@ TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
             EXPECT_EQ(driver.Shown(L"common/name"), L"Anna");
             EXPECT_EQ(driver.Shown(L"common/unit"), L"Millimetre");
             EXPECT_EQ(driver.Frame().GetWindowText(), L"Test settings");
+            EXPECT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
+            EXPECT_NE(driver.Frame().SendMessage(WM_GETICON, ICON_SMALL), 0);
+            EXPECT_TRUE(driver.Toggle(L"common/flag"));
+            EXPECT_TRUE(driver.Type(L"common/count", L"9"));
+            EXPECT_TRUE(driver.Type(L"common/ratio", L"2.25"));
+            EXPECT_TRUE(driver.Type(L"common/name", L"Berta"));
+            EXPECT_TRUE(driver.Choose(L"common/unit", 1));
         },
-        [this] { EXPECT_TRUE(driver.Toggle(L"common/flag")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/count", L"9")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/ratio", L"2.25")); },
-        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Berta")); },
-        [this] { EXPECT_TRUE(driver.Choose(L"common/unit", 1)); },
-        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/flag"), L"1");
     EXPECT_EQ(host.Stored(L"common/count"), L"9");
     EXPECT_EQ(host.Stored(L"common/ratio"), L"2.25");
@@ -45,167 +43,81 @@ TEST_F(PlainDialog, ShowsStoredValuesAndOkStoresWhatThePersonEntered) {
     EXPECT_TRUE(driver.boxes.empty());
 }
 
-TEST_F(PlainDialog, OpensWithTheFocusOnOkAndApplyGrey) {
-    Show({
-        [this] {
-            EXPECT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
-            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-        },
-        [this] { driver.Press(IDCANCEL); },
-    });
-}
-
-// Each way out without OK: the code is Cancel's, and whatever was typed is gone.
-TEST_F(PlainDialog, LeavingWithoutOkWritesNothing) {
-    struct Case {
-        const char* name;
-        std::function<void()> leave;
-    };
-    const Case cases[] = {
-        {"Cancel", [this] { driver.Press(IDCANCEL); }},
-        {"Escape", [this] { driver.PressKey(VK_ESCAPE); }},
-        {"close box", [this] { driver.Frame().PostMessage(WM_CLOSE); }},
-        {"Enter on Cancel",
-         [this] {
-             driver.Dialog().GetDlgItem(IDCANCEL)->SetFocus();
-             driver.PressKey(VK_RETURN);
-         }},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
-        const int code = Show({[this] { EXPECT_TRUE(driver.Type(L"common/name", L"Zoe")); }, each.leave});
-        EXPECT_EQ(code, IDCANCEL);
-        ExpectNothingWritten();
-    }
-}
-
-TEST_F(PlainDialog, EnterInAnEditIsOk) {
-    const int code = Show({
-        [this] { EXPECT_TRUE(driver.Type(L"common/name", L"Cora")); },
-        [this] { EXPECT_TRUE(driver.PressKey(VK_RETURN)); },
-    });
-    EXPECT_EQ(code, IDOK);
-    EXPECT_EQ(host.Stored(L"common/name"), L"Cora");
-}
-
-TEST_F(PlainDialog, TabWalksFromTheButtonsIntoThePageAndSpaceTicksTheBox) {
-    Show({
-        [this] {
-            constexpr int kFarEnough = 12;
-            for (int i = 0; i < kFarEnough && !driver.HasFocus(driver.Control(L"common/flag")); ++i) {
-                EXPECT_TRUE(driver.PressKey(VK_TAB));
-            }
-            EXPECT_TRUE(driver.HasFocus(driver.Control(L"common/flag")));
-        },
-        [this] { driver.PressKey(VK_SPACE); },
-        [this] {
-            EXPECT_EQ(driver.Shown(L"common/flag"), L"1");
-            EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
-        },
-        [this] { driver.PressKey(VK_ESCAPE); },
-    });
-}
-
 // One change of each kind wakes Apply.
 TEST_F(PlainDialog, EveryKindOfChangeEnablesApply) {
-    struct Case {
+    const struct {
         const char* name;
         std::function<bool()> change;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"check box", [this] { return driver.Toggle(L"common/flag"); }},
         {"edit", [this] { return driver.Type(L"common/name", L"x"); }},
         {"combo box", [this] { return driver.Choose(L"common/unit", 1); }},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        Show({
-            [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-            [&] { EXPECT_TRUE(each.change()); },
-            [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-            [this] { driver.Press(IDCANCEL); },
+        InDialog([&] {
+            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+            EXPECT_TRUE(each.change());
+            EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
         });
     }
 }
 
 TEST_F(PlainDialog, ApplyStoresStaysOpenAndWakesAgainAtTheNextChange) {
-    const int code = Show({
-        [this] { driver.Type(L"common/name", L"Dora"); },
-        [this] { EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON)); },
-        [this] {
-            EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
-            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-            host.session->ClearCalls();
-            // What is not modified is not applied, even if someone gets at the button.
-            driver.Dialog().SendMessage(WM_COMMAND, MAKEWPARAM(IDC_APPLY_BUTTON, BN_CLICKED));
-            ExpectNothingWritten();
-        },
-        [this] { driver.Type(L"common/name", L"Elsa"); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"common/name", L"Dora");
+        EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+        EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        host.session->ClearCalls();
+        // What is not modified is not applied, even if someone gets at the button.
+        driver.Dialog().SendMessage(WM_COMMAND, MAKEWPARAM(IDC_APPLY_BUTTON, BN_CLICKED));
+        ExpectNothingWritten();
+        driver.Type(L"common/name", L"Elsa");
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
-    EXPECT_EQ(code, IDCANCEL);
     EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
 }
 
-TEST_F(PlainDialog, ApplyGoesGreyEvenWhenAPageIsRefused) {
-    Show({
-        [this] { driver.Type(L"common/count", L"11"); },
-        [this] { driver.Press(IDC_APPLY_BUTTON); },
-        [this] {
-            EXPECT_EQ(driver.boxes.size(), 1U);
-            EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-            ExpectNothingWritten();
-        },
-        [this] { driver.Press(IDCANCEL); },
-    });
-}
-
 TEST_F(PlainDialog, TheDialogHearsOfTheFirstChangeOnly) {
-    Show({
-        [this] { driver.Type(L"common/name", L"F"); },
-        [this] {
-            // Were a second notice passed on, it would wake the button again.
-            driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->EnableWindow(false);
-            driver.Type(L"common/name", L"G");
-            driver.Toggle(L"common/flag");
-        },
-        [this] { EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Type(L"common/name", L"F");
+        // Were a second notice passed on, it would wake the button again.
+        driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->EnableWindow(false);
+        driver.Type(L"common/name", L"G");
+        driver.Toggle(L"common/flag");
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
 TEST_F(PlainDialog, DefaultShowsDefaultsWakesApplyAndStoresNothingItself) {
-    const int code = Show({
-        [this] { EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON)); },
+    InDialog(
         [this] {
+            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
             EXPECT_EQ(driver.Shown(L"common/count"), L"4");
             EXPECT_EQ(driver.Shown(L"common/name"), L"Anna");  // has no default
             EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
             ExpectNothingWritten();
         },
-        [this] { EXPECT_TRUE(driver.Press(IDOK)); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/count"), L"4");
 }
 
 TEST_F(PlainDialog, DefaultWakesApplyEvenWhenNothingDiffers) {
     host.session->Put(SDT_userData, L"common", L"count", L"4");
-    Show({
-        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
-        [this] { driver.Press(IDC_APPLY_BUTTON); },
-        [this] { driver.Press(IDC_DEFAULT_BUTTON); },
-        [this] { EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON)); },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        driver.Press(IDC_DEFAULT_BUTTON);
+        driver.Press(IDC_APPLY_BUTTON);
+        driver.Press(IDC_DEFAULT_BUTTON);
+        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 
 TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
-    const int code = Show({
-        [this] { driver.Type(L"common/count", L"11"); },
-        [this] { driver.Press(IDOK); },
+    InDialog(
         [this] {
+            driver.Type(L"common/count", L"11");
+            driver.Press(IDOK);
             ASSERT_EQ(driver.boxes.size(), 1U);
             EXPECT_EQ(driver.boxes[0].caption, L"Count");
             EXPECT_EQ(driver.boxes[0].owner, driver.Dialog().GetSafeHwnd());
@@ -218,27 +130,20 @@ TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
             EXPECT_EQ(start, 0);
             EXPECT_EQ(end, 2);
             ExpectNothingWritten();
+            driver.Type(L"common/count", L"10");
         },
-        [this] { driver.Type(L"common/count", L"10"); },
-        [this] { driver.Press(IDOK); },
-    });
-    EXPECT_EQ(code, IDOK);
+        IDOK);
     EXPECT_EQ(host.Stored(L"common/count"), L"10");
 }
 
 // A control that takes the focus back (a password that was not repeated, say) keeps the dialog open without a word.
 TEST_F(PlainDialog, OkStaysOpenWhenTheFocusDoesNotFollow) {
-    Show({
-        [this] {
-            EXPECT_TRUE(driver.FocusRow(L"common/name"));
-            driver.Dialog().GetDlgItem(IDOK)->EnableWindow(false);  // a disabled button cannot take the focus
-            driver.PressKey(VK_RETURN);
-        },
-        [this] {
-            ExpectNothingWritten();
-            EXPECT_TRUE(driver.boxes.empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        EXPECT_TRUE(driver.FocusRow(L"common/name"));
+        driver.Dialog().GetDlgItem(IDOK)->EnableWindow(false);  // a disabled button cannot take the focus
+        driver.PressKey(VK_RETURN);
+        ExpectNothingWritten();
+        EXPECT_TRUE(driver.boxes.empty());
     });
 }
 
@@ -267,44 +172,33 @@ TEST_F(PlainDialog, HelpIsAskedForByItsButtonAndByF1InAnyControl) {
         }
         return reads;
     };
-    Show({
-        [&] {
-            EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
-            EXPECT_EQ(asked(), 1);
-            for (const CWnd* control : {driver.Control(L"common/name"), driver.Dialog().GetDlgItem(IDOK)}) {
-                HELPINFO help{sizeof help, HELPINFO_WINDOW, control->GetDlgCtrlID(), control->m_hWnd, 0, {}};
-                control->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
-            }
-            EXPECT_EQ(asked(), 3);
-            EXPECT_TRUE(driver.boxes.empty());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([&] {
+        EXPECT_TRUE(driver.Press(IDC_HELP_BUTTON));
+        EXPECT_EQ(asked(), 1);
+        for (const CWnd* control : {driver.Control(L"common/name"), driver.Dialog().GetDlgItem(IDOK)}) {
+            HELPINFO help{sizeof help, HELPINFO_WINDOW, control->GetDlgCtrlID(), control->m_hWnd, 0, {}};
+            control->SendMessage(WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+        }
+        EXPECT_EQ(asked(), 3);
+        EXPECT_TRUE(driver.boxes.empty());
     });
 }
 
 TEST_F(PlainDialog, CaptionsAreTranslated) {
-    const qv::Dictionary before =
-        qv::SetDictionary({{L"OK", L"Ja"}, {L"Apply", L"Anwenden"}, {L"Test settings", L"T"}});
-    Show({
-        [this] {
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->GetWindowText(), L"Ja");
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->GetWindowText(), L"Anwenden");
-            EXPECT_EQ(driver.Dialog().GetDlgItem(IDCANCEL)->GetWindowText(), L"Cancel");
-            EXPECT_EQ(driver.Frame().GetWindowText(), L"T");
-        },
-        [this] { driver.Press(IDCANCEL); },
+    const qvtest::ScopedDictionary dictionary({{L"OK", L"Ja"}, {L"Apply", L"Anwenden"}, {L"Test settings", L"T"}});
+    InDialog([this] {
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDOK)->GetWindowText(), L"Ja");
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDC_APPLY_BUTTON)->GetWindowText(), L"Anwenden");
+        EXPECT_EQ(driver.Dialog().GetDlgItem(IDCANCEL)->GetWindowText(), L"Cancel");
+        EXPECT_EQ(driver.Frame().GetWindowText(), L"T");
     });
-    qv::SetDictionary(before);
 }
 
 TEST_F(PlainDialog, PlacementMessageWithoutARecordIsPassedOver) {
-    Show({
-        [this] {
-            const CRect before = driver.Frame().GetWindowRect();
-            EXPECT_EQ(driver.Frame().SendMessage(WM_USER + 2, 0, 0), 0);
-            EXPECT_EQ(driver.Frame().GetWindowRect().Width(), before.Width());
-        },
-        [this] { driver.Press(IDCANCEL); },
+    InDialog([this] {
+        const CRect before = driver.Frame().GetWindowRect();
+        EXPECT_EQ(driver.Frame().SendMessage(WM_USER + 2, 0, 0), 0);
+        EXPECT_EQ(driver.Frame().GetWindowRect().Width(), before.Width());
     });
 }
 

@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "host/libraries/message_box.h"
-#include "host/services/memory_session_data.h"
 #include "host/services/multi_user_manager.h"
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
+#include "tests/support/memory_session_data.h"
 
 using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
 

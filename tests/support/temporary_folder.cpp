@@ -1,16 +1,18 @@
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 #include <algorithm>
 #include <stdexcept>
 
 #include "platform/platform.h"
 
+namespace qvtest {
+
 TemporaryFolder::TemporaryFolder() {
     std::wstring root(MAX_PATH + 1, L'\0');
     root.resize(::GetTempPathW(static_cast<DWORD>(root.size()), root.data()));
     // Free names are found by trying: tests run in several processes at once.
     for (int n = 0; n < 100000; ++n) {
-        m_path = root + L"qv-host-test-" + std::to_wstring(n);
+        m_path = root + L"qv-test-" + std::to_wstring(n);
         if (::CreateDirectoryW(m_path.c_str(), nullptr) != FALSE) return;
     }
     throw std::runtime_error("no temporary folder");
@@ -58,3 +60,5 @@ std::vector<std::wstring> TemporaryFolder::Files() const {
     std::sort(names.begin(), names.end());
     return names;
 }
+
+}  // namespace qvtest

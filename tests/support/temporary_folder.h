@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace qvtest {
+
 class TemporaryFolder {
 public:
     TemporaryFolder();
@@ -23,3 +25,5 @@ public:
 private:
     std::wstring m_path;
 };
+
+}  // namespace qvtest

@@ -1,23 +1,13 @@
-#include "tests/component/settings_driver.h"
+#include "tests/support/settings_driver.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "framework/app.h"
 #include "qvclient/qvsettingsdialog/controls/settings_frame.h"
 
 namespace qvtest {
 namespace {
-
-std::wstring UnderOptionKey(std::wstring_view path) {
-    return std::wstring(kOptionKey) + L"/" + std::wstring(path);
-}
-
-std::pair<std::wstring, std::wstring> SplitKey(std::wstring_view itemKey) {
-    const std::size_t slash = itemKey.rfind(L'/');
-    return {std::wstring(itemKey.substr(0, slash)), std::wstring(itemKey.substr(slash + 1))};
-}
 
 // A page that is shown: a layout whose window exists.
 CWnd* AnyPage() {
@@ -39,56 +29,6 @@ SettingsFrame* FindFrame() {
 
 }  // namespace
 
-TestHost::TestHost() : session(qv::MemorySessionData::Create()), users(qv::MultiUserManager::CreateWithAllRights()) {}
-
-void TestHost::DefinePage(std::wstring_view number, std::wstring_view title) {
-    session->Define(UnderOptionKey(L"pages"), number, title);
-}
-
-void TestHost::DefineItem(std::wstring_view itemKey, Attributes attributes) {
-    const std::wstring key = UnderOptionKey(itemKey);
-    session->Define(key, L"globaldata", L"0");
-    for (const auto& [name, text] : attributes)
-        session->Define(key, name, text);
-}
-
-void TestHost::DefinePlainPage() {
-    DefinePage(L"1", L"General");
-    DefineItem(L"common/flag", {{L"type", L"0"}, {L"label", L"Flag"}, {L"pagenumber", L"1"}, {L"ordernumber", L"1"}});
-    DefineItem(L"common/count", {{L"type", L"1"},
-                                 {L"label", L"Count"},
-                                 {L"pagenumber", L"1"},
-                                 {L"ordernumber", L"2"},
-                                 {L"default", L"4"},
-                                 {L"lowerbound", L"0"},
-                                 {L"upperbound", L"10"}});
-    DefineItem(L"common/ratio", {{L"type", L"2"},
-                                 {L"label", L"Ratio"},
-                                 {L"pagenumber", L"1"},
-                                 {L"ordernumber", L"3"},
-                                 {L"default", L"2"},
-                                 {L"lowerbound", L"0.5"},
-                                 {L"upperbound", L"2.5"}});
-    DefineItem(L"common/name", {{L"type", L"3"}, {L"label", L"Name"}, {L"pagenumber", L"1"}, {L"ordernumber", L"4"}});
-    DefineItem(L"common/unit", {{L"type", L"4"},
-                                {L"label", L"Unit"},
-                                {L"pagenumber", L"1"},
-                                {L"ordernumber", L"5"},
-                                {L"value1", L"mm|Millimetre"},
-                                {L"value2", L"cm|Centimetre"}});
-    session->Put(SDT_userData, L"common", L"flag", L"0");
-    session->Put(SDT_userData, L"common", L"count", L"7");
-    session->Put(SDT_userData, L"common", L"ratio", L"1.5");
-    session->Put(SDT_userData, L"common", L"name", L"Anna");
-    session->Put(SDT_userData, L"common", L"unit", L"mm");
-}
-
-std::wstring TestHost::Stored(std::wstring_view itemKey) const {
-    const auto [key, name] = SplitKey(itemKey);
-    const std::wstring* text = session->GetSaved(SDT_userData, key, name);
-    return text != nullptr ? *text : L"(none)";
-}
-
 bool IsWhollySeen(HWND window) {
     RECT place{};
     ::GetWindowRect(window, &place);
@@ -103,22 +43,13 @@ bool IsWhollySeen(HWND window) {
     return true;
 }
 
-SettingsDriver::SettingsDriver()
-    : m_user([] { PumpPending(); }), m_sinkBefore(qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
-          boxes.push_back(call);
-          return IDOK;
-      })) {}
-
-SettingsDriver::~SettingsDriver() {
-    qv::SetMessageBoxSink(m_sinkBefore);
-}
-
 int SettingsDriver::Run(const std::function<int()>& show, Steps steps) {
     m_next = 0;
     m_leftOpen = 0;
-    const IdleHandler before = SetIdleHandler([this, &steps](int) { return OnIdle(steps); });
-    const int result = show();
-    SetIdleHandler(before);
+    const int result = [&] {
+        const ScopedIdleHandler handler([this, &steps](int) { return OnIdle(steps); });
+        return show();
+    }();
     EXPECT_EQ(m_next, steps.size()) << "the dialog ended before its steps";
     return result;
 }

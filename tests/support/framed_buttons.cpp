@@ -1,13 +1,10 @@
-// Which push buttons below a window wear the frame that says "Enter presses me". Counts by class and style, in every
-// window below, shown or not.
-#pragma once
+#include "tests/support/framed_buttons.h"
 
 #include <string_view>
-#include <vector>
 
-#include "platform/platform.h"
+namespace qvtest {
 
-inline std::vector<HWND> FramedButtons(HWND top) {
+std::vector<HWND> FramedButtons(HWND top) {
     std::vector<HWND> framed;
     ::EnumChildWindows(
         top,
@@ -22,3 +19,5 @@ inline std::vector<HWND> FramedButtons(HWND top) {
         reinterpret_cast<LPARAM>(&framed));
     return framed;
 }
+
+}  // namespace qvtest

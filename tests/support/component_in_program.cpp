@@ -1,4 +1,4 @@
-#include "tests/component/component_in_program.h"
+#include "tests/support/component_in_program.h"
 
 #include "platform/module_address.h"
 #include "qvclient/qvsettingsdialog/controls/component_module.h"

@@ -1,5 +1,5 @@
-// Session data that lives in memory only: for tests and for hosts that keep nothing. Records every call and can be told
-// to fail one, so that a test can see what its caller does then.
+// Session data that lives in memory only. Records every call and can be told to fail one, so that a test can see what
+// its caller does then.
 #pragma once
 
 #include <functional>
@@ -8,6 +8,18 @@
 #include "host/services/session_data_base.h"
 
 namespace qv {
+
+enum class SessionOperation { EnumSubKeys, SaveData, ReadData, WriteData, EnumValues, LoadData };
+
+// One call as it reached the manager. Fields that the operation does not have are empty.
+struct SessionCall {
+    SessionOperation operation;
+    SESSIONDATATYPE scope;
+    std::wstring key;
+    std::wstring name;
+    std::wstring text;
+    LONG flag = 0;
+};
 
 class MemorySessionData final : public SessionDataBase {
 public:
@@ -36,12 +48,24 @@ public:
     [[nodiscard]] std::vector<SessionCall> CallsOf(SessionOperation operation) const;
     void ClearCalls() { m_calls.clear(); }
 
+    HRESULT STDMETHODCALLTYPE EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** names,
+                                          SESSIONDATATYPE scope) override;
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR valueName) override;
+    HRESULT STDMETHODCALLTYPE ReadData(BSTR key, BSTR valueName, USHORT wantedType, VARIANT* value,
+                                       SESSIONDATATYPE scope) override;
+    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR valueName, VARIANT value, SESSIONDATATYPE scope) override;
+    HRESULT STDMETHODCALLTYPE EnumValues(BSTR key, ULONG* count, BSTR** namesAndTexts, SESSIONDATATYPE scope) override;
+    HRESULT STDMETHODCALLTYPE LoadData(SESSIONDATATYPE scope) override;
+
 protected:
     HRESULT Save(SESSIONDATATYPE scope, std::wstring_view key, std::wstring_view name) override;
-    HRESULT OnCall(const SessionCall& call, Interception& interception) override;
 
 private:
     MemorySessionData() = default;
+    // Records the call. The status it is to fail with, or S_OK.
+    HRESULT Record(const SessionCall& call);
+    // Takes a block back that was to be lost.
+    void LoseBlock(SessionOperation enumeration, ULONG stringsPerEntry, const ULONG* count, BSTR** block);
 
     struct PlannedFault {
         SessionOperation operation;
