@@ -277,16 +277,3 @@ HRESULT ObjectFromLresult(LRESULT result, REFIID riid, WPARAM, void** object) {
     held->Release();
     return asked;
 }
-
-UINT GetRoleTextW(DWORD role, LPWSTR buffer, UINT size) {
-    const wchar_t* text = role == static_cast<DWORD>(ROLE_SYSTEM_WINDOW)   ? L"window"
-                          : role == static_cast<DWORD>(ROLE_SYSTEM_CLIENT) ? L"client"
-                          : role == static_cast<DWORD>(ROLE_SYSTEM_TEXT)   ? L"editable text"
-                                                                           : L"";
-    const auto length = static_cast<UINT>(std::wstring_view(text).size());
-    if (buffer == nullptr) return length;
-    if (size == 0) return 0;
-    const UINT copied = std::min(length, size - 1);
-    *std::copy_n(text, copied, buffer) = 0;
-    return copied;
-}

@@ -13,20 +13,11 @@ inline constexpr LONG CHILDID_SELF = 0;
 inline constexpr LONG ROLE_SYSTEM_WINDOW = 0x9;
 inline constexpr LONG ROLE_SYSTEM_CLIENT = 0xA;
 inline constexpr LONG ROLE_SYSTEM_TEXT = 0x2A;
-inline constexpr LONG STATE_SYSTEM_NORMAL = 0;
 inline constexpr LONG STATE_SYSTEM_UNAVAILABLE = 0x1;
 inline constexpr LONG STATE_SYSTEM_FOCUSED = 0x4;
 inline constexpr LONG STATE_SYSTEM_INVISIBLE = 0x8000;
 inline constexpr LONG STATE_SYSTEM_FOCUSABLE = 0x100000;
 inline constexpr LONG STATE_SYSTEM_PROTECTED = 0x20000000;
-inline constexpr LONG NAVDIR_UP = 1;
-inline constexpr LONG NAVDIR_DOWN = 2;
-inline constexpr LONG NAVDIR_LEFT = 3;
-inline constexpr LONG NAVDIR_RIGHT = 4;
-inline constexpr LONG NAVDIR_NEXT = 5;
-inline constexpr LONG NAVDIR_PREVIOUS = 6;
-inline constexpr LONG NAVDIR_FIRSTCHILD = 7;
-inline constexpr LONG NAVDIR_LASTCHILD = 8;
 
 struct IAccessible : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) = 0;
@@ -70,5 +61,3 @@ HRESULT WindowFromAccessibleObject(IAccessible* object, HWND* window);
 // An object as the result of WM_GETOBJECT. The reference that it holds goes to the one call that takes it out.
 LRESULT LresultFromObject(REFIID riid, WPARAM wParam, IUnknown* object);
 HRESULT ObjectFromLresult(LRESULT result, REFIID riid, WPARAM wParam, void** object);
-// Length without the terminator; without a buffer, the length that it would have. 0 for a role without a text here.
-UINT GetRoleTextW(DWORD role, LPWSTR buffer, UINT size);

@@ -38,16 +38,6 @@ WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
     return global;
 }
 
-namespace {
-
-void CopyInfo(const WindowClass& source, WNDCLASSEXW& target) {
-    target = source.info;
-    target.cbSize = sizeof(WNDCLASSEXW);
-    target.lpszClassName = source.name.c_str();
-    if (!IS_INTRESOURCE(source.info.lpszMenuName)) target.lpszMenuName = source.menuName.c_str();
-}
-
-}  // namespace
 }  // namespace qv::desk
 
 using namespace qv::desk;
@@ -72,7 +62,6 @@ ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
     auto entry = std::make_unique<WindowClass>();
     entry->name = windowClass->lpszClassName;
     entry->info = *windowClass;
-    if (!IS_INTRESOURCE(windowClass->lpszMenuName)) entry->menuName = windowClass->lpszMenuName;
     entry->info.lpszClassName = nullptr;
     entry->atom = state.nextAtom++;
     const ATOM atom = entry->atom;
@@ -99,51 +88,6 @@ ATOM RegisterClassW(const WNDCLASSW* windowClass) {
     extended.lpszMenuName = windowClass->lpszMenuName;
     extended.lpszClassName = windowClass->lpszClassName;
     return RegisterClassExW(&extended);
-}
-
-BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance) {
-    State& state = Desk();
-    WindowClass* found = FindClass(instance, name);
-    if (!found) {
-        SetLastError(kErrorClassDoesNotExist);
-        return FALSE;
-    }
-    if (found->windows) {
-        SetLastError(kErrorClassHasWindows);
-        return FALSE;
-    }
-    state.classAtoms.erase(found->atom);
-    const auto sameName = state.classes.find(LowerCase(found->name));
-    std::erase_if(sameName->second, [&](const auto& entry) { return entry.get() == found; });
-    if (sameName->second.empty()) state.classes.erase(sameName);
-    return TRUE;
-}
-
-BOOL GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* windowClass) {
-    const WindowClass* found = FindClass(instance, name);
-    if (!found || !windowClass) {
-        SetLastError(kErrorClassDoesNotExist);
-        return FALSE;
-    }
-    CopyInfo(*found, *windowClass);
-    return found->atom;
-}
-
-BOOL GetClassInfoW(HINSTANCE instance, LPCWSTR name, WNDCLASSW* windowClass) {
-    WNDCLASSEXW extended{};
-    const BOOL found = GetClassInfoExW(instance, name, &extended);
-    if (!found || !windowClass) return FALSE;
-    windowClass->style = extended.style;
-    windowClass->lpfnWndProc = extended.lpfnWndProc;
-    windowClass->cbClsExtra = extended.cbClsExtra;
-    windowClass->cbWndExtra = extended.cbWndExtra;
-    windowClass->hInstance = extended.hInstance;
-    windowClass->hIcon = extended.hIcon;
-    windowClass->hCursor = extended.hCursor;
-    windowClass->hbrBackground = extended.hbrBackground;
-    windowClass->lpszMenuName = extended.lpszMenuName;
-    windowClass->lpszClassName = extended.lpszClassName;
-    return found;
 }
 
 int GetClassNameW(HWND window, LPWSTR buffer, int room) {

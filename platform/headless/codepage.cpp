@@ -1,11 +1,6 @@
-#include <unistd.h>
-
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <string>
 #include <string_view>
-#include <thread>
 
 #include "platform/headless/encoding.h"
 #include "platform/headless/locale.h"
@@ -19,15 +14,6 @@ constexpr wchar_t kCodes80To9F[] =
 
 bool IsAnsi(UINT codePage) {
     return codePage == CP_ACP || codePage == 1252;
-}
-
-std::wstring FromAnsi(std::string_view bytes) {
-    std::wstring text;
-    for (const char byte : bytes) {
-        const auto code = static_cast<std::uint8_t>(byte);
-        text.push_back(code >= 0x80 && code < 0xA0 ? kCodes80To9F[code - 0x80] : static_cast<wchar_t>(code));
-    }
-    return text;
 }
 
 // Characters in a row that the code page does not have, and the first of those in a row, or the one, that the platform
@@ -76,8 +62,7 @@ std::string ToAnsi(std::wstring_view text, bool fits, char replacement, bool& re
     return bytes;
 }
 
-template <typename Text, typename Unit>
-int Deliver(const Text& result, Unit* buffer, int size) {
+int Deliver(const std::string& result, LPSTR buffer, int size) {
     const auto length = static_cast<int>(result.size());
     if (size == 0) return length;
     if (size < length) {
@@ -96,21 +81,6 @@ int Fail(LONG code) {
 }
 
 }  // namespace
-
-int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR bytes, int length, LPWSTR text, int size) {
-    if (bytes == nullptr || length == 0 || length < -1 || size < 0 || (size > 0 && text == nullptr)) {
-        return Fail(ERROR_INVALID_PARAMETER);
-    }
-    const std::string_view source(bytes,
-                                  length < 0 ? std::string_view(bytes).size() + 1 : static_cast<std::size_t>(length));
-    if (IsAnsi(codePage)) return Deliver(FromAnsi(source), text, size);
-    if (codePage != CP_UTF8) return Fail(ERROR_INVALID_PARAMETER);
-    if ((flags & MB_ERR_INVALID_CHARS) != 0) {
-        const auto strict = qv::headless::FromUtf8Strict(source);
-        return strict ? Deliver(*strict, text, size) : Fail(ERROR_NO_UNICODE_TRANSLATION);
-    }
-    return Deliver(qv::headless::FromUtf8(source), text, size);
-}
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LPSTR bytes, int size, LPCSTR replacement,
                         BOOL* replaced) {
@@ -132,24 +102,4 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int length, LP
         return Fail(ERROR_NO_UNICODE_TRANSLATION);
     }
     return Deliver(result, bytes, size);
-}
-
-UINT GetACP() {
-    return 1252;
-}
-
-ULONGLONG GetTickCount64() {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<ULONGLONG>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
-}
-
-void OutputDebugStringW(LPCWSTR text) {
-    if (text == nullptr || std::getenv("QV_DEBUG_OUTPUT") == nullptr) return;
-    const auto bytes = qv::headless::ToUtf8(text);
-    // Debug output that cannot be written is lost, as it is without a debugger.
-    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, bytes.data(), bytes.size());
-}
-
-void Sleep(DWORD milliseconds) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }

@@ -180,71 +180,16 @@ int CompareStringW(LCID, DWORD flags, LPCWSTR first, int firstLength, LPCWSTR se
                                 (flags & SORT_STRINGSORT) != 0);
 }
 
-int CompareStringOrdinal(LPCWSTR first, int firstLength, LPCWSTR second, int secondLength, BOOL ignoreCase) {
-    if (first == nullptr || second == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
-    }
-    const auto a = View(first, firstLength);
-    const auto b = View(second, secondLength);
-    const int order = ignoreCase ? qv::headless::CompareIgnoringCase(a, b) : a.compare(b);
-    return order < 0 ? CSTR_LESS_THAN : order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
-}
-
-int lstrcmpW(LPCWSTR first, LPCWSTR second) {
-    return CompareTerminated(first, second, false);
-}
 int lstrcmpiW(LPCWSTR first, LPCWSTR second) {
     return CompareTerminated(first, second, true);
-}
-int lstrlenW(LPCWSTR text) {
-    return text == nullptr ? 0 : static_cast<int>(std::wstring_view(text).size());
-}
-LPWSTR lstrcpynW(LPWSTR destination, LPCWSTR source, int size) {
-    if (destination == nullptr || source == nullptr || size <= 0) return nullptr;
-    const auto text = std::wstring_view(source).substr(0, static_cast<std::size_t>(size) - 1);
-    *std::copy(text.begin(), text.end(), destination) = 0;
-    return destination;
-}
-
-int LCMapStringW(LCID, DWORD flags, LPCWSTR source, int sourceLength, LPWSTR destination, int size) {
-    const DWORD wanted = flags & (LCMAP_LOWERCASE | LCMAP_UPPERCASE);
-    if (source == nullptr || sourceLength == 0 || size < 0 || (size > 0 && destination == nullptr) ||
-        wanted == (LCMAP_LOWERCASE | LCMAP_UPPERCASE)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
-    }
-    const auto length =
-        sourceLength < 0 ? std::wstring_view(source).size() + 1 : static_cast<std::size_t>(sourceLength);
-    if (size == 0) return static_cast<int>(length);
-    if (static_cast<std::size_t>(size) < length) {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
-        return 0;
-    }
-    if (wanted == 0) {
-        std::copy_n(source, length, destination);
-        return static_cast<int>(length);
-    }
-    return Map(source, length, destination, wanted == LCMAP_LOWERCASE ? LowerOf : UpperOf);
 }
 
 LPWSTR CharLowerW(LPWSTR text) {
     return MapInPlace(text, LowerOf);
-}
-LPWSTR CharUpperW(LPWSTR text) {
-    return MapInPlace(text, UpperOf);
 }
 DWORD CharLowerBuffW(LPWSTR text, DWORD length) {
     return text == nullptr ? 0 : static_cast<DWORD>(Map(text, length, text, LowerOf));
 }
 DWORD CharUpperBuffW(LPWSTR text, DWORD length) {
     return text == nullptr ? 0 : static_cast<DWORD>(Map(text, length, text, UpperOf));
-}
-BOOL IsCharAlphaW(WCHAR unit) {
-    if (unit < 0x80) return LowerOf(unit) >= L'a' && LowerOf(unit) <= L'z';
-    return LowerOf(unit) != unit || UpperOf(unit) != unit ||
-           WeightOf(unit).primary - kFirstLetter < std::size(kLetters);
-}
-BOOL IsCharAlphaNumericW(WCHAR unit) {
-    return (unit >= L'0' && unit <= L'9') || IsCharAlphaW(unit);
 }

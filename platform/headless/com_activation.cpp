@@ -11,24 +11,13 @@
 
 namespace {
 
-struct RegisteredFactory {
-    DWORD cookie;
-    CLSID clsid;
-    IUnknown* factory;
-    bool single;
-};
-
 struct Server {
     std::wstring path;
-    HMODULE module;
     LPFNGETCLASSOBJECT getClassObject;
-    LPFNCANUNLOADNOW canUnload;
 };
 
 struct Table {
     std::recursive_mutex mutex;
-    std::vector<RegisteredFactory> factories;
-    DWORD nextCookie = 1;
     std::vector<Server> servers;
 };
 
@@ -38,7 +27,6 @@ Table& Classes() {
 }
 
 thread_local unsigned t_initialized = 0;
-thread_local DWORD t_model = 0;
 
 std::optional<std::wstring> ServerPath(REFCLSID clsid) {
     wchar_t guid[40];
@@ -73,21 +61,13 @@ HRESULT Load(const std::wstring& path, LPFNGETCLASSOBJECT& getClassObject) {
         FreeLibrary(module);
         return CO_E_ERRORINDLL;
     }
-    const auto canUnload = qv::ProcedureOf<LPFNCANUNLOADNOW>(module, "DllCanUnloadNow");
-    servers.push_back({path, module, getClassObject, canUnload});
+    servers.push_back({path, getClassObject});
     return S_OK;
 }
 
 }  // namespace
 
-HRESULT CoInitialize(LPVOID reserved) {
-    return CoInitializeEx(reserved, COINIT_APARTMENTTHREADED);
-}
-
-HRESULT CoInitializeEx(LPVOID, DWORD model) {
-    const DWORD wanted = model & COINIT_APARTMENTTHREADED;
-    if (t_initialized != 0 && t_model != wanted) return RPC_E_CHANGED_MODE;
-    t_model = wanted;
+HRESULT CoInitialize(LPVOID) {
     return t_initialized++ == 0 ? S_OK : S_FALSE;
 }
 
@@ -102,32 +82,6 @@ void OleUninitialize() {
     CoUninitialize();
 }
 
-HRESULT CoRegisterClassObject(REFCLSID clsid, IUnknown* factory, DWORD, DWORD flags, DWORD* cookie) {
-    if (factory == nullptr || cookie == nullptr) return E_INVALIDARG;
-    if (t_initialized == 0) return CO_E_NOTINITIALIZED;
-    auto& table = Classes();
-    const std::lock_guard lock(table.mutex);
-    factory->AddRef();
-    *cookie = table.nextCookie++;
-    table.factories.push_back({*cookie, clsid, factory, flags == REGCLS_SINGLEUSE});
-    return S_OK;
-}
-
-HRESULT CoRevokeClassObject(DWORD cookie) {
-    auto& table = Classes();
-    IUnknown* factory = nullptr;
-    {
-        const std::lock_guard lock(table.mutex);
-        const auto found = std::find_if(table.factories.begin(), table.factories.end(),
-                                        [&](const RegisteredFactory& entry) { return entry.cookie == cookie; });
-        if (found == table.factories.end()) return E_INVALIDARG;
-        factory = found->factory;
-        table.factories.erase(found);
-    }
-    factory->Release();
-    return S_OK;
-}
-
 HRESULT CoGetClassObject(REFCLSID clsid, DWORD context, LPVOID, REFIID riid, LPVOID* object) {
     if (object == nullptr) return E_INVALIDARG;
     *object = nullptr;
@@ -136,9 +90,6 @@ HRESULT CoGetClassObject(REFCLSID clsid, DWORD context, LPVOID, REFIID riid, LPV
     LPFNGETCLASSOBJECT getClassObject = nullptr;
     {
         const std::lock_guard lock(table.mutex);
-        const auto found = std::find_if(table.factories.begin(), table.factories.end(),
-                                        [&](const RegisteredFactory& entry) { return entry.clsid == clsid; });
-        if (found != table.factories.end()) return found->factory->QueryInterface(riid, object);
         // Servers in processes of their own cannot be started here.
         if ((context & CLSCTX_INPROC_SERVER) == 0) return REGDB_E_CLASSNOTREG;
         const auto path = ServerPath(clsid);
@@ -158,16 +109,4 @@ HRESULT CoCreateInstance(REFCLSID clsid, IUnknown* outer, DWORD context, REFIID 
     const HRESULT created = factory->CreateInstance(outer, riid, object);
     factory->Release();
     return created;
-}
-
-void CoFreeUnusedLibraries() {
-    auto& table = Classes();
-    const std::lock_guard lock(table.mutex);
-    auto& servers = table.servers;
-    const auto unused = std::stable_partition(servers.begin(), servers.end(), [](const Server& server) {
-        return server.canUnload == nullptr || server.canUnload() != S_OK;
-    });
-    for (auto server = unused; server != servers.end(); ++server)
-        FreeLibrary(server->module);
-    servers.erase(unused, servers.end());
 }

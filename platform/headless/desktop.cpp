@@ -101,7 +101,7 @@ void Desktop::Reset() {
     state.quitPosted = false;
     state.timers.clear();
     state.dirtyWindows.clear();
-    state.focus = state.active = state.capture = state.caret = nullptr;
+    state.focus = state.active = state.capture = nullptr;
     state.keys.fill(0);
     state.hooks.clear();
     state.hookChains.clear();

@@ -29,8 +29,6 @@ inline constexpr DWORD kErrorInvalidMenuHandle = 1401;
 inline constexpr DWORD kErrorTopLevelChild = 1406;
 inline constexpr DWORD kErrorCannotFindClass = 1407;
 inline constexpr DWORD kErrorClassAlreadyExists = 1410;
-inline constexpr DWORD kErrorClassDoesNotExist = 1411;
-inline constexpr DWORD kErrorClassHasWindows = 1412;
 inline constexpr DWORD kErrorInvalidIndex = 1413;
 inline constexpr DWORD kErrorControlIdNotFound = 1421;
 inline constexpr DWORD kErrorNoScrollBars = 1447;
@@ -46,10 +44,8 @@ inline constexpr WORD kDialogAtom = 32770;
 
 struct WindowClass {
     std::wstring name;
-    std::wstring menuName;
     WNDCLASSEXW info{};
     ATOM atom = 0;
-    std::size_t windows = 0;
 };
 
 struct ScrollBar {
@@ -93,7 +89,6 @@ struct Window {
     LONG_PTR userData = 0;
     HMENU menu = nullptr;
     std::vector<std::byte> extra;
-    std::map<std::wstring, HANDLE> properties;
     ScrollBar bars[2];
     HICON icons[2]{};
     // Placement: the rectangle to restore to, and where it was last minimised and maximised.
@@ -140,7 +135,6 @@ struct State {
     std::unordered_map<std::wstring, std::vector<std::unique_ptr<WindowClass>>> classes;
     std::unordered_map<ATOM, WindowClass*> classAtoms;
     ATOM nextAtom = 0xC000;
-    std::unordered_map<std::wstring, UINT> registeredMessages;
 
     std::deque<MSG> queue;
     bool quitPosted = false;
@@ -148,17 +142,12 @@ struct State {
     std::vector<Timer> timers;
     UINT_PTR nextTimer = 1;
     std::deque<HWND> dirtyWindows;
-    MSG lastMessage{};
     DWORD clock = 0;
 
     HWND focus = nullptr;
     HWND active = nullptr;
     HWND capture = nullptr;
-    HWND caret = nullptr;
-    POINT caretPosition{};
     std::array<BYTE, 256> keys{};
-    POINT cursor{};
-    HCURSOR cursorShape = nullptr;
     std::map<int, std::vector<HHOOK>> hookChains;  // the hook set last is called first
     std::unordered_map<HHOOK, Hook> hooks;
     HHOOK runningHook = nullptr;

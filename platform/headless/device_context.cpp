@@ -15,14 +15,11 @@ struct Selection {
     int backgroundMode = OPAQUE;
     COLORREF text = 0;
     COLORREF background = 0xFFFFFF;
-    UINT align = 0;
 };
 
 struct Context {
     HWND window = nullptr;
-    bool memory = false;
     Selection selected;
-    std::vector<Selection> saved;
 };
 
 struct Table {
@@ -43,11 +40,10 @@ Context* FindContext(HDC dc) {
     return nullptr;
 }
 
-HDC NewContext(HWND window, bool memory) {
+HDC NewContext(HWND window) {
     Table& table = Contexts();
     Context context;
     context.window = window;
-    context.memory = memory;
     context.selected.font = GetStockObject(SYSTEM_FONT);
     context.selected.brush = GetStockObject(WHITE_BRUSH);
     context.selected.pen = GetStockObject(BLACK_PEN);
@@ -91,52 +87,13 @@ using namespace qv::desk;
 
 HDC GetDC(HWND window) {
     if (window && !Find(window)) return nullptr;
-    return NewContext(window, false);
-}
-
-HDC GetWindowDC(HWND window) {
-    return GetDC(window);
+    return NewContext(window);
 }
 
 int ReleaseDC(HWND, HDC dc) {
-    const Context* context = FindContext(dc);
-    if (!context || context->memory) return 0;
+    if (!FindContext(dc)) return 0;
     Contexts().contexts.erase(dc);
     return 1;
-}
-
-HDC CreateCompatibleDC(HDC dc) {
-    return dc && !FindContext(dc) ? nullptr : NewContext(nullptr, true);
-}
-
-BOOL DeleteDC(HDC dc) {
-    if (!FindContext(dc)) return FALSE;
-    Contexts().contexts.erase(dc);
-    return TRUE;
-}
-
-int SaveDC(HDC dc) {
-    Context* context = FindContext(dc);
-    if (!context) return 0;
-    context->saved.push_back(context->selected);
-    return static_cast<int>(context->saved.size());
-}
-
-// Positive numbers count from the first save, negative ones back from the last.
-BOOL RestoreDC(HDC dc, int saved) {
-    Context* context = FindContext(dc);
-    if (!context) return FALSE;
-    const int count = static_cast<int>(context->saved.size());
-    const int level = saved < 0 ? count + saved + 1 : saved;
-    if (level < 1 || level > count) return FALSE;
-    context->selected = context->saved[static_cast<std::size_t>(level - 1)];
-    context->saved.resize(static_cast<std::size_t>(level - 1));
-    return TRUE;
-}
-
-HWND WindowFromDC(HDC dc) {
-    const Context* context = FindContext(dc);
-    return context ? context->window : nullptr;
 }
 
 int GetDeviceCaps(HDC dc, int index) {
@@ -164,12 +121,6 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
     return slot ? std::exchange(*slot, object) : nullptr;
 }
 
-HGDIOBJ GetCurrentObject(HDC dc, UINT type) {
-    Context* context = FindContext(dc);
-    const HGDIOBJ* slot = context ? SlotFor(*context, type) : nullptr;
-    return slot ? *slot : nullptr;
-}
-
 BOOL GetTextMetricsW(HDC dc, TEXTMETRICW* metrics) {
     const Context* context = FindContext(dc);
     const LOGFONTW* font = context ? FontOf(context->selected.font) : nullptr;
@@ -186,32 +137,18 @@ Value Exchange(HDC dc, Value Selection::*member, Value value, Value failure) {
     return context ? std::exchange(context->selected.*member, value) : failure;
 }
 
-template <typename Value>
-Value Read(HDC dc, Value Selection::*member, Value failure) {
-    const Context* context = FindContext(dc);
-    return context ? context->selected.*member : failure;
-}
-
 }  // namespace
 
 int SetBkMode(HDC dc, int mode) {
     return Exchange(dc, &Selection::backgroundMode, mode, 0);
 }
-int GetBkMode(HDC dc) {
-    return Read(dc, &Selection::backgroundMode, 0);
-}
 COLORREF SetTextColor(HDC dc, COLORREF colour) {
     return Exchange(dc, &Selection::text, colour, COLORREF{CLR_INVALID});
 }
 COLORREF GetTextColor(HDC dc) {
-    return Read(dc, &Selection::text, COLORREF{CLR_INVALID});
+    const Context* context = FindContext(dc);
+    return context ? context->selected.text : CLR_INVALID;
 }
 COLORREF SetBkColor(HDC dc, COLORREF colour) {
     return Exchange(dc, &Selection::background, colour, COLORREF{CLR_INVALID});
-}
-COLORREF GetBkColor(HDC dc) {
-    return Read(dc, &Selection::background, COLORREF{CLR_INVALID});
-}
-UINT SetTextAlign(HDC dc, UINT align) {
-    return Exchange(dc, &Selection::align, align, UINT{0xFFFFFFFF});
 }

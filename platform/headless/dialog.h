@@ -17,18 +17,7 @@ struct DLGTEMPLATE {
     SHORT cx;
     SHORT cy;
 };
-struct DLGITEMTEMPLATE {
-    DWORD style;
-    DWORD dwExtendedStyle;
-    SHORT x;
-    SHORT y;
-    SHORT cx;
-    SHORT cy;
-    WORD id;
-};
 #pragma pack(pop)
-using LPDLGTEMPLATEW = DLGTEMPLATE*;
-using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 
 HWND CreateDialogIndirectParamW(HINSTANCE instance, const DLGTEMPLATE* dialogTemplate, HWND parent, DLGPROC procedure,
                                 LPARAM param);
@@ -36,19 +25,15 @@ LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL IsDialogMessageW(HWND dialog, MSG* message);
 // Dialog units of the dialog's font to pixels; fails for a window that is no dialog.
 BOOL MapDialogRect(HWND dialog, RECT* rect);
-LONG GetDialogBaseUnits();
 HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
 HWND GetDlgItem(HWND dialog, int id);
 int GetDlgCtrlID(HWND control);
 BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
 UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int room);
-BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
-UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
 LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL CheckDlgButton(HWND dialog, int id, UINT check);
 UINT IsDlgButtonChecked(HWND dialog, int id);
-BOOL CheckRadioButton(HWND dialog, int first, int last, int checked);
 
 // A box that nobody can answer here: the answer comes from qv::Desktop, and without one the process ends with a word on
 // the standard error stream.

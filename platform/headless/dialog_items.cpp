@@ -141,25 +141,6 @@ UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int room) {
     return static_cast<UINT>(GetWindowTextW(control, buffer, room));
 }
 
-BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned) {
-    const std::wstring text = isSigned ? std::to_wstring(static_cast<int>(value)) : std::to_wstring(value);
-    return SetDlgItemTextW(dialog, id, text.c_str());
-}
-
-// Leading blanks, a sign where allowed, digits; a number that does not fit or no digits at all is not translated.
-UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
-    if (translated) *translated = FALSE;
-    constexpr int kRoom = 32;
-    wchar_t text[kRoom] = {};
-    if (!GetDlgItemTextW(dialog, id, text, kRoom)) return 0;
-    wchar_t* end = nullptr;
-    const long long value = std::wcstoll(text, &end, 10);
-    const bool fits = isSigned ? value >= INT32_MIN && value <= INT32_MAX : value >= 0 && value <= UINT32_MAX;
-    if (end == text || !fits) return 0;
-    if (translated) *translated = TRUE;
-    return static_cast<UINT>(value);
-}
-
 LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND control = GetDlgItem(dialog, id);
     return control ? SendMessageW(control, message, wParam, lParam) : 0;
@@ -172,14 +153,4 @@ BOOL CheckDlgButton(HWND dialog, int id, UINT check) {
 
 UINT IsDlgButtonChecked(HWND dialog, int id) {
     return static_cast<UINT>(SendDlgItemMessageW(dialog, id, BM_GETCHECK, 0, 0));
-}
-
-BOOL CheckRadioButton(HWND dialog, int first, int last, int checked) {
-    const Window* window = Find(dialog);
-    if (!window) return FALSE;
-    for (const HWND child : ChildrenOf(*window)) {
-        const int id = GetDlgCtrlID(child);
-        if (id >= first && id <= last) SendMessageW(child, BM_SETCHECK, id == checked, 0);
-    }
-    return TRUE;
 }

@@ -219,6 +219,7 @@ struct ClassName {
     LPCWSTR pointer;
 
     explicit ClassName(const TemplateName& name) : text(name.text) {
+        // Their places are their numbers, so the scroll bar has one although there is none.
         static constexpr const wchar_t* kStandard[] = {L"Button",  L"Edit",      L"Static",
                                                        L"ListBox", L"ScrollBar", L"ComboBox"};
         constexpr WORD kFirst = 0x80;
@@ -396,11 +397,6 @@ BOOL MapDialogRect(HWND dialog, RECT* rect) {
     *rect = {MulDiv(rect->left, units.cx, 4), MulDiv(rect->top, units.cy, 8), MulDiv(rect->right, units.cx, 4),
              MulDiv(rect->bottom, units.cy, 8)};
     return TRUE;
-}
-
-LONG GetDialogBaseUnits() {
-    const SIZE units = BaseUnitsOf(nullptr);
-    return MAKELONG(static_cast<std::uintptr_t>(units.cx), static_cast<std::uintptr_t>(units.cy));
 }
 
 int MessageBoxW(HWND, LPCWSTR text, LPCWSTR caption, UINT) {

@@ -117,82 +117,24 @@ int DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
     return height;
 }
 
-BOOL TextOutW(HDC dc, int, int, LPCWSTR, int length) {
-    return IsContext(dc) && length >= 0;
-}
-BOOL ExtTextOutW(HDC dc, int, int, UINT, const RECT*, LPCWSTR, UINT, const INT*) {
-    return IsContext(dc);
-}
-
 int FillRect(HDC dc, const RECT* rect, HBRUSH) {
     return IsContext(dc) && rect;
 }
 int FrameRect(HDC dc, const RECT* rect, HBRUSH) {
     return IsContext(dc) && rect;
 }
-BOOL InvertRect(HDC dc, const RECT* rect) {
-    return IsContext(dc) && rect;
-}
 BOOL DrawFrameControl(HDC dc, RECT* rect, UINT type, UINT) {
     return IsContext(dc) && rect && type >= DFC_CAPTION && type <= DFC_BUTTON;
-}
-
-BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags) {
-    if (!IsContext(dc) || !rect) return FALSE;
-    if (flags & BF_ADJUST) {
-        const LONG outer = edge & (BDR_RAISEDOUTER | BDR_SUNKENOUTER) ? 1 : 0;
-        const LONG inner = edge & (BDR_RAISEDINNER | BDR_SUNKENINNER) ? 1 : 0;
-        const LONG width = outer + inner;
-        if (flags & BF_LEFT) rect->left += width;
-        if (flags & BF_TOP) rect->top += width;
-        if (flags & BF_RIGHT) rect->right -= width;
-        if (flags & BF_BOTTOM) rect->bottom -= width;
-    }
-    return TRUE;
 }
 
 BOOL DrawFocusRect(HDC dc, const RECT* rect) {
     return IsContext(dc) && rect;
 }
-BOOL Rectangle(HDC dc, int, int, int, int) {
-    return IsContext(dc);
-}
 
-BOOL MoveToEx(HDC dc, int, int, POINT* previous) {
-    if (previous) *previous = {};
-    return IsContext(dc);
-}
-
-BOOL LineTo(HDC dc, int, int) {
-    return IsContext(dc);
-}
-BOOL Polygon(HDC dc, const POINT* points, int count) {
-    return IsContext(dc) && points && count >= 2;
-}
-COLORREF SetPixel(HDC dc, int, int, COLORREF colour) {
-    return IsContext(dc) ? colour : CLR_INVALID;
-}
 COLORREF GetPixel(HDC, int, int) {
     return CLR_INVALID;
 }
 BOOL SetViewportOrgEx(HDC dc, int, int, POINT* before) {
     if (before) *before = {};
     return IsContext(dc);
-}
-BOOL PatBlt(HDC dc, int, int, int, int, DWORD) {
-    return IsContext(dc);
-}
-
-int IntersectClipRect(HDC dc, int, int, int, int) {
-    return IsContext(dc) ? 2 : 0;
-}
-int ExcludeClipRect(HDC dc, int, int, int, int) {
-    return IsContext(dc) ? 2 : 0;
-}
-
-BOOL DrawIconEx(HDC dc, int, int, HICON icon, int, int, UINT, HBRUSH, UINT) {
-    return IsContext(dc) && icon;
-}
-BOOL DrawIcon(HDC dc, int x, int y, HICON icon) {
-    return DrawIconEx(dc, x, y, icon, 0, 0, 0, nullptr, DI_NORMAL);
 }

@@ -90,19 +90,6 @@ std::wstring FromUtf8(std::string_view bytes) {
     return text;
 }
 
-std::optional<std::wstring> FromUtf8Strict(std::string_view bytes) {
-    std::wstring text;
-    text.reserve(bytes.size());
-    while (!bytes.empty()) {
-        std::size_t length = 0;
-        const auto code = Decode(bytes, length);
-        if (!code) return std::nullopt;
-        text.push_back(static_cast<wchar_t>(*code));
-        bytes.remove_prefix(length);
-    }
-    return text;
-}
-
 wchar_t LowerOf(wchar_t unit) noexcept {
     const auto code = static_cast<wint_t>(unit);
     if (code < 0x80) return code >= L'A' && code <= L'Z' ? static_cast<wchar_t>(code + 32) : unit;
@@ -115,12 +102,6 @@ wchar_t UpperOf(wchar_t unit) noexcept {
     if (code < 0x80) return code >= L'a' && code <= L'z' ? static_cast<wchar_t>(code - 32) : unit;
     const auto upper = towupper_l(code, Characters());
     return towlower_l(upper, Characters()) == code ? static_cast<wchar_t>(upper) : unit;
-}
-
-std::wstring Lower(std::wstring_view text) {
-    std::wstring lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), LowerOf);
-    return lower;
 }
 
 int CompareIgnoringCase(std::wstring_view first, std::wstring_view second) noexcept {

@@ -12,13 +12,10 @@ namespace qv::headless {
 [[nodiscard]] std::string ToUtf8(std::wstring_view text);
 // Malformed bytes become U+FFFD, one for each.
 [[nodiscard]] std::wstring FromUtf8(std::string_view bytes);
-// Nothing when a byte sequence is malformed.
-[[nodiscard]] std::optional<std::wstring> FromUtf8Strict(std::string_view bytes);
 
 // Simple one-to-one case mapping, as the platform's: only pairs that lead back to where they started, in no language.
 [[nodiscard]] wchar_t LowerOf(wchar_t unit) noexcept;
 [[nodiscard]] wchar_t UpperOf(wchar_t unit) noexcept;
-[[nodiscard]] std::wstring Lower(std::wstring_view text);
 // As names of keys, modules and resources compare: each unit in upper case, by number.
 [[nodiscard]] int CompareIgnoringCase(std::wstring_view first, std::wstring_view second) noexcept;
 

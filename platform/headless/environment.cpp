@@ -128,27 +128,3 @@ LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count) {
     *count = static_cast<int>(arguments.size());
     return block;
 }
-
-DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size) {
-    const char* value = name == nullptr ? nullptr : ::getenv(qv::headless::ToUtf8(name).c_str());
-    if (value == nullptr) {
-        SetLastError(ERROR_ENVVAR_NOT_FOUND);
-        return 0;
-    }
-    SetLastError(ERROR_SUCCESS);
-    return qv::headless::CopyPath(qv::headless::FromUtf8(value), buffer, size);
-}
-
-BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value) {
-    if (name == nullptr || *name == 0 || std::wstring_view(name).find(L'=') != std::wstring_view::npos) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
-    const std::string key = qv::headless::ToUtf8(name);
-    if (value == nullptr) {
-        ::unsetenv(key.c_str());
-    } else {
-        ::setenv(key.c_str(), qv::headless::ToUtf8(value).c_str(), 1);
-    }
-    return TRUE;
-}

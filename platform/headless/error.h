@@ -7,7 +7,6 @@
 #include "platform/headless/kernel.h"
 #include "platform/headless/types.h"
 
-inline constexpr LONG NO_ERROR = 0;
 inline constexpr LONG ERROR_SUCCESS = 0;
 inline constexpr LONG ERROR_INVALID_FUNCTION = 1;
 inline constexpr LONG ERROR_FILE_NOT_FOUND = 2;
@@ -51,36 +50,21 @@ inline constexpr LONG ERROR_NO_MORE_ITEMS = 259;
 inline constexpr LONG ERROR_DIRECTORY = 267;
 inline constexpr LONG ERROR_PARTIAL_COPY = 299;
 inline constexpr LONG ERROR_MR_MID_NOT_FOUND = 317;
-inline constexpr LONG ERROR_INVALID_ADDRESS = 487;
-inline constexpr LONG ERROR_NOACCESS = 998;
 inline constexpr LONG ERROR_INVALID_FLAGS = 1004;
 inline constexpr LONG ERROR_BADKEY = 1010;
 inline constexpr LONG ERROR_CANTOPEN = 1011;
 inline constexpr LONG ERROR_KEY_DELETED = 1018;
-inline constexpr LONG ERROR_DLL_INIT_FAILED = 1114;
 inline constexpr LONG ERROR_NO_UNICODE_TRANSLATION = 1113;
-inline constexpr LONG ERROR_NOT_FOUND = 1168;
 inline constexpr LONG ERROR_CANCELLED = 1223;
 inline constexpr LONG ERROR_INVALID_WINDOW_HANDLE = 1400;
-inline constexpr LONG ERROR_INVALID_MENU_HANDLE = 1401;
 inline constexpr LONG ERROR_CANNOT_FIND_WND_CLASS = 1407;
-inline constexpr LONG ERROR_WINDOW_OF_OTHER_THREAD = 1408;
-inline constexpr LONG ERROR_CLASS_ALREADY_EXISTS = 1410;
-inline constexpr LONG ERROR_CLASS_DOES_NOT_EXIST = 1411;
-inline constexpr LONG ERROR_INVALID_INDEX = 1413;
-inline constexpr LONG ERROR_INVALID_ICON_HANDLE = 1414;
-inline constexpr LONG ERROR_CONTROL_ID_NOT_FOUND = 1421;
 inline constexpr LONG ERROR_RESOURCE_DATA_NOT_FOUND = 1812;
 inline constexpr LONG ERROR_RESOURCE_TYPE_NOT_FOUND = 1813;
 inline constexpr LONG ERROR_RESOURCE_NAME_NOT_FOUND = 1814;
-inline constexpr LONG ERROR_RESOURCE_LANG_NOT_FOUND = 1815;
 
 inline constexpr DWORD FORMAT_MESSAGE_ALLOCATE_BUFFER = 0x0100;
 inline constexpr DWORD FORMAT_MESSAGE_IGNORE_INSERTS = 0x0200;
-inline constexpr DWORD FORMAT_MESSAGE_FROM_STRING = 0x0400;
-inline constexpr DWORD FORMAT_MESSAGE_FROM_HMODULE = 0x0800;
 inline constexpr DWORD FORMAT_MESSAGE_FROM_SYSTEM = 0x1000;
-inline constexpr DWORD FORMAT_MESSAGE_ARGUMENT_ARRAY = 0x2000;
 inline constexpr DWORD FORMAT_MESSAGE_MAX_WIDTH_MASK = 0x00FF;
 
 // System messages only, without inserts: FORMAT_MESSAGE_FROM_SYSTEM is required. A code without a text fails with

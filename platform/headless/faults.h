@@ -10,14 +10,6 @@
 
 namespace qv::headless {
 
-// Blocks of task memory and strings that were made and not freed. Compare before and after; other code may hold some.
-[[nodiscard]] std::size_t LiveTaskAllocations() noexcept;
-[[nodiscard]] std::size_t LiveStrings() noexcept;
-
-// The n-th allocation from now (1 = the next) fails, once. 0 takes the order back.
-void FailTaskAllocation(unsigned n) noexcept;
-void FailStringAllocation(unsigned n) noexcept;
-
 // The n-th registry call from now (1 = the next; closing does not count) fails with the code, once. 0 takes it back.
 void FailRegistryCall(unsigned n, LONG code) noexcept;
 // Registry calls so far, closing not counted.
@@ -31,8 +23,5 @@ void ResetRegistry();
 
 // The n-th question from now (1 = the next) for the file name of a module fails with the code, once. 0 takes it back.
 void FailModuleFileName(unsigned n, LONG code) noexcept;
-
-// The user's locale and none of their changes to it.
-void SetUserLocale(LCID locale);
 
 }  // namespace qv::headless

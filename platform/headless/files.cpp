@@ -59,12 +59,6 @@ BOOL CopyFile(const std::string& from, const std::string& to, bool failIfExists)
     return good;
 }
 
-SYSTEMTIME ToSystemTime(const tm& parts, long nanoseconds) {
-    const auto word = [](long value) { return static_cast<WORD>(value); };
-    return {word(parts.tm_year + 1900), word(parts.tm_mon + 1), word(parts.tm_wday), word(parts.tm_mday),
-            word(parts.tm_hour),        word(parts.tm_min),     word(parts.tm_sec),  word(nanoseconds / 1000000)};
-}
-
 }  // namespace
 
 DWORD GetFileAttributesW(LPCWSTR path) {
@@ -110,17 +104,6 @@ BOOL DeleteFileW(LPCWSTR path) {
     if (S_ISREG(status.st_mode) && (status.st_mode & S_IWUSR) == 0) return Fail(ERROR_ACCESS_DENIED);
     if (!qv::headless::MayDelete(*native)) return Fail(ERROR_SHARING_VIOLATION);
     return ::unlink(native->c_str()) == 0 ? TRUE : FailWithErrno(*native);
-}
-
-BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists) {
-    const auto source = NativePath(from);
-    if (!source) return FALSE;
-    const auto target = NativePath(to);
-    return target && CopyFile(*source, *target, failIfExists != FALSE);
-}
-
-BOOL MoveFileW(LPCWSTR from, LPCWSTR to) {
-    return MoveFileExW(from, to, MOVEFILE_COPY_ALLOWED);
 }
 
 BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags) {
@@ -187,20 +170,4 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR path) 
     }
     SetLastError(ERROR_FILE_EXISTS);
     return 0;
-}
-
-void GetLocalTime(SYSTEMTIME* time) {
-    timespec now{};
-    tm parts{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    ::localtime_r(&now.tv_sec, &parts);
-    *time = ToSystemTime(parts, now.tv_nsec);
-}
-
-void GetSystemTime(SYSTEMTIME* time) {
-    timespec now{};
-    tm parts{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    ::gmtime_r(&now.tv_sec, &parts);
-    *time = ToSystemTime(parts, now.tv_nsec);
 }

@@ -9,16 +9,11 @@
 inline constexpr DWORD MAX_PATH = 260;
 #define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)))
 inline constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
-inline constexpr DWORD INVALID_FILE_SIZE = 0xFFFFFFFF;
 
 inline constexpr DWORD FILE_ATTRIBUTE_READONLY = 0x0001;
-inline constexpr DWORD FILE_ATTRIBUTE_HIDDEN = 0x0002;
-inline constexpr DWORD FILE_ATTRIBUTE_SYSTEM = 0x0004;
 inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x0010;
 inline constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x0020;
 inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x0080;
-inline constexpr DWORD FILE_ATTRIBUTE_TEMPORARY = 0x0100;
-inline constexpr DWORD FILE_FLAG_WRITE_THROUGH = 0x80000000;
 inline constexpr DWORD FILE_FLAG_DELETE_ON_CLOSE = 0x04000000;
 inline constexpr DWORD FILE_FLAG_BACKUP_SEMANTICS = 0x02000000;
 
@@ -42,16 +37,6 @@ inline constexpr DWORD MOVEFILE_WRITE_THROUGH = 0x8;
 struct FILETIME {
     DWORD dwLowDateTime;
     DWORD dwHighDateTime;
-};
-struct SYSTEMTIME {
-    WORD wYear;
-    WORD wMonth;
-    WORD wDayOfWeek;
-    WORD wDay;
-    WORD wHour;
-    WORD wMinute;
-    WORD wSecond;
-    WORD wMilliseconds;
 };
 struct SECURITY_ATTRIBUTES {
     DWORD nLength;
@@ -100,8 +85,6 @@ BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
 BOOL CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security);
 BOOL RemoveDirectoryW(LPCWSTR path);
 BOOL DeleteFileW(LPCWSTR path);
-BOOL CopyFileW(LPCWSTR from, LPCWSTR to, BOOL failIfExists);
-BOOL MoveFileW(LPCWSTR from, LPCWSTR to);
 // Replacing is atomic.
 BOOL MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
 
@@ -111,6 +94,3 @@ UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT unique, LPWSTR path);
 DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
 BOOL SetCurrentDirectoryW(LPCWSTR path);
 DWORD GetFullPathNameW(LPCWSTR path, DWORD size, LPWSTR buffer, LPWSTR* filePart);
-
-void GetLocalTime(SYSTEMTIME* time);
-void GetSystemTime(SYSTEMTIME* time);

@@ -108,7 +108,6 @@ void ForgetWindow(HWND handle) {
     if (state.focus == handle) state.focus = nullptr;
     if (state.active == handle) state.active = nullptr;
     if (state.capture == handle) state.capture = nullptr;
-    if (state.caret == handle) state.caret = nullptr;
 }
 
 }  // namespace qv::desk

@@ -118,32 +118,8 @@ HFONT CreateFontIndirectW(const LOGFONTW* font) {
     return static_cast<HFONT>(Add({*font}));
 }
 
-HFONT CreateFontW(int height, int width, int escapement, int orientation, int weight, DWORD italic, DWORD underline,
-                  DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision, DWORD quality, DWORD pitch,
-                  LPCWSTR face) {
-    LOGFONTW font{};
-    font.lfHeight = height;
-    font.lfWidth = width;
-    font.lfEscapement = escapement;
-    font.lfOrientation = orientation;
-    font.lfWeight = weight;
-    font.lfItalic = static_cast<BYTE>(italic);
-    font.lfUnderline = static_cast<BYTE>(underline);
-    font.lfStrikeOut = static_cast<BYTE>(strikeOut);
-    font.lfCharSet = static_cast<BYTE>(charSet);
-    font.lfOutPrecision = static_cast<BYTE>(outPrecision);
-    font.lfClipPrecision = static_cast<BYTE>(clipPrecision);
-    font.lfQuality = static_cast<BYTE>(quality);
-    font.lfPitchAndFamily = static_cast<BYTE>(pitch);
-    if (face) std::wcsncpy(font.lfFaceName, face, LF_FACESIZE - 1);
-    return CreateFontIndirectW(&font);
-}
-
 HBRUSH CreateSolidBrush(COLORREF colour) {
     return static_cast<HBRUSH>(Add({Brush{colour}}));
-}
-HPEN CreatePen(int style, int width, COLORREF colour) {
-    return static_cast<HPEN>(Add({Pen{style, width, colour}}));
 }
 
 HGDIOBJ GetStockObject(int which) {
@@ -152,21 +128,6 @@ HGDIOBJ GetStockObject(int which) {
     const auto known = stock.find(which);
     if (known != stock.end()) return known->second;
     return stock[which] = Add(StockObject(which));
-}
-
-int GetObjectW(HANDLE object, int size, LPVOID data) {
-    const Object* found = Get(object);
-    if (!found) return 0;
-    const auto copy = [&](const auto& record) {
-        constexpr int kWhole = static_cast<int>(sizeof record);
-        if (!data) return kWhole;
-        const int copied = std::clamp(size, 0, kWhole);
-        std::memcpy(data, &record, static_cast<std::size_t>(copied));
-        return copied;
-    };
-    if (const LOGFONTW* font = std::get_if<LOGFONTW>(&found->what)) return copy(*font);
-    if (const Brush* brush = std::get_if<Brush>(&found->what)) return copy(LOGBRUSH{0, brush->colour, 0});
-    return 0;
 }
 
 DWORD GetObjectType(HGDIOBJ object) {

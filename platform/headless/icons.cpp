@@ -1,8 +1,6 @@
-// Icons as handles without a picture: one exists when the module has its icon group, or the caller has its bytes.
-#include <algorithm>
+// Icons as handles without a picture: one exists when the module has its icon group.
 #include <map>
 #include <mutex>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -15,7 +13,6 @@ struct Icons {
     std::mutex mutex;
     // Shared ones live until the end of the process; by module and name.
     std::map<std::pair<HMODULE, std::wstring>, HICON> shared;
-    std::set<HICON> owned;
     UINT_PTR next = 0x10000;
 };
 
@@ -42,12 +39,6 @@ HICON Shared(HMODULE module, LPCWSTR name) {
     return icon;
 }
 
-HICON Owned() {
-    auto& icons = Table();
-    const std::lock_guard lock(icons.mutex);
-    return *icons.owned.insert(MakeIcon()).first;
-}
-
 // The system's own icons, 32512 to 32518.
 bool IsSystemIcon(HINSTANCE module, LPCWSTR name) {
     const auto id = reinterpret_cast<UINT_PTR>(name);
@@ -61,65 +52,8 @@ bool Exists(HINSTANCE module, LPCWSTR name) {
     return false;
 }
 
-WORD WordAt(const BYTE* bytes, std::size_t offset) {
-    return static_cast<WORD>(bytes[offset] | (bytes[offset + 1] << 8));
-}
-
 }  // namespace
 
 HICON LoadIconW(HINSTANCE module, LPCWSTR name) {
     return Exists(module, name) ? Shared(module, name) : nullptr;
-}
-
-HANDLE LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int, int, UINT flags) {
-    if (type != IMAGE_ICON || (flags & LR_LOADFROMFILE) != 0) {
-        // Bitmaps, cursors and files have no place here.
-        SetLastError(ERROR_RESOURCE_TYPE_NOT_FOUND);
-        return nullptr;
-    }
-    if (!Exists(module, name)) return nullptr;
-    return (flags & LR_SHARED) != 0 || module == nullptr ? Shared(module, name) : Owned();
-}
-
-int LookupIconIdFromDirectoryEx(BYTE* directory, BOOL icon, int cx, int, UINT) {
-    // A header of reserved, type and count, then 14 bytes an entry: width first, the icon's number last.
-    constexpr std::size_t kHeader = 6;
-    constexpr std::size_t kEntry = 14;
-    if (directory == nullptr || WordAt(directory, 0) != 0 || WordAt(directory, 2) != (icon ? 1 : 2)) return 0;
-    const int wanted = cx == 0 ? 32 : cx;
-    int best = 0;
-    int bestDistance = 0;
-    for (std::size_t i = 0; i < WordAt(directory, 4); ++i) {
-        const BYTE* entry = directory + kHeader + i * kEntry;
-        const int width = entry[0] == 0 ? 256 : entry[0];
-        const int distance = width > wanted ? width - wanted : wanted - width;
-        if (best == 0 || distance < bestDistance) {
-            best = WordAt(entry, 12);
-            bestDistance = distance;
-        }
-    }
-    return best;
-}
-
-HICON CreateIconFromResourceEx(BYTE* bits, DWORD size, BOOL, DWORD version, int, int, UINT) {
-    // A bitmap header or a PNG image.
-    constexpr DWORD kBitmapHeader = 40;
-    const bool isPng = size >= 8 && bits != nullptr && bits[0] == 0x89 && bits[1] == 'P';
-    const bool isBitmap = size >= kBitmapHeader && bits != nullptr && WordAt(bits, 0) == kBitmapHeader;
-    if (version != 0x00030000 || (!isPng && !isBitmap)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    return Owned();
-}
-
-BOOL DestroyIcon(HICON icon) {
-    auto& icons = Table();
-    const std::lock_guard lock(icons.mutex);
-    if (icons.owned.erase(icon) != 0) return TRUE;
-    // Shared ones are left alone, and that counts as done.
-    const bool shared =
-        std::any_of(icons.shared.begin(), icons.shared.end(), [&](const auto& entry) { return entry.second == icon; });
-    if (!shared) SetLastError(ERROR_INVALID_ICON_HANDLE);
-    return shared;
 }

@@ -1,4 +1,4 @@
-// Key state, the characters that keys make (US layout), cursor and caret.
+// Key state, the characters that keys make (US layout), cursor shapes.
 #include <algorithm>
 #include <utility>
 
@@ -74,10 +74,6 @@ SHORT GetKeyState(int virtualKey) {
     return static_cast<SHORT>((state & kDown ? 0xFF80 : 0) | (state & kToggled));
 }
 
-SHORT GetAsyncKeyState(int virtualKey) {
-    return static_cast<SHORT>(Desk().keys[static_cast<std::size_t>(virtualKey & 0xFF)] & kDown ? 0x8000 : 0);
-}
-
 BOOL GetKeyboardState(BYTE* state) {
     if (!state) return FALSE;
     std::copy(Desk().keys.begin(), Desk().keys.end(), state);
@@ -98,65 +94,17 @@ UINT MapVirtualKeyW(UINT code, UINT type) {
     return found == std::end(kLayout) ? 0 : static_cast<UINT>(found->plain);
 }
 
-BOOL GetCursorPos(POINT* point) {
-    if (!point) return FALSE;
-    *point = Desk().cursor;
-    return TRUE;
-}
-
-BOOL SetCursorPos(int x, int y) {
-    State& state = Desk();
-    state.cursor = {std::clamp(x, 0, state.screen.cx - 1), std::clamp(y, 0, state.screen.cy - 1)};
-    return TRUE;
-}
-
-HCURSOR SetCursor(HCURSOR cursor) {
-    return std::exchange(Desk().cursorShape, cursor);
-}
-
 // The platform's own cursors are all there is; each has one handle.
 HCURSOR LoadCursorW(HINSTANCE, LPCWSTR name) {
     constexpr std::uintptr_t kCursors = 0x20000000;
     return IS_INTRESOURCE(name) ? reinterpret_cast<HCURSOR>(kCursors | reinterpret_cast<UINT_PTR>(name)) : nullptr;
 }
 
-int ShowCursor(BOOL show) {
-    return show ? 1 : 0;
-}
 BOOL MessageBeep(UINT) {
     return TRUE;
 }
-UINT GetDoubleClickTime() {
-    return 500;
-}
 
-BOOL CreateCaret(HWND window, HBITMAP, int, int) {
-    if (!Find(window)) return FALSE;
-    Desk().caret = window;
-    Desk().caretPosition = {};
-    return TRUE;
-}
-
-BOOL DestroyCaret() {
-    if (!Desk().caret) return FALSE;
-    Desk().caret = nullptr;
-    return TRUE;
-}
-
-BOOL ShowCaret(HWND window) {
-    return Desk().caret && (!window || Desk().caret == window);
-}
-BOOL HideCaret(HWND window) {
-    return Desk().caret && (!window || Desk().caret == window);
-}
-
-BOOL SetCaretPos(int x, int y) {
-    Desk().caretPosition = {x, y};
-    return Desk().caret != nullptr;
-}
-
-BOOL GetCaretPos(POINT* point) {
-    if (!point) return FALSE;
-    *point = Desk().caretPosition;
-    return TRUE;
+// Nobody makes one.
+BOOL HideCaret(HWND) {
+    return FALSE;
 }

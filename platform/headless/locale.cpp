@@ -1,12 +1,7 @@
 #include "platform/headless/locale.h"
 
 #include <algorithm>
-#include <map>
-#include <mutex>
 #include <string>
-#include <utility>
-
-#include "platform/headless/faults.h"
 
 namespace {
 
@@ -28,16 +23,7 @@ constexpr LocaleFacts kLocales[] = {
     {0x007F, L".", L",", L",", L"iv", L"IV", L"\u00A4"},
 };
 
-struct UserSettings {
-    std::mutex mutex;
-    LCID locale = 0x0409;
-    std::map<LCTYPE, std::wstring> overrides;
-};
-
-UserSettings& User() {
-    static UserSettings s_user;
-    return s_user;
-}
+constexpr LCID kUserLocale = 0x0409;
 
 const LocaleFacts* Find(LCID locale) {
     const auto* found = std::find_if(std::begin(kLocales), std::end(kLocales),
@@ -45,39 +31,13 @@ const LocaleFacts* Find(LCID locale) {
     return found == std::end(kLocales) ? nullptr : found;
 }
 
-bool IsSettable(LCTYPE type) {
-    return type == LOCALE_SDECIMAL || type == LOCALE_STHOUSAND || type == LOCALE_SLIST;
-}
-
 }  // namespace
 
-namespace qv::headless {
-
-void SetUserLocale(LCID locale) {
-    auto& user = User();
-    const std::lock_guard lock(user.mutex);
-    user.locale = locale;
-    user.overrides.clear();
-}
-
-}  // namespace qv::headless
-
 LCID GetUserDefaultLCID() {
-    auto& user = User();
-    const std::lock_guard lock(user.mutex);
-    return user.locale;
+    return kUserLocale;
 }
 LCID GetSystemDefaultLCID() {
-    return 0x0409;
-}
-LCID GetThreadLocale() {
-    return GetUserDefaultLCID();
-}
-LANGID GetUserDefaultLangID() {
-    return LANGIDFROMLCID(GetUserDefaultLCID());
-}
-LANGID GetUserDefaultUILanguage() {
-    return GetUserDefaultLangID();
+    return kUserLocale;
 }
 
 int GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
@@ -85,7 +45,7 @@ int GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
-    const bool overridable = (type & LOCALE_NOUSEROVERRIDE) == 0;
+    // The user has changed nothing, so with and without their changes is the same.
     type &= ~LOCALE_NOUSEROVERRIDE;
     const LCID wanted = locale == LOCALE_NEUTRAL || locale == LOCALE_USER_DEFAULT ? GetUserDefaultLCID()
                         : locale == LOCALE_SYSTEM_DEFAULT                         ? GetSystemDefaultLCID()
@@ -124,14 +84,6 @@ int GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
             SetLastError(ERROR_INVALID_FLAGS);
             return 0;
     }
-    if (overridable && IsSettable(type)) {
-        auto& user = User();
-        const std::lock_guard lock(user.mutex);
-        // What the user changed holds for their own locale only.
-        if (const auto found = user.overrides.find(type); found != user.overrides.end() && wanted == user.locale) {
-            text = found->second;
-        }
-    }
     const int length = static_cast<int>(text.size()) + 1;
     if (size == 0) return length;
     if (size < length) {
@@ -140,17 +92,4 @@ int GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
     }
     std::copy_n(text.c_str(), length, buffer);
     return length;
-}
-
-BOOL SetLocaleInfoW(LCID, LCTYPE type, LPCWSTR text) {
-    type &= ~LOCALE_NOUSEROVERRIDE;
-    if (text == nullptr || !IsSettable(type)) {
-        SetLastError(text == nullptr ? ERROR_INVALID_PARAMETER : ERROR_INVALID_FLAGS);
-        return FALSE;
-    }
-    auto& user = User();
-    const std::lock_guard lock(user.mutex);
-    // The settings hold three units each.
-    user.overrides[type] = std::wstring(text).substr(0, 3);
-    return TRUE;
 }

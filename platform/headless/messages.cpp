@@ -42,7 +42,7 @@ struct Filter {
 };
 
 MSG Stamp(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return {window, message, wParam, lParam, GetTickCount(), Desk().cursor};
+    return {window, message, wParam, lParam, GetTickCount(), {}};
 }
 
 bool TakePosted(const Filter& filter, bool remove, MSG& message) {
@@ -107,7 +107,6 @@ bool Retrieve(MSG& message, const Filter& filter, bool remove, bool wait) {
         !TakeTimer(filter, wait, remove, message)) {
         return false;
     }
-    Desk().lastMessage = message;
     if (HasHook(WH_GETMESSAGE)) {
         CallHooks(WH_GETMESSAGE, HC_ACTION, remove ? PM_REMOVE : PM_NOREMOVE, reinterpret_cast<LPARAM>(&message));
     }
@@ -140,10 +139,6 @@ BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return TRUE;
 }
 
-BOOL PostThreadMessageW(DWORD, UINT message, WPARAM wParam, LPARAM lParam) {
-    return PostMessageW(nullptr, message, wParam, lParam);
-}
-
 void PostQuitMessage(int exitCode) {
     Desk().quitPosted = true;
     Desk().exitCode = exitCode;
@@ -164,14 +159,6 @@ BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last) {
     std::abort();
 }
 
-BOOL WaitMessage() {
-    MSG message{};
-    if (Retrieve(message, {nullptr, 0, 0}, false, true)) return TRUE;
-    std::fprintf(stderr,
-                 "headless desktop: WaitMessage with an empty queue: nothing is left that could wake the caller.\n");
-    std::abort();
-}
-
 LRESULT DispatchMessageW(const MSG* message) {
     if (!message) return 0;
     if (message->message == WM_TIMER && message->lParam) {
@@ -180,13 +167,6 @@ LRESULT DispatchMessageW(const MSG* message) {
     }
     if (!message->hwnd) return 0;
     return Deliver(message->hwnd, message->message, message->wParam, message->lParam);
-}
-
-UINT RegisterWindowMessageW(LPCWSTR name) {
-    if (!name || !*name) return 0;
-    constexpr UINT kFirst = 0xC000;
-    auto& registered = Desk().registeredMessages;
-    return registered.emplace(LowerCase(name), kFirst + static_cast<UINT>(registered.size())).first->second;
 }
 
 LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -217,15 +197,6 @@ BOOL KillTimer(HWND window, UINT_PTR id) {
         return message.message == WM_TIMER && message.hwnd == window && message.wParam == id;
     });
     return removed != 0;
-}
-
-DWORD GetMessagePos() {
-    const POINT point = Desk().lastMessage.pt;
-    return static_cast<DWORD>(MAKELONG(static_cast<std::uintptr_t>(point.x), static_cast<std::uintptr_t>(point.y)));
-}
-
-LONG GetMessageTime() {
-    return static_cast<LONG>(Desk().lastMessage.time);
 }
 
 BOOL CallMsgFilterW(MSG* message, int code) {

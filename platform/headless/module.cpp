@@ -195,10 +195,6 @@ HMODULE LoadLibraryW(LPCWSTR name) {
     return Fail<HMODULE>(code);
 }
 
-HMODULE LoadLibraryExW(LPCWSTR name, HANDLE, DWORD) {
-    return LoadLibraryW(name);
-}
-
 FARPROC GetProcAddress(HMODULE module, LPCSTR name) {
     if (reinterpret_cast<UINT_PTR>(name) >> 16 == 0) return Fail<FARPROC>(ERROR_PROC_NOT_FOUND);
     const auto entry = FindModule(module);
@@ -226,8 +222,4 @@ BOOL FreeLibrary(HMODULE module) {
     if (handle != nullptr) return ::dlclose(handle) == 0;
     // The program and what it was linked with are never let go, and that counts as done.
     return FindModule(module) && module != nullptr ? TRUE : Fail<BOOL>(ERROR_MOD_NOT_FOUND);
-}
-
-BOOL DisableThreadLibraryCalls(HMODULE module) {
-    return FindModule(module).has_value();
 }

@@ -18,30 +18,13 @@ BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* module);
 DWORD GetModuleFileNameW(HMODULE module, LPWSTR buffer, DWORD size);
 // ".dll" (or no extension) stands for ".so". A plain name is looked for beside the program first.
 HMODULE LoadLibraryW(LPCWSTR name);
-HMODULE LoadLibraryExW(LPCWSTR name, HANDLE file, DWORD flags);
 FARPROC GetProcAddress(HMODULE module, LPCSTR name);
 BOOL FreeLibrary(HMODULE module);
-BOOL DisableThreadLibraryCalls(HMODULE module);
 
-inline constexpr DWORD DLL_PROCESS_DETACH = 0;
-inline constexpr DWORD DLL_PROCESS_ATTACH = 1;
-inline constexpr DWORD DLL_THREAD_ATTACH = 2;
-inline constexpr DWORD DLL_THREAD_DETACH = 3;
-
-#define RT_CURSOR MAKEINTRESOURCEW(1)
-#define RT_BITMAP MAKEINTRESOURCEW(2)
-#define RT_ICON MAKEINTRESOURCEW(3)
 #define RT_MENU MAKEINTRESOURCEW(4)
 #define RT_DIALOG MAKEINTRESOURCEW(5)
 #define RT_STRING MAKEINTRESOURCEW(6)
-#define RT_ACCELERATOR MAKEINTRESOURCEW(9)
-#define RT_RCDATA MAKEINTRESOURCEW(10)
-#define RT_GROUP_CURSOR MAKEINTRESOURCEW(12)
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
-#define RT_VERSION MAKEINTRESOURCEW(16)
-#define RT_MANIFEST MAKEINTRESOURCEW(24)
-
-using ENUMRESNAMEPROCW = BOOL(CALLBACK*)(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR parameter);
 
 // A null module is the program. Names compare without case; a name "#12" is the number 12.
 HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
@@ -50,14 +33,6 @@ HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language)
 HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 LPVOID LockResource(HGLOBAL data);
 DWORD SizeofResource(HMODULE module, HRSRC resource);
-BOOL FreeResource(HGLOBAL data);
-BOOL EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW callback, LONG_PTR parameter);
 // Length without the terminator, 0 when there is no such text; a text too long for the buffer is cut. The form that
 // answers a pointer into the resource (size 0) does not exist here: units in resources are narrower than wchar_t.
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
-
-// LoadIconW, LoadImageW and DestroyIcon are declared with the drawing calls. Icons from a module (its icon group must
-// be registered) are shared and need no DestroyIcon; LoadImageW without LR_SHARED and CreateIconFromResourceEx make one
-// that does.
-int LookupIconIdFromDirectoryEx(BYTE* directory, BOOL icon, int cx, int cy, UINT flags);
-HICON CreateIconFromResourceEx(BYTE* bits, DWORD size, BOOL icon, DWORD version, int cx, int cy, UINT flags);

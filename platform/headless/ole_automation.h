@@ -7,14 +7,12 @@
 
 using OLECHAR = wchar_t;
 using LPOLESTR = OLECHAR*;
-using LPCOLESTR = const OLECHAR*;
 using BSTR = OLECHAR*;
 using VARTYPE = WORD;
 using VARIANT_BOOL = SHORT;
 using SCODE = LONG;
 using DISPID = LONG;
 using MEMBERID = DISPID;
-#define OLESTR(text) L##text
 
 inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
 inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
@@ -43,10 +41,8 @@ enum VARENUM {
     VT_UI8 = 21,
     VT_INT = 22,
     VT_UINT = 23,
-    VT_VOID = 24,
     VT_HRESULT = 25,
     VT_RECORD = 36,
-    VT_ARRAY = 0x2000,
     VT_BYREF = 0x4000,
     VT_TYPEMASK = 0xFFF
 };
@@ -95,20 +91,16 @@ struct VARIANT {
     };
 };
 using VARIANTARG = VARIANT;
-using LPVARIANT = VARIANT*;
 
 // Null stands for failure only; the length of SysAllocStringLen counts units without the terminator, and a null text
 // there leaves them uninitialised, as the platform does (here: zeros).
 BSTR SysAllocString(const OLECHAR* text);
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length);
 BSTR SysAllocStringByteLen(LPCSTR bytes, UINT length);
-INT SysReAllocString(BSTR* string, const OLECHAR* text);
-INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length);
 void SysFreeString(BSTR string);
 UINT SysStringLen(BSTR string);
 UINT SysStringByteLen(BSTR string);
 
-inline constexpr USHORT VARIANT_NOVALUEPROP = 0x01;
 inline constexpr USHORT VARIANT_ALPHABOOL = 0x02;
 inline constexpr USHORT VARIANT_NOUSEROVERRIDE = 0x04;
 inline constexpr USHORT VARIANT_LOCALBOOL = 0x10;
@@ -121,32 +113,8 @@ HRESULT VariantCopyInd(VARIANTARG* destination, VARIANTARG* source);
 HRESULT VariantChangeType(VARIANTARG* destination, VARIANTARG* source, USHORT flags, VARTYPE type);
 HRESULT VariantChangeTypeEx(VARIANTARG* destination, VARIANTARG* source, LCID locale, USHORT flags, VARTYPE type);
 
-HRESULT VarUI1FromStr(OLECHAR* text, LCID locale, ULONG flags, BYTE* value);
-HRESULT VarI2FromStr(OLECHAR* text, LCID locale, ULONG flags, SHORT* value);
-HRESULT VarI4FromStr(OLECHAR* text, LCID locale, ULONG flags, LONG* value);
-HRESULT VarUI4FromStr(OLECHAR* text, LCID locale, ULONG flags, ULONG* value);
-HRESULT VarI8FromStr(OLECHAR* text, LCID locale, ULONG flags, LONGLONG* value);
-HRESULT VarR4FromStr(OLECHAR* text, LCID locale, ULONG flags, FLOAT* value);
-HRESULT VarR8FromStr(OLECHAR* text, LCID locale, ULONG flags, DOUBLE* value);
-HRESULT VarBoolFromStr(OLECHAR* text, LCID locale, ULONG flags, VARIANT_BOOL* value);
-HRESULT VarBstrFromI4(LONG value, LCID locale, ULONG flags, BSTR* text);
-HRESULT VarBstrFromI8(LONGLONG value, LCID locale, ULONG flags, BSTR* text);
-HRESULT VarBstrFromR4(FLOAT value, LCID locale, ULONG flags, BSTR* text);
-HRESULT VarBstrFromR8(DOUBLE value, LCID locale, ULONG flags, BSTR* text);
-HRESULT VarBstrFromBool(VARIANT_BOOL value, LCID locale, ULONG flags, BSTR* text);
-// To the nearest, halves to the even neighbour.
-HRESULT VarI4FromR8(DOUBLE value, LONG* result);
-HRESULT VarI2FromR8(DOUBLE value, SHORT* result);
-
 #define V_VT(variant) ((variant)->vt)
-#define V_I2(variant) ((variant)->iVal)
 #define V_I4(variant) ((variant)->lVal)
-#define V_R4(variant) ((variant)->fltVal)
-#define V_R8(variant) ((variant)->dblVal)
-#define V_BOOL(variant) ((variant)->boolVal)
-#define V_BSTR(variant) ((variant)->bstrVal)
-#define V_DISPATCH(variant) ((variant)->pdispVal)
-#define V_UNKNOWN(variant) ((variant)->punkVal)
 
 struct DISPPARAMS {
     VARIANTARG* rgvarg;
@@ -165,6 +133,5 @@ struct IDispatch : public IUnknown {
                                              DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                              UINT* badArgument) = 0;
 };
-using LPDISPATCH = IDispatch*;
 
 DEFINE_GUID(IID_IDispatch, 0x00020400, 0x0000, 0x0000, 0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46);

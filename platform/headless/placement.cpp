@@ -205,10 +205,6 @@ BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) 
                         SWP_NOZORDER | SWP_NOACTIVATE | (repaint ? 0u : static_cast<UINT>(SWP_NOREDRAW)));
 }
 
-BOOL BringWindowToTop(HWND window) {
-    return SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-}
-
 // A batch is a list of positions until it is ended. Each call hands the batch on; a failing one frees it.
 struct HDWP__ {
     std::vector<WINDOWPOS> positions;

@@ -93,34 +93,8 @@ HWND WindowFromPoint(POINT point) {
     return Hit(*Desk().root, point)->handle;
 }
 
-HWND ChildWindowFromPoint(HWND handle, POINT point) {
-    const Window* parent = Find(handle);
-    if (!parent) return nullptr;
-    const RECT client{0, 0, WidthOf(parent->client), HeightOf(parent->client)};
-    if (!PtInRect(&client, point)) return nullptr;
-    for (const Window* child = parent->first; child; child = child->next) {
-        if (PtInRect(&child->place, point)) return child->handle;
-    }
-    return handle;
-}
-
-BOOL SetRect(RECT* rect, int left, int top, int right, int bottom) {
-    if (!rect) return FALSE;
-    *rect = {left, top, right, bottom};
-    return TRUE;
-}
-
-BOOL SetRectEmpty(RECT* rect) {
-    return SetRect(rect, 0, 0, 0, 0);
-}
 BOOL IsRectEmpty(const RECT* rect) {
     return !rect || rect->left >= rect->right || rect->top >= rect->bottom;
-}
-
-BOOL CopyRect(RECT* target, const RECT* source) {
-    if (!target || !source) return FALSE;
-    *target = *source;
-    return TRUE;
 }
 
 BOOL EqualRect(const RECT* a, const RECT* b) {

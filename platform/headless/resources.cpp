@@ -40,8 +40,6 @@ struct Resource {
     Identifier name;
     LANGID language;
     std::span<const std::byte> bytes;
-    // Only for what was put together here.
-    std::vector<std::byte> owned;
 };
 
 struct Table {
@@ -84,20 +82,6 @@ std::vector<std::vector<std::uint16_t>> ReadBlock(std::span<const std::byte> byt
     return texts;
 }
 
-std::vector<std::byte> WriteBlock(const std::vector<std::vector<std::uint16_t>>& texts) {
-    std::vector<std::byte> bytes;
-    const auto put = [&](std::size_t unit) {
-        bytes.push_back(static_cast<std::byte>(unit & 0xFF));
-        bytes.push_back(static_cast<std::byte>((unit >> 8) & 0xFF));
-    };
-    for (const auto& text : texts) {
-        put(text.size());
-        for (const auto unit : text)
-            put(unit);
-    }
-    return bytes;
-}
-
 std::wstring Widen(const std::vector<std::uint16_t>& units) {
     std::wstring text;
     for (std::size_t i = 0; i < units.size(); ++i) {
@@ -108,20 +92,6 @@ std::wstring Widen(const std::vector<std::uint16_t>& units) {
         text.push_back(static_cast<wchar_t>(code));
     }
     return text;
-}
-
-std::vector<std::uint16_t> Narrow(std::wstring_view text) {
-    std::vector<std::uint16_t> units;
-    for (const wchar_t unit : text) {
-        const auto code = static_cast<char32_t>(unit);
-        if (code >= 0x10000) {
-            units.push_back(static_cast<std::uint16_t>(0xD800 + ((code - 0x10000) >> 10)));
-            units.push_back(static_cast<std::uint16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
-        } else {
-            units.push_back(static_cast<std::uint16_t>(code));
-        }
-    }
-    return units;
 }
 
 template <typename Handle>
@@ -143,22 +113,7 @@ void RegisterResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<cons
         return resource.module == module && resource.language == language && resource.type == wantedType &&
                resource.name == wantedName;
     });
-    table.resources.push_back({module, wantedType, wantedName, language, bytes, {}});
-}
-
-void RegisterString(HMODULE module, UINT id, std::wstring_view text) {
-    auto& table = Resources();
-    const std::lock_guard lock(table.mutex);
-    const LPCWSTR block = MAKEINTRESOURCEW(id / kTextsInBlock + 1);
-    auto* resource = reinterpret_cast<Resource*>(FindResourceW(module, block, RT_STRING));
-    auto texts = ReadBlock(resource == nullptr ? std::span<const std::byte>() : resource->bytes);
-    texts[id % kTextsInBlock] = Narrow(text);
-    if (resource == nullptr) {
-        RegisterResource(module, RT_STRING, block, {});
-        resource = &table.resources.back();
-    }
-    resource->owned = WriteBlock(texts);
-    resource->bytes = resource->owned;
+    table.resources.push_back({module, wantedType, wantedName, language, bytes});
 }
 
 void UnregisterResources(HMODULE module) noexcept {
@@ -209,28 +164,6 @@ LPVOID LockResource(HGLOBAL data) {
 DWORD SizeofResource(HMODULE, HRSRC resource) {
     if (resource == nullptr) return Fail<DWORD>(ERROR_INVALID_PARAMETER);
     return static_cast<DWORD>(FromHandle(resource)->bytes.size());
-}
-BOOL FreeResource(HGLOBAL) {
-    return FALSE;
-}
-
-BOOL EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW callback, LONG_PTR parameter) {
-    std::vector<Identifier> names;
-    {
-        auto& table = Resources();
-        const std::lock_guard lock(table.mutex);
-        const Identifier wantedType(type);
-        for (const Resource& resource : table.resources) {
-            if (resource.module != OrProgram(module) || !(resource.type == wantedType)) continue;
-            if (std::find(names.begin(), names.end(), resource.name) == names.end()) names.push_back(resource.name);
-        }
-    }
-    if (names.empty()) return Fail<BOOL>(ERROR_RESOURCE_TYPE_NOT_FOUND);
-    for (auto& name : names) {
-        const LPWSTR given = name.text.empty() ? MAKEINTRESOURCEW(name.number) : name.text.data();
-        if (!callback(module, type, given, parameter)) return FALSE;
-    }
-    return TRUE;
 }
 
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size) {

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <span>
-#include <string_view>
 
 #include "platform/headless/module.h"
 
@@ -14,8 +13,6 @@ namespace qv::headless {
 // resource registered twice with the same language is the later one.
 void RegisterResource(HMODULE module, LPCWSTR type, LPCWSTR name, std::span<const std::byte> bytes,
                       LANGID language = 0);
-// A text of the module's string table; the table's blocks are put together here.
-void RegisterString(HMODULE module, UINT id, std::wstring_view text);
 void UnregisterResources(HMODULE module) noexcept;
 
 }  // namespace qv::headless

@@ -165,11 +165,6 @@ HMONITOR MonitorFromRect(LPCRECT rect, DWORD flags) {
     return flags != MONITOR_DEFAULTTONULL || IntersectRect(&common, rect, &screen) ? kMonitor : nullptr;
 }
 
-HMONITOR MonitorFromPoint(POINT point, DWORD flags) {
-    const RECT rect{point.x, point.y, point.x + 1, point.y + 1};
-    return MonitorFromRect(&rect, flags);
-}
-
 HMONITOR MonitorFromWindow(HWND window, DWORD flags) {
     RECT rect{};
     if (!GetWindowRect(window, &rect)) return flags == MONITOR_DEFAULTTONULL ? nullptr : kMonitor;
@@ -208,8 +203,4 @@ BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {
     if (menu) rect->top -= GetSystemMetrics(SM_CYMENU);
     if (exStyle & WS_EX_CLIENTEDGE) InflateRect(rect, kEdge, kEdge);
     return TRUE;
-}
-
-BOOL AdjustWindowRect(RECT* rect, DWORD style, BOOL menu) {
-    return AdjustWindowRectEx(rect, style, menu, 0);
 }

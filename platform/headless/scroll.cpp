@@ -72,12 +72,8 @@ int ApplyInfo(HWND handle, int which, const SCROLLINFO& info) {
 
 using namespace qv::desk;
 
-int SetScrollInfo(HWND handle, int bar, const SCROLLINFO* info, BOOL redraw) {
+int SetScrollInfo(HWND handle, int bar, const SCROLLINFO* info, BOOL) {
     if (!info || !Find(handle)) return 0;
-    if (bar == SB_CTL) {
-        return static_cast<int>(
-            SendMessageW(handle, SBM_SETSCROLLINFO, static_cast<WPARAM>(redraw), reinterpret_cast<LPARAM>(info)));
-    }
     if (bar != SB_HORZ && bar != SB_VERT) return 0;
     return ApplyInfo(handle, bar, *info);
 }
@@ -85,10 +81,6 @@ int SetScrollInfo(HWND handle, int bar, const SCROLLINFO* info, BOOL redraw) {
 BOOL GetScrollInfo(HWND handle, int which, SCROLLINFO* info) {
     Window* window = Find(handle);
     if (!window || !info) return FALSE;
-    if (which == SB_CTL) {
-        SendMessageW(handle, SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(info));
-        return TRUE;
-    }
     const ScrollBar* bar = BarOf(*window, which);
     if (!bar || (!bar->known && !(window->style & StyleOf(which)))) {
         SetLastError(kErrorNoScrollBars);
@@ -104,11 +96,9 @@ BOOL GetScrollInfo(HWND handle, int which, SCROLLINFO* info) {
     return (info->fMask & SIF_ALL) != 0;
 }
 
-int SetScrollPos(HWND handle, int which, int position, BOOL redraw) {
+int SetScrollPos(HWND handle, int which, int position, BOOL) {
     Window* window = Find(handle);
     if (!window) return 0;
-    if (which == SB_CTL)
-        return static_cast<int>(SendMessageW(handle, SBM_SETPOS, static_cast<WPARAM>(position), redraw));
     ScrollBar* bar = BarOf(*window, which);
     if (!bar) return 0;
     const int old = bar->position;
@@ -120,42 +110,13 @@ int SetScrollPos(HWND handle, int which, int position, BOOL redraw) {
 int GetScrollPos(HWND handle, int which) {
     Window* window = Find(handle);
     if (!window) return 0;
-    if (which == SB_CTL) return static_cast<int>(SendMessageW(handle, SBM_GETPOS, 0, 0));
     const ScrollBar* bar = BarOf(*window, which);
     return bar ? bar->position : 0;
-}
-
-BOOL SetScrollRange(HWND handle, int which, int minimum, int maximum, BOOL) {
-    if (!Find(handle)) return FALSE;
-    if (which == SB_CTL) {
-        SendMessageW(handle, SBM_SETRANGE, static_cast<WPARAM>(minimum), maximum);
-        return TRUE;
-    }
-    const SCROLLINFO info{sizeof(SCROLLINFO), SIF_RANGE, minimum, maximum, 0, 0, 0};
-    ApplyInfo(handle, which, info);
-    return TRUE;
-}
-
-BOOL GetScrollRange(HWND handle, int which, int* minimum, int* maximum) {
-    Window* window = Find(handle);
-    if (!window || !minimum || !maximum) return FALSE;
-    if (which == SB_CTL) {
-        SendMessageW(handle, SBM_GETRANGE, reinterpret_cast<WPARAM>(minimum), reinterpret_cast<LPARAM>(maximum));
-        return TRUE;
-    }
-    const ScrollBar* bar = BarOf(*window, which);
-    const bool there = bar && (bar->known || (window->style & StyleOf(which)));
-    *minimum = there ? bar->minimum : 0;
-    *maximum = there ? bar->maximum : 0;
-    return TRUE;
 }
 
 BOOL ShowScrollBar(HWND handle, int which, BOOL show) {
     if (!Find(handle)) return FALSE;
     switch (which) {
-        case SB_CTL:
-            ShowWindow(handle, show ? SW_SHOW : SW_HIDE);
-            return TRUE;
         case SB_HORZ:
         case SB_VERT:
             Show(handle, StyleOf(which), show != FALSE);
@@ -166,19 +127,6 @@ BOOL ShowScrollBar(HWND handle, int which, BOOL show) {
         default:
             return FALSE;
     }
-}
-
-BOOL EnableScrollBar(HWND handle, UINT bars, UINT arrows) {
-    Window* window = Find(handle);
-    if (!window) return FALSE;
-    const bool disable = arrows == ESB_DISABLE_BOTH;
-    bool changed = false;
-    for (const int which : {SB_HORZ, SB_VERT}) {
-        if (bars != SB_BOTH && bars != static_cast<UINT>(which)) continue;
-        changed = changed || window->bars[which].disabled != disable;
-        window->bars[which].disabled = disable;
-    }
-    return changed;
 }
 
 int ScrollWindowEx(HWND handle, int dx, int dy, const RECT* area, const RECT* clip, HRGN, RECT* updateRect,

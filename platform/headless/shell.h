@@ -11,8 +11,6 @@ HINSTANCE ShellExecuteW(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR paramete
 
 using BFFCALLBACK = int(CALLBACK*)(HWND window, UINT message, LPARAM parameter, LPARAM data);
 struct ITEMIDLIST;
-using LPITEMIDLIST = ITEMIDLIST*;
-using LPCITEMIDLIST = const ITEMIDLIST*;
 using PIDLIST_ABSOLUTE = ITEMIDLIST*;
 using PCIDLIST_ABSOLUTE = const ITEMIDLIST*;
 struct BROWSEINFOW {
@@ -26,12 +24,8 @@ struct BROWSEINFOW {
     int iImage;
 };
 inline constexpr UINT BIF_RETURNONLYFSDIRS = 0x0001;
-inline constexpr UINT BIF_EDITBOX = 0x0010;
-inline constexpr UINT BIF_VALIDATE = 0x0020;
 inline constexpr UINT BIF_NEWDIALOGSTYLE = 0x0040;
-inline constexpr UINT BIF_USENEWUI = BIF_NEWDIALOGSTYLE | BIF_EDITBOX;
 inline constexpr UINT BFFM_INITIALIZED = 1;
-inline constexpr UINT BFFM_SELCHANGED = 2;
 inline constexpr UINT BFFM_SETSELECTIONW = 0x0400 + 103;
 inline constexpr UINT BFFM_SETOKTEXT = 0x0400 + 105;
 
@@ -66,22 +60,17 @@ struct OPENFILENAMEW {
     DWORD dwReserved;
     DWORD FlagsEx;
 };
-inline constexpr DWORD OFN_READONLY = 0x00000001;
-inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x00000002;
 inline constexpr DWORD OFN_HIDEREADONLY = 0x00000004;
 inline constexpr DWORD OFN_NOCHANGEDIR = 0x00000008;
 inline constexpr DWORD OFN_ENABLEHOOK = 0x00000020;
-inline constexpr DWORD OFN_NOVALIDATE = 0x00000100;
 inline constexpr DWORD OFN_PATHMUSTEXIST = 0x00000800;
 inline constexpr DWORD OFN_FILEMUSTEXIST = 0x00001000;
 inline constexpr DWORD OFN_EXPLORER = 0x00080000;
 inline constexpr DWORD OFN_ENABLESIZING = 0x00800000;
-inline constexpr DWORD FNERR_BUFFERTOOSMALL = 0x3003;
 inline constexpr UINT CDN_INITDONE = 0U - 601U;
 inline constexpr UINT CDM_SETCONTROLTEXT = 0x0400 + 100 + 4;
 
 BOOL GetOpenFileNameW(OPENFILENAMEW* info);
-BOOL GetSaveFileNameW(OPENFILENAMEW* info);
 // 0 after a cancelled picker.
 DWORD CommDlgExtendedError();
 
@@ -99,8 +88,6 @@ struct CHOOSECOLORW {
 };
 inline constexpr DWORD CC_RGBINIT = 0x00000001;
 inline constexpr DWORD CC_FULLOPEN = 0x00000002;
-inline constexpr DWORD CC_PREVENTFULLOPEN = 0x00000004;
-inline constexpr DWORD CC_SOLIDCOLOR = 0x00000080;
 inline constexpr DWORD CC_ANYCOLOR = 0x00000100;
 
 BOOL ChooseColorW(CHOOSECOLORW* info);
@@ -108,7 +95,3 @@ BOOL ChooseColorW(CHOOSECOLORW* info);
 LPWSTR GetCommandLineW();
 // One block, freed with LocalFree.
 LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count);
-// Length without the terminator; a buffer that is too small answers the needed size with it; 0 with
-// ERROR_ENVVAR_NOT_FOUND when there is no such variable.
-DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
-BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);

@@ -62,10 +62,8 @@ QV_HEADLESS_HANDLE(HRSRC);
 QV_HEADLESS_HANDLE(HMONITOR);
 QV_HEADLESS_HANDLE(HDWP);
 QV_HEADLESS_HANDLE(HHOOK);
-QV_HEADLESS_HANDLE(HPEN);
 QV_HEADLESS_HANDLE(HBITMAP);
 QV_HEADLESS_HANDLE(HRGN);
-QV_HEADLESS_HANDLE(HACCEL);
 #undef QV_HEADLESS_HANDLE
 using HMODULE = HINSTANCE;
 using HCURSOR = HICON;
@@ -75,8 +73,6 @@ using HGLOBAL = void*;
 using HLOCAL = void*;
 
 #define CALLBACK
-#define WINAPI
-#define APIENTRY
 #define STDMETHODCALLTYPE
 #define STDAPICALLTYPE
 
@@ -95,18 +91,13 @@ struct RECT {
     LONG right;
     LONG bottom;
 };
-using LPRECT = RECT*;
 using LPCRECT = const RECT*;
-using LPPOINT = POINT*;
 
 constexpr WORD LOWORD(std::uintptr_t value) {
     return static_cast<WORD>(value & 0xFFFF);
 }
 constexpr WORD HIWORD(std::uintptr_t value) {
     return static_cast<WORD>((value >> 16) & 0xFFFF);
-}
-constexpr BYTE LOBYTE(std::uintptr_t value) {
-    return static_cast<BYTE>(value & 0xFF);
 }
 constexpr LONG MAKELONG(std::uintptr_t low, std::uintptr_t high) {
     return static_cast<LONG>((low & 0xFFFF) | ((high & 0xFFFF) << 16));

@@ -21,7 +21,6 @@ struct MSG {
     DWORD time;
     POINT pt;
 };
-using LPMSG = MSG*;
 
 struct WNDCLASSEXW {
     UINT cbSize;
@@ -63,7 +62,6 @@ struct CREATESTRUCTW {
     LPCWSTR lpszClass;
     DWORD dwExStyle;
 };
-using LPCREATESTRUCTW = CREATESTRUCTW*;
 struct CBT_CREATEWNDW {
     CREATESTRUCTW* lpcs;
     HWND hwndInsertAfter;
@@ -77,7 +75,6 @@ struct WINDOWPOS {
     int cy;
     UINT flags;
 };
-using LPWINDOWPOS = WINDOWPOS*;
 struct NCCALCSIZE_PARAMS {
     RECT rgrc[3];
     WINDOWPOS* lppos;
@@ -97,7 +94,6 @@ struct MINMAXINFO {
     POINT ptMinTrackSize;
     POINT ptMaxTrackSize;
 };
-using LPMINMAXINFO = MINMAXINFO*;
 struct STYLESTRUCT {
     DWORD styleOld;
     DWORD styleNew;
@@ -107,7 +103,6 @@ struct NMHDR {
     UINT_PTR idFrom;
     UINT code;
 };
-using LPNMHDR = NMHDR*;
 // What WM_HELP points to: which control or menu help is asked for.
 struct HELPINFO {
     UINT cbSize;
@@ -130,7 +125,6 @@ struct DRAWITEMSTRUCT {
     RECT rcItem;
     ULONG_PTR itemData;
 };
-using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 struct MEASUREITEMSTRUCT {
     UINT CtlType;
     UINT CtlID;
@@ -139,7 +133,6 @@ struct MEASUREITEMSTRUCT {
     UINT itemHeight;
     ULONG_PTR itemData;
 };
-using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 struct DELETEITEMSTRUCT {
     UINT CtlType;
     UINT CtlID;
@@ -147,7 +140,6 @@ struct DELETEITEMSTRUCT {
     HWND hwndItem;
     ULONG_PTR itemData;
 };
-using LPDELETEITEMSTRUCT = DELETEITEMSTRUCT*;
 struct COMPAREITEMSTRUCT {
     UINT CtlType;
     UINT CtlID;
@@ -158,7 +150,6 @@ struct COMPAREITEMSTRUCT {
     ULONG_PTR itemData2;
     DWORD dwLocaleId;
 };
-using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
 struct CWPSTRUCT {
     LPARAM lParam;
     WPARAM wParam;
@@ -174,7 +165,6 @@ struct SCROLLINFO {
     int nPos;
     int nTrackPos;
 };
-using LPSCROLLINFO = SCROLLINFO*;
 struct MONITORINFO {
     DWORD cbSize;
     RECT rcMonitor;
@@ -185,9 +175,6 @@ struct MONITORINFO {
 // Classes. A name is compared without case; a class is found by name or by the atom that registering it returned.
 ATOM RegisterClassExW(const WNDCLASSEXW* windowClass);
 ATOM RegisterClassW(const WNDCLASSW* windowClass);
-BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance);
-BOOL GetClassInfoExW(HINSTANCE instance, LPCWSTR name, WNDCLASSEXW* windowClass);
-BOOL GetClassInfoW(HINSTANCE instance, LPCWSTR name, WNDCLASSW* windowClass);
 // Characters copied, without the terminator; room counts it.
 int GetClassNameW(HWND window, LPWSTR buffer, int room);
 ULONG_PTR GetClassLongPtrW(HWND window, int index);
@@ -198,21 +185,15 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
 BOOL DestroyWindow(HWND window);
 BOOL IsWindow(HWND window);
 BOOL IsChild(HWND parent, HWND window);
-BOOL IsWindowUnicode(HWND window);
 HWND GetParent(HWND window);
 HWND SetParent(HWND window, HWND parent);
 HWND GetAncestor(HWND window, UINT which);
 HWND GetWindow(HWND window, UINT relation);
-HWND GetTopWindow(HWND window);
-HWND GetLastActivePopup(HWND window);
 HWND GetDesktopWindow();
-HWND FindWindowW(LPCWSTR className, LPCWSTR text);
 HWND FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text);
 BOOL EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM param);
 BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC callback, LPARAM param);
-DWORD GetWindowThreadProcessId(HWND window, DWORD* process);
 HWND WindowFromPoint(POINT point);
-HWND ChildWindowFromPoint(HWND parent, POINT point);
 
 // What a window carries.
 LONG_PTR GetWindowLongPtrW(HWND window, int index);
@@ -222,9 +203,6 @@ LONG SetWindowLongW(HWND window, int index, LONG value);
 BOOL SetWindowTextW(HWND window, LPCWSTR text);
 int GetWindowTextW(HWND window, LPWSTR buffer, int room);
 int GetWindowTextLengthW(HWND window);
-BOOL SetPropW(HWND window, LPCWSTR name, HANDLE value);
-HANDLE GetPropW(HWND window, LPCWSTR name);
-HANDLE RemovePropW(HWND window, LPCWSTR name);
 
 // State.
 BOOL ShowWindow(HWND window, int show);
@@ -240,14 +218,12 @@ BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int he
 HDWP BeginDeferWindowPos(int count);
 HDWP DeferWindowPos(HDWP info, HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 BOOL EndDeferWindowPos(HDWP info);
-BOOL BringWindowToTop(HWND window);
 BOOL GetWindowRect(HWND window, RECT* rect);
 BOOL GetClientRect(HWND window, RECT* rect);
 BOOL ClientToScreen(HWND window, POINT* point);
 BOOL ScreenToClient(HWND window, POINT* point);
 int MapWindowPoints(HWND from, HWND to, POINT* points, UINT count);
 BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle);
-BOOL AdjustWindowRect(RECT* rect, DWORD style, BOOL menu);
 // Rectangles of placements are in workspace coordinates: the origin is the work area's corner, not the screen's.
 BOOL GetWindowPlacement(HWND window, WINDOWPLACEMENT* placement);
 BOOL SetWindowPlacement(HWND window, const WINDOWPLACEMENT* placement);
@@ -255,15 +231,11 @@ int GetSystemMetrics(int index);
 BOOL SystemParametersInfoW(UINT action, UINT size, LPVOID data, UINT update);
 HMONITOR MonitorFromWindow(HWND window, DWORD flags);
 HMONITOR MonitorFromRect(LPCRECT rect, DWORD flags);
-HMONITOR MonitorFromPoint(POINT point, DWORD flags);
 BOOL GetMonitorInfoW(HMONITOR monitor, MONITORINFO* info);
 UINT GetDpiForWindow(HWND window);
 
 // Rectangle arithmetic.
-BOOL SetRect(RECT* rect, int left, int top, int right, int bottom);
-BOOL SetRectEmpty(RECT* rect);
 BOOL IsRectEmpty(const RECT* rect);
-BOOL CopyRect(RECT* target, const RECT* source);
 BOOL EqualRect(const RECT* a, const RECT* b);
 BOOL InflateRect(RECT* rect, int dx, int dy);
 BOOL OffsetRect(RECT* rect, int dx, int dy);
@@ -285,58 +257,39 @@ HWND GetCapture();
 
 // Keyboard and mouse state.
 SHORT GetKeyState(int virtualKey);
-SHORT GetAsyncKeyState(int virtualKey);
 BOOL GetKeyboardState(BYTE* state);
 BOOL SetKeyboardState(BYTE* state);
 UINT MapVirtualKeyW(UINT code, UINT type);
-BOOL GetCursorPos(POINT* point);
-BOOL SetCursorPos(int x, int y);
-HCURSOR SetCursor(HCURSOR cursor);
 HCURSOR LoadCursorW(HINSTANCE instance, LPCWSTR name);
-int ShowCursor(BOOL show);
 BOOL MessageBeep(UINT type);
-UINT GetDoubleClickTime();
-BOOL CreateCaret(HWND window, HBITMAP bitmap, int width, int height);
-BOOL DestroyCaret();
-BOOL ShowCaret(HWND window);
 BOOL HideCaret(HWND window);
-BOOL SetCaretPos(int x, int y);
-BOOL GetCaretPos(POINT* point);
 
 // Messages.
 LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-BOOL PostThreadMessageW(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam);
 void PostQuitMessage(int exitCode);
 BOOL PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove);
 // An empty queue ends the process with a word on the standard error stream: nothing could ever wake the caller.
 BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last);
 BOOL TranslateMessage(const MSG* message);
 LRESULT DispatchMessageW(const MSG* message);
-BOOL WaitMessage();
 BOOL CallMsgFilterW(MSG* message, int code);
-UINT RegisterWindowMessageW(LPCWSTR name);
 LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback);
 BOOL KillTimer(HWND window, UINT_PTR id);
-DWORD GetMessagePos();
-LONG GetMessageTime();
 
 // Hooks of the calling thread.
 HHOOK SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE instance, DWORD thread);
 BOOL UnhookWindowsHookEx(HHOOK hook);
 LRESULT CallNextHookEx(HHOOK hook, int code, WPARAM wParam, LPARAM lParam);
 
-// Scroll bars of windows (SB_HORZ, SB_VERT) and scroll bar controls (SB_CTL, answered through their own messages).
+// Scroll bars of windows (SB_HORZ, SB_VERT); there is no scroll bar control.
 int SetScrollInfo(HWND window, int bar, const SCROLLINFO* info, BOOL redraw);
 BOOL GetScrollInfo(HWND window, int bar, SCROLLINFO* info);
 int SetScrollPos(HWND window, int bar, int position, BOOL redraw);
 int GetScrollPos(HWND window, int bar);
-BOOL SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw);
-BOOL GetScrollRange(HWND window, int bar, int* minimum, int* maximum);
 BOOL ShowScrollBar(HWND window, int bar, BOOL show);
-BOOL EnableScrollBar(HWND window, UINT bars, UINT arrows);
 BOOL ScrollWindow(HWND window, int dx, int dy, const RECT* area, const RECT* clip);
 int ScrollWindowEx(HWND window, int dx, int dy, const RECT* area, const RECT* clip, HRGN updateRegion, RECT* updateRect,
                    UINT flags);

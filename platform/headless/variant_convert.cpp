@@ -303,27 +303,6 @@ HRESULT Coerce(const VARIANT& source, const Context& context, VARTYPE type, VARI
     return NumberTo(source, type, result);
 }
 
-template <VARTYPE kType, typename Value>
-HRESULT TextTo(LPCOLESTR text, LCID locale, Value VARIANT::*member, Value* value) {
-    if (text == nullptr) return DISP_E_TYPEMISMATCH;
-    VARIANT result{};
-    const HRESULT read = FromText(text, {locale, 0}, kType, result);
-    if (SUCCEEDED(read)) *value = result.*member;
-    return read;
-}
-
-template <VARTYPE kType, typename Value>
-HRESULT ValueToText(LCID locale, USHORT flags, Value VARIANT::*member, Value value, BSTR* text) {
-    if (text == nullptr) return E_INVALIDARG;
-    VARIANT source{};
-    source.vt = kType;
-    source.*member = value;
-    VARIANT result{};
-    const HRESULT written = ToText(source, {locale, flags}, result);
-    if (SUCCEEDED(written)) *text = result.bstrVal;
-    return written;
-}
-
 }  // namespace
 
 HRESULT VariantChangeType(VARIANTARG* destination, VARIANTARG* source, USHORT flags, VARTYPE type) {
@@ -353,56 +332,4 @@ HRESULT VariantChangeTypeEx(VARIANTARG* destination, VARIANTARG* source, LCID lo
     }
     *destination = result;
     return S_OK;
-}
-
-HRESULT VarUI1FromStr(OLECHAR* text, LCID locale, ULONG, BYTE* value) {
-    return TextTo<VT_UI1>(text, locale, &VARIANT::bVal, value);
-}
-HRESULT VarI2FromStr(OLECHAR* text, LCID locale, ULONG, SHORT* value) {
-    return TextTo<VT_I2>(text, locale, &VARIANT::iVal, value);
-}
-HRESULT VarI4FromStr(OLECHAR* text, LCID locale, ULONG, LONG* value) {
-    return TextTo<VT_I4>(text, locale, &VARIANT::lVal, value);
-}
-HRESULT VarUI4FromStr(OLECHAR* text, LCID locale, ULONG, ULONG* value) {
-    return TextTo<VT_UI4>(text, locale, &VARIANT::ulVal, value);
-}
-HRESULT VarI8FromStr(OLECHAR* text, LCID locale, ULONG, LONGLONG* value) {
-    return TextTo<VT_I8>(text, locale, &VARIANT::llVal, value);
-}
-HRESULT VarR4FromStr(OLECHAR* text, LCID locale, ULONG, FLOAT* value) {
-    return TextTo<VT_R4>(text, locale, &VARIANT::fltVal, value);
-}
-HRESULT VarR8FromStr(OLECHAR* text, LCID locale, ULONG, DOUBLE* value) {
-    return TextTo<VT_R8>(text, locale, &VARIANT::dblVal, value);
-}
-HRESULT VarBoolFromStr(OLECHAR* text, LCID locale, ULONG, VARIANT_BOOL* value) {
-    return TextTo<VT_BOOL>(text, locale, &VARIANT::boolVal, value);
-}
-HRESULT VarBstrFromI4(LONG value, LCID locale, ULONG, BSTR* text) {
-    return ValueToText<VT_I4>(locale, 0, &VARIANT::lVal, value, text);
-}
-HRESULT VarBstrFromI8(LONGLONG value, LCID locale, ULONG, BSTR* text) {
-    return ValueToText<VT_I8>(locale, 0, &VARIANT::llVal, value, text);
-}
-HRESULT VarBstrFromR4(FLOAT value, LCID locale, ULONG, BSTR* text) {
-    return ValueToText<VT_R4>(locale, 0, &VARIANT::fltVal, value, text);
-}
-HRESULT VarBstrFromR8(DOUBLE value, LCID locale, ULONG, BSTR* text) {
-    return ValueToText<VT_R8>(locale, 0, &VARIANT::dblVal, value, text);
-}
-HRESULT VarBstrFromBool(VARIANT_BOOL value, LCID locale, ULONG, BSTR* text) {
-    return ValueToText<VT_BOOL>(locale, VARIANT_ALPHABOOL, &VARIANT::boolVal, value, text);
-}
-HRESULT VarI4FromR8(DOUBLE value, LONG* result) {
-    std::int64_t whole = 0;
-    const HRESULT rounded = RealToWhole(value, BoundsOf<std::int32_t>(), whole);
-    if (SUCCEEDED(rounded)) *result = static_cast<LONG>(whole);
-    return rounded;
-}
-HRESULT VarI2FromR8(DOUBLE value, SHORT* result) {
-    std::int64_t whole = 0;
-    const HRESULT rounded = RealToWhole(value, BoundsOf<std::int16_t>(), whole);
-    if (SUCCEEDED(rounded)) *result = static_cast<SHORT>(whole);
-    return rounded;
 }

@@ -1,4 +1,4 @@
-// What a window carries: its longs, extra bytes, text and properties.
+// What a window carries: its longs, extra bytes, and text.
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
@@ -157,38 +157,4 @@ int GetWindowTextW(HWND window, LPWSTR buffer, int room) {
 
 int GetWindowTextLengthW(HWND window) {
     return Find(window) ? static_cast<int>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) : 0;
-}
-
-// Properties are found by name without case, or by an atom in the place of the name.
-namespace {
-
-std::wstring PropertyKey(LPCWSTR name) {
-    if (IS_INTRESOURCE(name)) return L"#" + std::to_wstring(reinterpret_cast<UINT_PTR>(name));
-    return LowerCase(name);
-}
-
-}  // namespace
-
-BOOL SetPropW(HWND window, LPCWSTR name, HANDLE value) {
-    Window* found = Find(window);
-    if (!found || !name) return FALSE;
-    found->properties[PropertyKey(name)] = value;
-    return TRUE;
-}
-
-HANDLE GetPropW(HWND window, LPCWSTR name) {
-    const Window* found = Find(window);
-    if (!found || !name) return nullptr;
-    const auto property = found->properties.find(PropertyKey(name));
-    return property == found->properties.end() ? nullptr : property->second;
-}
-
-HANDLE RemovePropW(HWND window, LPCWSTR name) {
-    Window* found = Find(window);
-    if (!found || !name) return nullptr;
-    const auto property = found->properties.find(PropertyKey(name));
-    if (property == found->properties.end()) return nullptr;
-    const HANDLE value = property->second;
-    found->properties.erase(property);
-    return value;
 }

@@ -6,9 +6,6 @@ using namespace qv::desk;
 BOOL IsWindow(HWND window) {
     return Peek(window) != nullptr;
 }
-BOOL IsWindowUnicode(HWND window) {
-    return Find(window) != nullptr;
-}
 
 BOOL IsChild(HWND parent, HWND window) {
     const Window* up = Peek(window);
@@ -94,21 +91,8 @@ HWND GetWindow(HWND handle, UINT relation) {
     }
 }
 
-HWND GetTopWindow(HWND handle) {
-    return GetWindow(handle ? handle : GetDesktopWindow(), GW_CHILD);
-}
 HWND GetDesktopWindow() {
     return Desk().root->handle;
-}
-
-HWND GetLastActivePopup(HWND handle) {
-    if (!Find(handle)) return nullptr;
-    const Window* active = Peek(Desk().active);
-    return active && active->owner == handle ? active->handle : handle;
-}
-
-HWND FindWindowW(LPCWSTR className, LPCWSTR text) {
-    return FindWindowExW(nullptr, nullptr, className, text);
 }
 
 HWND FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text) {
@@ -159,10 +143,4 @@ BOOL EnumThreadWindows(DWORD, WNDENUMPROC callback, LPARAM param) {
         if (Peek(window) && !callback(window, param)) return FALSE;
     }
     return TRUE;
-}
-
-DWORD GetWindowThreadProcessId(HWND window, DWORD* process) {
-    if (!Find(window)) return 0;
-    if (process) *process = GetCurrentProcessId();
-    return GetCurrentThreadId();
 }

@@ -69,7 +69,6 @@ void Release(HWND handle) {
     std::erase_if(Desk().timers, [&](const Timer& timer) { return timer.window == handle; });
     DestroyMenuOf(*window);
     Unlink(*window);
-    --window->windowClass->windows;
     FreeSlot(handle);
 }
 
@@ -254,7 +253,6 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
         return nullptr;
     }
     Window* window = Peek(handle);
-    ++windowClass->windows;
     HWND insertAfter = isChild ? HWND_BOTTOM : HWND_TOP;
     Link(*window, treeParent, insertAfter);
 

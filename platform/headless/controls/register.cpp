@@ -5,7 +5,6 @@
 #include "platform/headless/controls/control.h"
 #include "platform/headless/controls/edit.h"
 #include "platform/headless/controls/list_box.h"
-#include "platform/headless/controls/scroll_bar.h"
 #include "platform/headless/controls/static.h"
 #include "platform/headless/controls/tab_control.h"
 
@@ -31,7 +30,6 @@ void RegisterStandardControls() {
     Register(L"ListBox", ControlProc<ListBox>, CS_DBLCLKS);
     Register(L"ComboBox", ControlProc<ComboBox>, CS_DBLCLKS);
     Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
-    Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
 }
 
 void RegisterTabControl() {
