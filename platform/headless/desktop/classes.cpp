@@ -1,0 +1,125 @@
+#include <algorithm>
+#include <cwchar>
+#include <cwctype>
+
+#include "platform/headless/controls/register.h"
+#include "platform/headless/desktop/desktop_state.h"
+
+namespace qv::desk {
+
+std::wstring LowerCase(std::wstring_view text) {
+    std::wstring lower(text);
+    for (wchar_t& unit : lower)
+        unit = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(unit)));
+    return lower;
+}
+
+// A class is seen by the module that registered it, a global one by everybody; no module means any.
+WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
+    // The standard controls are there before anybody asks for one.
+    static const bool s_controls = (headless::RegisterStandardControls(), true);
+    static_cast<void>(s_controls);
+    State& state = Desk();
+    if (!name) return nullptr;
+    if (IS_INTRESOURCE(name)) {
+        const auto found = state.classAtoms.find(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+        return found == state.classAtoms.end() ? nullptr : found->second;
+    }
+    const auto found = state.classes.find(LowerCase(name));
+    if (found == state.classes.end()) return nullptr;
+    WindowClass* global = nullptr;
+    for (const auto& candidate : found->second) {
+        if (candidate->info.style & CS_GLOBALCLASS) {
+            global = candidate.get();
+        } else if (!instance || !candidate->info.hInstance || candidate->info.hInstance == instance) {
+            return candidate.get();
+        }
+    }
+    return global;
+}
+
+}  // namespace qv::desk
+
+using namespace qv::desk;
+
+ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
+    if (!windowClass || windowClass->cbSize != sizeof(WNDCLASSEXW) || !windowClass->lpszClassName ||
+        !windowClass->lpfnWndProc || windowClass->cbWndExtra < 0 || IS_INTRESOURCE(windowClass->lpszClassName) ||
+        !*windowClass->lpszClassName) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    State& state = Desk();
+    auto& sameName = state.classes[LowerCase(windowClass->lpszClassName)];
+    const bool taken = std::any_of(sameName.begin(), sameName.end(), [&](const auto& other) {
+        return other->info.hInstance == windowClass->hInstance ||
+               (other->info.style & windowClass->style & CS_GLOBALCLASS) != 0;
+    });
+    if (taken) {
+        SetLastError(ERROR_CLASS_ALREADY_EXISTS);
+        return 0;
+    }
+    auto entry = std::make_unique<WindowClass>();
+    entry->name = windowClass->lpszClassName;
+    entry->info = *windowClass;
+    entry->info.lpszClassName = nullptr;
+    entry->atom = state.nextAtom++;
+    const ATOM atom = entry->atom;
+    state.classAtoms[atom] = entry.get();
+    sameName.push_back(std::move(entry));
+    return atom;
+}
+
+ATOM RegisterClassW(const WNDCLASSW* windowClass) {
+    if (!windowClass) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    WNDCLASSEXW extended{};
+    extended.cbSize = sizeof extended;
+    extended.style = windowClass->style;
+    extended.lpfnWndProc = windowClass->lpfnWndProc;
+    extended.cbClsExtra = windowClass->cbClsExtra;
+    extended.cbWndExtra = windowClass->cbWndExtra;
+    extended.hInstance = windowClass->hInstance;
+    extended.hIcon = windowClass->hIcon;
+    extended.hCursor = windowClass->hCursor;
+    extended.hbrBackground = windowClass->hbrBackground;
+    extended.lpszMenuName = windowClass->lpszMenuName;
+    extended.lpszClassName = windowClass->lpszClassName;
+    return RegisterClassExW(&extended);
+}
+
+int GetClassNameW(HWND window, LPWSTR buffer, int room) {
+    const Window* found = Find(window);
+    if (!found || !buffer || room <= 0) return 0;
+    const std::size_t length = std::min(found->windowClass->name.size(), static_cast<std::size_t>(room - 1));
+    std::wmemcpy(buffer, found->windowClass->name.c_str(), length);
+    buffer[length] = L'\0';
+    return static_cast<int>(length);
+}
+
+ULONG_PTR GetClassLongPtrW(HWND window, int index) {
+    const Window* found = Find(window);
+    if (!found) return 0;
+    const WNDCLASSEXW& info = found->windowClass->info;
+    switch (index) {
+        case GCW_ATOM:
+            return found->windowClass->atom;
+        case GCL_STYLE:
+            return info.style;
+        case GCLP_HICON:
+            return reinterpret_cast<ULONG_PTR>(info.hIcon);
+        case GCLP_HICONSM:
+            return reinterpret_cast<ULONG_PTR>(info.hIconSm);
+        case GCLP_HBRBACKGROUND:
+            return reinterpret_cast<ULONG_PTR>(info.hbrBackground);
+        case GCLP_HCURSOR:
+            return reinterpret_cast<ULONG_PTR>(info.hCursor);
+        case GCLP_WNDPROC:
+            return reinterpret_cast<ULONG_PTR>(info.lpfnWndProc);
+        default:
+            SetLastError(ERROR_INVALID_INDEX);
+            return 0;
+    }
+}
