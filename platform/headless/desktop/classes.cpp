@@ -1,11 +1,19 @@
+#include "platform/headless/desktop/classes.h"
+
 #include <algorithm>
 #include <cwchar>
 #include <cwctype>
 
-#include "platform/headless/controls/register.h"
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
+
+ClassTable& Classes() {
+    // Never destroyed: classes of modules that unload late are still in it.
+    static ClassTable& s_table = *new ClassTable;
+    return s_table;
+}
 
 std::wstring LowerCase(std::wstring_view text) {
     std::wstring lower(text);
@@ -16,17 +24,14 @@ std::wstring LowerCase(std::wstring_view text) {
 
 // A class is seen by the module that registered it, a global one by everybody; no module means any.
 WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
-    // The standard controls are there before anybody asks for one.
-    static const bool s_controls = (headless::RegisterStandardControls(), true);
-    static_cast<void>(s_controls);
-    State& state = Desk();
+    ClassTable& table = Classes();
     if (!name) return nullptr;
     if (IS_INTRESOURCE(name)) {
-        const auto found = state.classAtoms.find(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
-        return found == state.classAtoms.end() ? nullptr : found->second;
+        const auto found = table.classAtoms.find(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(name)));
+        return found == table.classAtoms.end() ? nullptr : found->second;
     }
-    const auto found = state.classes.find(LowerCase(name));
-    if (found == state.classes.end()) return nullptr;
+    const auto found = table.classes.find(LowerCase(name));
+    if (found == table.classes.end()) return nullptr;
     WindowClass* global = nullptr;
     for (const auto& candidate : found->second) {
         if (candidate->info.style & CS_GLOBALCLASS) {
@@ -38,9 +43,21 @@ WindowClass* FindClass(HINSTANCE instance, LPCWSTR name) {
     return global;
 }
 
-}  // namespace qv::desk
+WindowClass& AddSystemClass(const wchar_t* name, ATOM atom, WNDPROC procedure, int extra) {
+    auto entry = std::make_unique<WindowClass>();
+    entry->name = name;
+    entry->info.cbSize = sizeof(WNDCLASSEXW);
+    entry->info.style = CS_GLOBALCLASS | CS_DBLCLKS;
+    entry->info.lpfnWndProc = procedure;
+    entry->info.cbWndExtra = extra;
+    entry->atom = atom;
+    Classes().classAtoms[atom] = entry.get();
+    return *Classes().classes[name].emplace_back(std::move(entry));
+}
 
-using namespace qv::desk;
+}  // namespace qv::headless
+
+using namespace qv::headless;
 
 ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
     if (!windowClass || windowClass->cbSize != sizeof(WNDCLASSEXW) || !windowClass->lpszClassName ||
@@ -49,8 +66,8 @@ ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
-    State& state = Desk();
-    auto& sameName = state.classes[LowerCase(windowClass->lpszClassName)];
+    ClassTable& table = Classes();
+    auto& sameName = table.classes[LowerCase(windowClass->lpszClassName)];
     const bool taken = std::any_of(sameName.begin(), sameName.end(), [&](const auto& other) {
         return other->info.hInstance == windowClass->hInstance ||
                (other->info.style & windowClass->style & CS_GLOBALCLASS) != 0;
@@ -63,9 +80,9 @@ ATOM RegisterClassExW(const WNDCLASSEXW* windowClass) {
     entry->name = windowClass->lpszClassName;
     entry->info = *windowClass;
     entry->info.lpszClassName = nullptr;
-    entry->atom = state.nextAtom++;
+    entry->atom = table.nextAtom++;
     const ATOM atom = entry->atom;
-    state.classAtoms[atom] = entry.get();
+    table.classAtoms[atom] = entry.get();
     sameName.push_back(std::move(entry));
     return atom;
 }

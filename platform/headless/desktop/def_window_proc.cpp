@@ -3,9 +3,17 @@
 #include <cwchar>
 #include <utility>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/classes.h"
+#include "platform/headless/desktop/focus.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/hooks.h"
+#include "platform/headless/desktop/menu.h"
+#include "platform/headless/desktop/placement.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/update_region.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 LRESULT CalculateClientDefault(const Window& window, RECT& rect) {
@@ -112,7 +120,7 @@ LRESULT HitTest(const Window& window, LPARAM lParam) {
 
 // A click in a child asks its ancestors first; without a word from them it activates.
 LRESULT MouseActivate(const Window& window, WPARAM wParam, LPARAM lParam) {
-    if (IsChildStyle(window) && window.parent && window.parent != Desk().root) {
+    if (IsChildStyle(window) && window.parent && window.parent != Windows().root) {
         const LRESULT answer = SendMessageW(window.parent->handle, WM_MOUSEACTIVATE, wParam, lParam);
         if (answer) return answer;
     }
@@ -149,9 +157,9 @@ LRESULT SetRedraw(Window& window, bool on) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = Peek(handle);
@@ -191,7 +199,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_MOUSEACTIVATE:
             return MouseActivate(*window, wParam, lParam);
         case WM_CANCELMODE:
-            if (Desk().capture == handle) ReleaseCapture();
+            if (Input().capture == handle) ReleaseCapture();
             return 0;
 
         case WM_SETTEXT:
@@ -239,7 +247,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_CONTEXTMENU:
         case WM_HELP:
             // What nobody here wants may interest the parent.
-            if (IsChildStyle(*window) && window->parent && window->parent != Desk().root) {
+            if (IsChildStyle(*window) && window->parent && window->parent != Windows().root) {
                 return SendMessageW(window->parent->handle, message, wParam, lParam);
             }
             return 0;

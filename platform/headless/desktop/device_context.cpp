@@ -1,11 +1,17 @@
 // Device contexts: whose they are and what is selected into them.
+#include "platform/headless/desktop/device_context.h"
+
 #include <unordered_map>
 #include <utility>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/gdi_objects.h"
+#include "platform/headless/desktop/screen.h"
 #include "platform/headless/desktop/text_metrics.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 struct Selection {
@@ -81,9 +87,9 @@ HFONT FontSelectedInto(HDC dc) noexcept {
     return found == contexts.end() ? nullptr : static_cast<HFONT>(found->second.selected.font);
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HDC GetDC(HWND window) {
     if (window && !Find(window)) return nullptr;
@@ -101,11 +107,11 @@ int GetDeviceCaps(HDC dc, int index) {
     switch (index) {
         case LOGPIXELSX:
         case LOGPIXELSY:
-            return static_cast<int>(Desk().dpi);
+            return static_cast<int>(Screen().dpi);
         case HORZRES:
-            return Desk().screen.cx;
+            return Screen().size.cx;
         case VERTRES:
-            return Desk().screen.cy;
+            return Screen().size.cy;
         case BITSPIXEL:
             return 32;
         case TECHNOLOGY:

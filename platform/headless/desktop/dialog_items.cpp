@@ -3,10 +3,12 @@
 #include <cwchar>
 #include <string>
 
+#include "platform/headless/base/error.h"
 #include "platform/headless/desktop/controls.h"
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/dialog.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 bool IsUsable(const Window& window) {
@@ -61,9 +63,9 @@ std::vector<const Window*> GroupOf(const Window& root, const Window& member) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HWND GetDlgItem(HWND dialog, int id) {
     const Window* window = Find(dialog);

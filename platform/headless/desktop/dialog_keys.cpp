@@ -3,9 +3,11 @@
 #include <optional>
 
 #include "platform/headless/desktop/controls.h"
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/dialog.h"
+#include "platform/headless/desktop/dialog_manager.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 // A dialog that is a control of another one leaves keys to the outer one.
@@ -13,7 +15,7 @@ HWND DialogForKeys(HWND dialog) {
     const Window* window = Peek(dialog);
     while (window && (window->style & DS_CONTROL) && IsChildStyle(*window)) {
         const Window* parent = window->parent;
-        if (!parent || !(parent->exStyle & WS_EX_CONTROLPARENT) || parent == Desk().root) break;
+        if (!parent || !(parent->exStyle & WS_EX_CONTROLPARENT) || parent == Windows().root) break;
         window = parent;
     }
     return HandleOf(window);
@@ -192,9 +194,9 @@ bool HandleCharacter(HWND dialog, const MSG& message) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL IsDialogMessageW(HWND dialog, MSG* message) {
     if (!message || !Peek(dialog)) return FALSE;

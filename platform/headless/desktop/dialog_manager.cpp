@@ -1,20 +1,34 @@
 // Dialog windows: made from templates, with their own default procedure, default button and remembered focus.
+#include "platform/headless/desktop/dialog_manager.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
 
 #include "platform/headless/desktop/controls.h"
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/dialog.h"
 #include "platform/headless/desktop/dialog_template.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/gdi_objects.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/screen.h"
 #include "platform/headless/desktop/text_metrics.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
+
+std::deque<int>& MessageBoxAnswers() {
+    static auto& s_answers = *new std::deque<int>;
+    return s_answers;
+}
 
 DialogState* DialogOf(HWND handle) noexcept {
     Window* window = Peek(handle);
     return window ? window->dialog.get() : nullptr;
 }
+
+namespace {
 
 // Half the width of the alphabets' average is the platform's measure: the 52 letters, rounded.
 SIZE BaseUnitsOf(HFONT font) {
@@ -24,8 +38,6 @@ SIZE BaseUnitsOf(HFONT font) {
     const LONG width = TextWidth(*record, kLetters);
     return {(width / 26 + 1) / 2, MetricsOf(*record).tmHeight};
 }
-
-namespace {
 
 DialogState& EnsureDialog(Window& window) {
     if (!window.dialog) {
@@ -242,7 +254,7 @@ HFONT MakeDialogFont(const DialogTemplate& source, bool& owned) {
     constexpr int kPointsPerInch = 72;
     LOGFONTW font{};
     if (source.hasFont) {
-        font.lfHeight = -MulDiv(source.pointSize, static_cast<int>(Desk().dpi), kPointsPerInch);
+        font.lfHeight = -MulDiv(source.pointSize, static_cast<int>(Screen().dpi), kPointsPerInch);
         font.lfWeight = source.weight;
         font.lfItalic = source.italic;
         font.lfCharSet = source.charSet;
@@ -293,7 +305,7 @@ bool CreateControls(HWND dialog, const DialogTemplate& source, HINSTANCE instanc
 POINT DialogCorner(const DialogTemplate& source, HWND owner, const RECT& frame, SIZE units) {
     POINT corner{frame.left + MulDiv(source.x, units.cx, 4), frame.top + MulDiv(source.y, units.cy, 8)};
     if (source.style & WS_CHILD) return corner;
-    const RECT work = Desk().workArea;
+    const RECT work = Screen().workArea;
     constexpr SHORT kDefaultPlace = static_cast<SHORT>(0x8000);
     if (source.style & DS_CENTER) {
         corner = {(work.left + work.right - WidthOf(frame)) / 2, (work.top + work.bottom - HeightOf(frame)) / 2};
@@ -320,9 +332,9 @@ LRESULT DialogWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     return DefDlgProcW(window, message, wParam, lParam);
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HWND CreateDialogIndirectParamW(HINSTANCE instance, const DLGTEMPLATE* dialogTemplate, HWND parent, DLGPROC procedure,
                                 LPARAM param) {
@@ -400,13 +412,12 @@ BOOL MapDialogRect(HWND dialog, RECT* rect) {
 }
 
 int MessageBoxW(HWND, LPCWSTR text, LPCWSTR caption, UINT) {
-    State& state = Desk();
-    if (state.boxAnswers.empty()) {
+    if (MessageBoxAnswers().empty()) {
         std::fprintf(stderr, "headless desktop: message box \"%ls\": \"%ls\", and nobody to answer it.\n",
                      caption ? caption : L"", text ? text : L"");
         std::abort();
     }
-    const int answer = state.boxAnswers.front();
-    state.boxAnswers.pop_front();
+    const int answer = MessageBoxAnswers().front();
+    MessageBoxAnswers().pop_front();
     return answer;
 }

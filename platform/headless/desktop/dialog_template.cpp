@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace qv::desk {
+namespace qv::headless {
 
 namespace {
 
@@ -121,4 +121,4 @@ DialogTemplate ReadDialogTemplate(const DLGTEMPLATE* bytes) {
     return dialog;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless

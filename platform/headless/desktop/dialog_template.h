@@ -8,7 +8,7 @@
 
 #include "platform/headless/desktop/dialog.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 // A class or text of a template: a string, or a number in its place.
 struct TemplateName {
@@ -54,4 +54,4 @@ struct DialogTemplate {
 // Dialog units throughout. The bytes belong to the caller and must hold a well-formed template.
 [[nodiscard]] DialogTemplate ReadDialogTemplate(const DLGTEMPLATE* bytes);
 
-}  // namespace qv::desk
+}  // namespace qv::headless

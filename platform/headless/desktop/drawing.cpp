@@ -1,10 +1,13 @@
 // Extents of text, and drawing calls that check their arguments and report success.
 #include <algorithm>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/device_context.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/gdi_objects.h"
+#include "platform/headless/desktop/rectangles.h"
 #include "platform/headless/desktop/text_metrics.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 const LOGFONTW* SelectedFont(HDC dc) {
@@ -68,9 +71,9 @@ void WrapLine(const LOGFONTW& font, std::wstring_view line, LONG width, bool bre
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL GetTextExtentPoint32W(HDC dc, LPCWSTR text, int length, SIZE* size) {
     const LOGFONTW* font = SelectedFont(dc);

@@ -1,32 +1,40 @@
 // Focus, activation, mouse capture, and what disabling a window does to them.
+#include "platform/headless/desktop/focus.h"
+
 #include <utility>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/hooks.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
+
+InputState& Input() {
+    static InputState s_input;
+    return s_input;
+}
 
 namespace {
 
 bool CanActivate(const Window* window) {
     constexpr DWORD kBarred = WS_MINIMIZE | WS_DISABLED;
-    return window && window->parent == Desk().root && !IsChildStyle(*window) && (window->style & WS_VISIBLE) &&
+    return window && window->parent == Windows().root && !IsChildStyle(*window) && (window->style & WS_VISIBLE) &&
            !(window->style & kBarred) && !(window->exStyle & WS_EX_NOACTIVATE) && !window->destroying;
 }
 
 // The messages of a change of focus: the old window hears first, and may take the change elsewhere.
 void MoveFocus(HWND to) {
-    State& state = Desk();
-    const HWND from = std::exchange(state.focus, to);
+    InputState& input = Input();
+    const HWND from = std::exchange(input.focus, to);
     if (from == to) return;
     if (Peek(from)) {
         SendMessageW(from, WM_KILLFOCUS, reinterpret_cast<WPARAM>(to), 0);
-        if (state.focus != to) return;
+        if (input.focus != to) return;
     }
     if (Peek(to)) SendMessageW(to, WM_SETFOCUS, reinterpret_cast<WPARAM>(Peek(from) ? from : nullptr), 0);
 }
 
 bool FocusLiesIn(HWND top) {
-    const Window* focus = Peek(Desk().focus);
+    const Window* focus = Peek(Input().focus);
     const Window* window = Peek(top);
     return focus && window && (focus == window || IsDescendant(window, focus));
 }
@@ -34,8 +42,7 @@ bool FocusLiesIn(HWND top) {
 }  // namespace
 
 bool Activate(HWND handle, bool byMouse, bool setFocus) {
-    State& state = Desk();
-    const HWND previous = state.active;
+    const HWND previous = Input().active;
     if (previous == handle) return true;
     if (HasHook(WH_CBT) && handle) {
         struct {
@@ -51,7 +58,7 @@ bool Activate(HWND handle, bool byMouse, bool setFocus) {
         SendMessageW(previous, WM_NCACTIVATE, FALSE, reinterpret_cast<LPARAM>(handle));
         SendMessageW(previous, WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, minimised), reinterpret_cast<LPARAM>(handle));
     }
-    state.active = handle;
+    Input().active = handle;
     if (!handle) {
         SendMessageW(previous, WM_ACTIVATEAPP, FALSE, 0);
         MoveFocus(nullptr);
@@ -59,22 +66,22 @@ bool Activate(HWND handle, bool byMouse, bool setFocus) {
     }
     Window* window = Peek(handle);
     if (!window) {
-        state.active = nullptr;
+        Input().active = nullptr;
         return false;
     }
-    if (window->previous && window->parent == state.root) {
+    if (window->previous && window->parent == Windows().root) {
         Window& parent = *window->parent;
         Unlink(*window);
         Link(*window, parent, HWND_TOP);
     }
     if (!previous) SendMessageW(handle, WM_ACTIVATEAPP, TRUE, 0);
     window = Peek(handle);
-    if (!window || state.active != handle) return window != nullptr;
+    if (!window || Input().active != handle) return window != nullptr;
     const bool minimised = (window->style & WS_MINIMIZE) != 0;
     const LPARAM other = reinterpret_cast<LPARAM>(Peek(previous) ? previous : nullptr);
     SendMessageW(handle, WM_NCACTIVATE, TRUE, other);
     SendMessageW(handle, WM_ACTIVATE, MAKEWPARAM(byMouse ? WA_CLICKACTIVE : WA_ACTIVE, minimised), other);
-    if (setFocus && state.active == handle && !FocusLiesIn(handle) && Peek(handle)) MoveFocus(handle);
+    if (setFocus && Input().active == handle && !FocusLiesIn(handle) && Peek(handle)) MoveFocus(handle);
     return Peek(handle) != nullptr;
 }
 
@@ -86,7 +93,7 @@ HWND SuccessorOf(const Window& leaving) {
     for (const Window* below = leaving.next; below; below = below->next) {
         if (CanActivate(below)) return below->handle;
     }
-    for (const Window* other = Desk().root->first; other; other = other->next) {
+    for (const Window* other = Windows().root->first; other; other = other->next) {
         if (other != &leaving && CanActivate(other)) return other->handle;
     }
     return nullptr;
@@ -104,19 +111,19 @@ void ActivateAnother(HWND leaving) {
 }
 
 void ForgetWindow(HWND handle) {
-    State& state = Desk();
-    if (state.focus == handle) state.focus = nullptr;
-    if (state.active == handle) state.active = nullptr;
-    if (state.capture == handle) state.capture = nullptr;
+    InputState& input = Input();
+    if (input.focus == handle) input.focus = nullptr;
+    if (input.active == handle) input.active = nullptr;
+    if (input.capture == handle) input.capture = nullptr;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HWND SetFocus(HWND handle) {
-    State& state = Desk();
-    const HWND previous = state.focus;
+    InputState& input = Input();
+    const HWND previous = input.focus;
     if (!handle) {
         if (!previous) return nullptr;
         if (HasHook(WH_CBT) && CallHooks(WH_CBT, HCBT_SETFOCUS, 0, reinterpret_cast<LPARAM>(previous))) return nullptr;
@@ -138,7 +145,7 @@ HWND SetFocus(HWND handle) {
     window = Peek(handle);
     if (!window) return nullptr;
     const Window* top = TopLevelOf(Peek(handle));
-    if (top->handle != state.active) {
+    if (top->handle != input.active) {
         if (!Activate(top->handle, false, false) || !Peek(handle)) return nullptr;
     }
     MoveFocus(handle);
@@ -146,17 +153,17 @@ HWND SetFocus(HWND handle) {
 }
 
 HWND GetFocus() {
-    return Desk().focus;
+    return Input().focus;
 }
 HWND GetActiveWindow() {
-    return Desk().active;
+    return Input().active;
 }
 HWND GetForegroundWindow() {
-    return Desk().active;
+    return Input().active;
 }
 
 HWND SetActiveWindow(HWND handle) {
-    const HWND previous = Desk().active;
+    const HWND previous = Input().active;
     if (!handle) {
         static_cast<void>(Activate(nullptr, false, true));
         return previous;
@@ -168,25 +175,24 @@ HWND SetActiveWindow(HWND handle) {
 
 BOOL SetForegroundWindow(HWND handle) {
     Window* window = TopLevelOf(Find(handle));
-    if (!window || window == Desk().root) return FALSE;
+    if (!window || window == Windows().root) return FALSE;
     return Activate(window->handle, false, true);
 }
 
 HWND SetCapture(HWND handle) {
-    State& state = Desk();
     if (handle && !Find(handle)) return nullptr;
-    const HWND previous = std::exchange(state.capture, handle);
+    const HWND previous = std::exchange(Input().capture, handle);
     if (Peek(previous)) SendMessageW(previous, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(handle));
     return previous;
 }
 
 BOOL ReleaseCapture() {
-    if (Desk().capture) SetCapture(nullptr);
+    if (Input().capture) SetCapture(nullptr);
     return TRUE;
 }
 
 HWND GetCapture() {
-    return Desk().capture;
+    return Input().capture;
 }
 
 // True when the window was disabled before.
@@ -205,8 +211,8 @@ BOOL EnableWindow(HWND handle, BOOL enable) {
     if (!window || wasDisabled) return wasDisabled;
     window->style |= WS_DISABLED;
     // A disabled window cannot have the focus; its children keep theirs.
-    if (Desk().focus == handle) SetFocus(nullptr);
-    const HWND capture = Desk().capture;
+    if (Input().focus == handle) SetFocus(nullptr);
+    const HWND capture = Input().capture;
     if (capture == handle || IsChild(handle, capture)) ReleaseCapture();
     if (Peek(handle)) SendMessageW(handle, WM_ENABLE, FALSE, 0);
     return FALSE;

@@ -1,13 +1,15 @@
 // Fonts, brushes and pens as records; stock objects; system colours.
+#include "platform/headless/desktop/gdi_objects.h"
+
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
 #include <unordered_map>
 #include <variant>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/gdi.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 struct Brush {
@@ -109,9 +111,9 @@ std::size_t LiveObjects() noexcept {
     return Objects().made;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HFONT CreateFontIndirectW(const LOGFONTW* font) {
     if (!font) return nullptr;

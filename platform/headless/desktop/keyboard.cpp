@@ -1,10 +1,21 @@
 // Key state, the characters that keys make (US layout), cursor shapes.
+#include "platform/headless/desktop/keyboard.h"
+
 #include <algorithm>
 #include <utility>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/gdi.h"
 
-using namespace qv::desk;
+namespace qv::headless {
+
+std::array<BYTE, 256>& Keys() {
+    static std::array<BYTE, 256> s_keys{};
+    return s_keys;
+}
+
+}  // namespace qv::headless
+
+using namespace qv::headless;
 
 namespace {
 
@@ -12,7 +23,7 @@ constexpr BYTE kDown = 0x80;
 constexpr BYTE kToggled = 0x01;
 
 bool IsDown(int key) {
-    return (Desk().keys[static_cast<std::size_t>(key)] & kDown) != 0;
+    return (Keys()[static_cast<std::size_t>(key)] & kDown) != 0;
 }
 
 struct KeyCharacters {
@@ -37,7 +48,7 @@ wchar_t CharacterOf(UINT key) {
     const bool control = IsDown(VK_CONTROL);
     if (key >= 'A' && key <= 'Z') {
         if (control) return static_cast<wchar_t>(key - 'A' + 1);
-        const bool capitals = shift != ((Desk().keys[VK_CAPITAL] & kToggled) != 0);
+        const bool capitals = shift != ((Keys()[VK_CAPITAL] & kToggled) != 0);
         return static_cast<wchar_t>(capitals ? key : key - 'A' + 'a');
     }
     if (key >= VK_NUMPAD0 && key <= VK_NUMPAD9) return static_cast<wchar_t>(L'0' + (key - VK_NUMPAD0));
@@ -70,19 +81,19 @@ BOOL TranslateMessage(const MSG* message) {
 }
 
 SHORT GetKeyState(int virtualKey) {
-    const BYTE state = Desk().keys[static_cast<std::size_t>(virtualKey & 0xFF)];
+    const BYTE state = Keys()[static_cast<std::size_t>(virtualKey & 0xFF)];
     return static_cast<SHORT>((state & kDown ? 0xFF80 : 0) | (state & kToggled));
 }
 
 BOOL GetKeyboardState(BYTE* state) {
     if (!state) return FALSE;
-    std::copy(Desk().keys.begin(), Desk().keys.end(), state);
+    std::copy(Keys().begin(), Keys().end(), state);
     return TRUE;
 }
 
 BOOL SetKeyboardState(BYTE* state) {
     if (!state) return FALSE;
-    std::copy_n(state, Desk().keys.size(), Desk().keys.begin());
+    std::copy_n(state, Keys().size(), Keys().begin());
     return TRUE;
 }
 

@@ -1,8 +1,11 @@
+#include "platform/headless/desktop/menu_table.h"
+
 #include <unordered_map>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 namespace {
 
 // The submenus of every menu.
@@ -28,9 +31,9 @@ void DestroyMenuOf(Window& window) {
     if (!IsChildStyle(window) && window.menu && IsMenu(window.menu)) DestroyMenu(window.menu);
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 HMENU CreateMenu() {
     return NewMenu();

@@ -1,38 +1,9 @@
-// Update regions, kept as bounding rectangles, and the messages that empty them.
-#include "platform/headless/desktop/desktop_state.h"
+// The calls about update regions, and the messages that empty them.
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/update_region.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
-
-// Only what can be seen becomes invalid: hidden windows are painted whole when they are shown.
-void Invalidate(Window& window, const RECT* rect, bool erase, bool children) {
-    const RECT client{0, 0, WidthOf(window.client), HeightOf(window.client)};
-    RECT area = rect ? *rect : client;
-    IntersectRect(&area, &area, &client);
-    if (!window.dirty) {
-        window.dirty = true;
-        window.update = area;
-        Desk().dirtyWindows.push_back(window.handle);
-    } else {
-        UnionRect(&window.update, &window.update, &area);
-    }
-    window.erase = window.erase || erase;
-    if (!children) return;
-    for (Window* child = window.first; child; child = child->next) {
-        RECT common{};
-        if (!(child->style & WS_VISIBLE) || !IntersectRect(&common, &child->place, &area)) continue;
-        OffsetRect(&common, -child->place.left - child->client.left, -child->place.top - child->client.top);
-        Invalidate(*child, rect ? &common : nullptr, erase, true);
-    }
-}
-
-void Validate(Window& window, bool children) {
-    window.dirty = false;
-    window.erase = false;
-    window.update = {};
-    if (!children) return;
-    for (Window* child = window.first; child; child = child->next)
-        Validate(*child, true);
-}
+namespace qv::headless {
 
 namespace {
 
@@ -47,9 +18,9 @@ void UpdateNow(HWND handle, bool children) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL InvalidateRect(HWND handle, const RECT* rect, BOOL erase) {
     return RedrawWindow(handle, rect, nullptr, RDW_INVALIDATE | (erase ? static_cast<UINT>(RDW_ERASE) : 0u));
@@ -76,12 +47,12 @@ BOOL UpdateWindow(HWND handle) {
 }
 
 BOOL RedrawWindow(HWND handle, const RECT* rect, HRGN, UINT flags) {
-    Window* window = handle ? Find(handle) : Desk().root;
+    Window* window = handle ? Find(handle) : Windows().root;
     if (!window) return FALSE;
     const bool children =
         (flags & RDW_ALLCHILDREN) || (!(flags & RDW_NOCHILDREN) && !(window->style & WS_CLIPCHILDREN));
     if (flags & RDW_INVALIDATE) {
-        if (window != Desk().root && IsShown(window)) Invalidate(*window, rect, (flags & RDW_ERASE) != 0, children);
+        if (window != Windows().root && IsShown(window)) Invalidate(*window, rect, (flags & RDW_ERASE) != 0, children);
     } else if (flags & RDW_VALIDATE) {
         Validate(*window, children);
     }

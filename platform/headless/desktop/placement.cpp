@@ -1,10 +1,16 @@
 // Moving and sizing windows: position messages, client rectangles, z-order.
+#include "platform/headless/desktop/placement.h"
+
 #include <algorithm>
 #include <unordered_map>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/screen.h"
+#include "platform/headless/desktop/update_region.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 bool HasTrackSize(DWORD style) noexcept {
     return (style & WS_THICKFRAME) || !(style & (WS_POPUP | WS_CHILD));
@@ -18,12 +24,12 @@ MINMAXINFO QueryMinMax(HWND handle) {
     RECT frame{};
     AdjustWindowRectEx(&frame, window->style, FALSE, window->exStyle);
     const LONG border = -frame.left;
-    const State& state = Desk();
-    RECT space{0, 0, state.screen.cx, state.screen.cy};
+    const ScreenState& screen = Screen();
+    RECT space{0, 0, screen.size.cx, screen.size.cy};
     // With a maximise box and a caption a window keeps clear of the task bar.
     if ((window->style & WS_MAXIMIZEBOX) &&
         ((window->style & WS_CAPTION) == WS_CAPTION || !(window->style & (WS_CHILD | WS_POPUP)))) {
-        space = state.workArea;
+        space = screen.workArea;
     }
     if (IsChildStyle(*window) && window->parent) {
         space = {0, 0, WidthOf(window->parent->client), HeightOf(window->parent->client)};
@@ -135,7 +141,7 @@ bool PlaceWindow(WINDOWPOS position) {
     const HWND handle = position.hwnd;
     Window* window = Find(handle);
     if (!window) return false;
-    if (window == Desk().root) return false;
+    if (window == Windows().root) return false;
     if (!(position.flags & SWP_NOSENDCHANGING)) {
         SendMessageW(handle, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&position));
         window = Peek(handle);
@@ -192,9 +198,9 @@ bool PlaceWindow(WINDOWPOS position) {
     return true;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags) {
     return PlaceWindow({window, insertAfter, x, y, width, height, flags});

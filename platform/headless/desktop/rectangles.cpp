@@ -1,13 +1,15 @@
 // Where windows are: coordinate spaces, and arithmetic on rectangles.
+#include "platform/headless/desktop/rectangles.h"
+
 #include <algorithm>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 POINT ClientOrigin(const Window* window) noexcept {
     POINT origin{};
-    for (; window && window != Desk().root; window = window->parent) {
+    for (; window && window != Windows().root; window = window->parent) {
         origin.x += window->place.left + window->client.left;
         origin.y += window->place.top + window->client.top;
     }
@@ -21,9 +23,9 @@ RECT ScreenRect(const Window& window) noexcept {
     return rect;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL GetWindowRect(HWND handle, RECT* rect) {
     const Window* window = Find(handle);
@@ -57,8 +59,8 @@ BOOL ScreenToClient(HWND handle, POINT* point) {
 
 // The low word of the result is the horizontal distance, the high word the vertical one.
 int MapWindowPoints(HWND from, HWND to, POINT* points, UINT count) {
-    const Window* source = from ? Find(from) : Desk().root;
-    const Window* target = to ? Find(to) : Desk().root;
+    const Window* source = from ? Find(from) : Windows().root;
+    const Window* target = to ? Find(to) : Windows().root;
     if (!source || !target) return 0;
     const POINT a = ClientOrigin(source);
     const POINT b = ClientOrigin(target);
@@ -90,7 +92,7 @@ const Window* Hit(const Window& window, POINT point) {
 }  // namespace
 
 HWND WindowFromPoint(POINT point) {
-    return Hit(*Desk().root, point)->handle;
+    return Hit(*Windows().root, point)->handle;
 }
 
 BOOL IsRectEmpty(const RECT* rect) {

@@ -1,11 +1,55 @@
 // The screen and its measures. One monitor; measures are those of the platform's plain theme at 96 dots an inch,
 // scaled.
+#include "platform/headless/desktop/screen.h"
+
 #include <algorithm>
+#include <cstdlib>
 #include <cwchar>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/window_table.h"
 
-using namespace qv::desk;
+namespace qv::headless {
+
+namespace {
+
+constexpr int kUsualWidth = 1920;
+constexpr int kUsualHeight = 1200;
+
+// The resolution that the desktop has at first: QV_DPI, so that whole test programs can run at another one.
+UINT FirstDpi() {
+    const char* text = std::getenv("QV_DPI");
+    const int dpi = text != nullptr ? std::atoi(text) : 0;
+    return dpi > 0 ? static_cast<UINT>(dpi) : USER_DEFAULT_SCREEN_DPI;
+}
+
+// What QV_SCREEN says ("1366x768"), or as many pixels as make the usual screen as large to the eye at the resolution.
+SIZE FirstScreen() {
+    SIZE size{};
+    if (const char* text = std::getenv("QV_SCREEN"); text != nullptr) {
+        char* end = nullptr;
+        size.cx = static_cast<LONG>(std::strtol(text, &end, 10));
+        if (*end == 'x') size.cy = static_cast<LONG>(std::strtol(end + 1, nullptr, 10));
+        if (size.cx > 0 && size.cy > 0) return size;
+    }
+    const int dpi = static_cast<int>(FirstDpi());
+    return {MulDiv(kUsualWidth, dpi, USER_DEFAULT_SCREEN_DPI), MulDiv(kUsualHeight, dpi, USER_DEFAULT_SCREEN_DPI)};
+}
+
+}  // namespace
+
+ScreenState::ScreenState() : size(FirstScreen()), workArea{0, 0, size.cx, size.cy}, dpi(FirstDpi()) {}
+
+ScreenState& Screen() {
+    static ScreenState s_screen;
+    return s_screen;
+}
+
+}  // namespace qv::headless
+
+using namespace qv::headless;
 
 namespace {
 
@@ -20,7 +64,7 @@ constexpr int kIcon = 32;
 constexpr int kSmallIcon = 16;
 
 int Scaled(int pixels) {
-    return MulDiv(pixels, static_cast<int>(Desk().dpi), USER_DEFAULT_SCREEN_DPI);
+    return MulDiv(pixels, static_cast<int>(Screen().dpi), USER_DEFAULT_SCREEN_DPI);
 }
 
 const HMONITOR kMonitor = reinterpret_cast<HMONITOR>(std::uintptr_t{0x10001});
@@ -55,14 +99,14 @@ bool FillNonClientMetrics(UINT size, void* data) {
 }  // namespace
 
 int GetSystemMetrics(int index) {
-    const State& state = Desk();
+    const ScreenState& screen = Screen();
     switch (index) {
         case SM_CXSCREEN:
         case SM_CXVIRTUALSCREEN:
-            return state.screen.cx;
+            return screen.size.cx;
         case SM_CYSCREEN:
         case SM_CYVIRTUALSCREEN:
-            return state.screen.cy;
+            return screen.size.cy;
         case SM_CXVSCROLL:
         case SM_CYHSCROLL:
         case SM_CYVSCROLL:
@@ -109,13 +153,13 @@ int GetSystemMetrics(int index) {
         case SM_CYMINTRACK:
             return Scaled(kCaption) + 2 * kSizeFrame;
         case SM_CXMAXIMIZED:
-            return WidthOf(state.workArea) + 2 * kSizeFrame;
+            return WidthOf(screen.workArea) + 2 * kSizeFrame;
         case SM_CYMAXIMIZED:
-            return HeightOf(state.workArea) + 2 * kSizeFrame;
+            return HeightOf(screen.workArea) + 2 * kSizeFrame;
         case SM_CXMAXTRACK:
-            return state.screen.cx + 4 + 2 * kSizeFrame;
+            return screen.size.cx + 4 + 2 * kSizeFrame;
         case SM_CYMAXTRACK:
-            return state.screen.cy + 4 + 2 * kSizeFrame;
+            return screen.size.cy + 4 + 2 * kSizeFrame;
         case SM_CXMINIMIZED:
             return Scaled(160);
         case SM_CYMINIMIZED:
@@ -137,7 +181,7 @@ BOOL SystemParametersInfoW(UINT action, UINT size, LPVOID data, UINT) {
     switch (action) {
         case SPI_GETWORKAREA:
             if (!data) return FALSE;
-            *static_cast<RECT*>(data) = Desk().workArea;
+            *static_cast<RECT*>(data) = Screen().workArea;
             return TRUE;
         case SPI_GETNONCLIENTMETRICS:
             if (FillNonClientMetrics(size, data)) return TRUE;
@@ -160,7 +204,7 @@ BOOL SystemParametersInfoW(UINT action, UINT size, LPVOID data, UINT) {
 }
 
 HMONITOR MonitorFromRect(LPCRECT rect, DWORD flags) {
-    const RECT screen{0, 0, Desk().screen.cx, Desk().screen.cy};
+    const RECT screen{0, 0, Screen().size.cx, Screen().size.cy};
     RECT common{};
     return flags != MONITOR_DEFAULTTONULL || IntersectRect(&common, rect, &screen) ? kMonitor : nullptr;
 }
@@ -176,14 +220,14 @@ BOOL GetMonitorInfoW(HMONITOR monitor, MONITORINFO* info) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    info->rcMonitor = {0, 0, Desk().screen.cx, Desk().screen.cy};
-    info->rcWork = Desk().workArea;
+    info->rcMonitor = {0, 0, Screen().size.cx, Screen().size.cy};
+    info->rcWork = Screen().workArea;
     info->dwFlags = MONITORINFOF_PRIMARY;
     return TRUE;
 }
 
 UINT GetDpiForWindow(HWND window) {
-    return Find(window) ? Desk().dpi : 0;
+    return Find(window) ? Screen().dpi : 0;
 }
 
 BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {

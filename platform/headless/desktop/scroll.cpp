@@ -2,9 +2,12 @@
 // stay with the window when it is hidden.
 #include <algorithm>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 ScrollBar* BarOf(Window& window, int bar) noexcept {
     return bar == SB_HORZ || bar == SB_VERT ? &window.bars[bar] : nullptr;
@@ -67,9 +70,9 @@ int ApplyInfo(HWND handle, int which, const SCROLLINFO& info) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 int SetScrollInfo(HWND handle, int bar, const SCROLLINFO* info, BOOL) {
     if (!info || !Find(handle)) return 0;

@@ -1,9 +1,17 @@
 // Showing, hiding, minimising, maximising, and the placement record that remembers all of it.
+#include "platform/headless/desktop/show_window.h"
+
 #include <algorithm>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/focus.h"
+#include "platform/headless/desktop/hooks.h"
+#include "platform/headless/desktop/placement.h"
+#include "platform/headless/desktop/rectangles.h"
+#include "platform/headless/desktop/screen.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 namespace {
 
@@ -27,7 +35,7 @@ RECT MinimisedRect(Window& window) {
     const LONG height = GetSystemMetrics(SM_CYMINIMIZED);
     if (!IsSet(window.minimised)) {
         const RECT space = IsTopLevel(window)
-                               ? Desk().workArea
+                               ? Screen().workArea
                                : RECT{0, 0, WidthOf(window.parent->client), HeightOf(window.parent->client)};
         window.minimised = {space.left, space.bottom - height};
     }
@@ -122,9 +130,9 @@ UINT PositionFlags(const Window& window, int show) {
 
 // A window that has gone leaves the focus to its parent and the activation to another window.
 void LeaveFocus(HWND handle) {
-    if (Desk().active == handle) ActivateAnother(handle);
+    if (Input().active == handle) ActivateAnother(handle);
     const Window* window = Peek(handle);
-    const Window* focus = Peek(Desk().focus);
+    const Window* focus = Peek(Input().focus);
     // A child inside keeps the focus although nobody sees it any more.
     if (!window || focus != window) return;
     const HWND parent = IsTopLevel(*window) ? nullptr : HandleOf(window->parent);
@@ -156,13 +164,13 @@ void ToggleInHiddenParent(Window& window, bool visible) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL ShowWindow(HWND handle, int show) {
     Window* window = Find(handle);
-    if (!window || window == Desk().root) return FALSE;
+    if (!window || window == Windows().root) return FALSE;
     if (show < SW_HIDE || show > SW_FORCEMINIMIZE) {
         SetLastError(ERROR_INVALID_SHOWWIN_COMMAND);
         return FALSE;
@@ -178,7 +186,7 @@ BOOL ShowWindow(HWND handle, int show) {
     const bool wasMinimised = (window->style & WS_MINIMIZE) != 0;
     const UINT flags = PositionFlags(*window, show);
     RECT place = window->place;
-    if (changesState && IsMinimising(show) && Desk().focus == handle) SetFocus(nullptr);
+    if (changesState && IsMinimising(show) && Input().focus == handle) SetFocus(nullptr);
     if (changesState) {
         place = ChangeShowState(*window, show);
         if (!Peek(handle)) return wasVisible;
@@ -203,13 +211,13 @@ BOOL ShowWindow(HWND handle, int show) {
     SendPendingSize(handle);
     window = Peek(handle);
     if (window && wasMinimised && !(window->style & WS_MINIMIZE)) SetFocus(handle);
-    if (window && show == SW_MINIMIZE && Desk().active == handle && HasSuccessor(handle)) ActivateAnother(handle);
+    if (window && show == SW_MINIMIZE && Input().active == handle && HasSuccessor(handle)) ActivateAnother(handle);
     return wasVisible;
 }
 
 BOOL IsWindowVisible(HWND handle) {
     const Window* window = Find(handle);
-    return window && (window == Desk().root || IsShown(window));
+    return window && (window == Windows().root || IsShown(window));
 }
 
 BOOL IsIconic(HWND handle) {
@@ -227,17 +235,17 @@ namespace {
 // Between screen and workspace coordinates; tool windows and children have no workspace.
 POINT WorkspaceOffset(const Window& window) {
     if (!IsTopLevel(window) || (window.exStyle & WS_EX_TOOLWINDOW)) return {0, 0};
-    return {Desk().workArea.left, Desk().workArea.top};
+    return {Screen().workArea.left, Screen().workArea.top};
 }
 
 // A window that would lie off the screen altogether is brought back onto it.
 void BringOnScreen(const Window& window, RECT& rect) {
     if (!IsTopLevel(window)) return;
-    const State& state = Desk();
-    const RECT screen{0, 0, state.screen.cx, state.screen.cy};
+    const ScreenState& screenState = Screen();
+    const RECT screen{0, 0, screenState.size.cx, screenState.size.cy};
     RECT common{};
     if (IntersectRect(&common, &rect, &screen)) return;
-    const RECT& area = state.workArea;
+    const RECT& area = screenState.workArea;
     const LONG width = WidthOf(rect);
     const LONG height = HeightOf(rect);
     rect.left = std::max(area.left, std::min(rect.left, Difference(area.right, width)));

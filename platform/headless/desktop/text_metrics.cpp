@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/gdi.h"
+#include "platform/headless/desktop/screen.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 namespace {
 
@@ -46,7 +47,7 @@ LONG EmHeight(const LOGFONTW& font) noexcept {
     constexpr LONG kPointsPerInch = 72;
     if (font.lfHeight < 0) return -font.lfHeight;
     if (font.lfHeight > 0) return std::max(MulDiv(font.lfHeight, kTableEm, kTableCell), 1);
-    return MulDiv(kDefaultPoints, static_cast<int>(Desk().dpi), kPointsPerInch);
+    return MulDiv(kDefaultPoints, static_cast<int>(Screen().dpi), kPointsPerInch);
 }
 
 LONG CharWidth(const LOGFONTW& font, wchar_t unit) noexcept {
@@ -71,7 +72,7 @@ TEXTMETRICW MetricsOf(const LOGFONTW& font) noexcept {
     metrics.tmAveCharWidth = Scale(kTableAverage, em);
     metrics.tmMaxCharWidth = Scale(kTableWidest, em);
     metrics.tmWeight = font.lfWeight ? font.lfWeight : FW_NORMAL;
-    metrics.tmDigitizedAspectX = metrics.tmDigitizedAspectY = static_cast<LONG>(Desk().dpi);
+    metrics.tmDigitizedAspectX = metrics.tmDigitizedAspectY = static_cast<LONG>(Screen().dpi);
     metrics.tmFirstChar = 0x20;
     metrics.tmLastChar = 0xFFFD;
     metrics.tmDefaultChar = 0x1F;
@@ -84,4 +85,4 @@ TEXTMETRICW MetricsOf(const LOGFONTW& font) noexcept {
     return metrics;
 }
 
-}  // namespace qv::desk
+}  // namespace qv::headless

@@ -7,7 +7,7 @@
 
 #include "platform/headless/desktop/gdi.h"
 
-namespace qv::desk {
+namespace qv::headless {
 
 // The character height in pixels that a font asks for: negative heights are characters, positive ones cells, 0 a
 // default.
@@ -16,4 +16,4 @@ namespace qv::desk {
 [[nodiscard]] LONG TextWidth(const LOGFONTW& font, std::wstring_view text) noexcept;
 [[nodiscard]] TEXTMETRICW MetricsOf(const LOGFONTW& font) noexcept;
 
-}  // namespace qv::desk
+}  // namespace qv::headless

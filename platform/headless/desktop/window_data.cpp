@@ -3,9 +3,11 @@
 #include <cstring>
 #include <cwchar>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/update_region.h"
+#include "platform/headless/desktop/window_table.h"
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 namespace {
 

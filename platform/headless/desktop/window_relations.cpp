@@ -1,7 +1,9 @@
 // Questions about windows and their places in the tree: parents, owners, neighbours, searches and enumerations.
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/base/error.h"
+#include "platform/headless/desktop/classes.h"
+#include "platform/headless/desktop/window_table.h"
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 BOOL IsWindow(HWND window) {
     return Peek(window) != nullptr;
@@ -25,28 +27,9 @@ HWND GetParent(HWND handle) {
     return window->style & WS_CHILD ? HandleOf(window->parent) : nullptr;
 }
 
-HWND SetParent(HWND handle, HWND parent) {
-    Window* window = Find(handle);
-    Window* target = parent == HWND_MESSAGE ? Desk().messageRoot : parent ? Find(parent) : Desk().root;
-    if (!window || !target) return nullptr;
-    if (window == target || IsDescendant(window, target)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    const bool wasVisible = ShowWindow(handle, SW_HIDE) != FALSE;
-    window = Peek(handle);
-    if (!window) return nullptr;
-    const HWND old = HandleOf(window->parent);
-    Unlink(*window);
-    Link(*window, *target, HWND_BOTTOM);
-    SetWindowPos(handle, HWND_TOP, window->place.left, window->place.top, 0, 0, SWP_NOSIZE);
-    if (wasVisible) ShowWindow(handle, SW_SHOW);
-    return old;
-}
-
 HWND GetAncestor(HWND handle, UINT which) {
     Window* window = Find(handle);
-    if (!window || window == Desk().root) return nullptr;
+    if (!window || window == Windows().root) return nullptr;
     switch (which) {
         case GA_PARENT:
             return HandleOf(window->parent);
@@ -54,7 +37,7 @@ HWND GetAncestor(HWND handle, UINT which) {
             return HandleOf(TopLevelOf(window));
         case GA_ROOTOWNER:
             while (const HWND up = GetParent(window->handle)) {
-                if (up == Desk().root->handle) break;
+                if (up == Windows().root->handle) break;
                 window = Peek(up);
             }
             return HandleOf(window);
@@ -92,11 +75,11 @@ HWND GetWindow(HWND handle, UINT relation) {
 }
 
 HWND GetDesktopWindow() {
-    return Desk().root->handle;
+    return Windows().root->handle;
 }
 
 HWND FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text) {
-    const Window* start = parent == HWND_MESSAGE ? Desk().messageRoot : parent ? Find(parent) : Desk().root;
+    const Window* start = parent == HWND_MESSAGE ? Windows().messageRoot : parent ? Find(parent) : Windows().root;
     if (!start) return nullptr;
     const Window* window = start->first;
     if (after) {
@@ -139,7 +122,7 @@ BOOL EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM param) {
 }
 
 BOOL EnumThreadWindows(DWORD, WNDENUMPROC callback, LPARAM param) {
-    for (const HWND window : ChildrenOf(*Desk().root)) {
+    for (const HWND window : ChildrenOf(*Windows().root)) {
         if (Peek(window) && !callback(window, param)) return FALSE;
     }
     return TRUE;

@@ -1,14 +1,24 @@
 // Sending, posting and retrieving messages; timers.
+#include "platform/headless/desktop/message_queue.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/headless/desktop/desktop_state.h"
+#include "platform/headless/desktop/hooks.h"
+#include "platform/headless/desktop/update_region.h"
+#include "platform/headless/desktop/window_table.h"
 
-namespace qv::desk {
+namespace qv::headless {
+
+MessageQueue& Queue() {
+    static MessageQueue& s_queue = *new MessageQueue;
+    return s_queue;
+}
 
 void DropMessages(HWND handle) {
-    std::erase_if(Desk().queue, [&](const MSG& message) { return message.hwnd == handle; });
+    std::erase_if(Queue().timers, [&](const Timer& timer) { return timer.window == handle; });
+    std::erase_if(Queue().posted, [&](const MSG& message) { return message.hwnd == handle; });
 }
 
 namespace {
@@ -46,7 +56,7 @@ MSG Stamp(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool TakePosted(const Filter& filter, bool remove, MSG& message) {
-    std::deque<MSG>& queue = Desk().queue;
+    std::deque<MSG>& queue = Queue().posted;
     const auto found = std::find_if(queue.begin(), queue.end(), [&](const MSG& candidate) {
         return filter.TakesMessage(candidate.message) && filter.TakesWindow(candidate.hwnd);
     });
@@ -57,17 +67,17 @@ bool TakePosted(const Filter& filter, bool remove, MSG& message) {
 }
 
 bool TakeQuit(bool remove, MSG& message) {
-    State& state = Desk();
-    if (!state.quitPosted) return false;
-    message = Stamp(nullptr, WM_QUIT, static_cast<WPARAM>(state.exitCode), 0);
-    if (remove) state.quitPosted = false;
+    MessageQueue& queue = Queue();
+    if (!queue.quitPosted) return false;
+    message = Stamp(nullptr, WM_QUIT, static_cast<WPARAM>(queue.exitCode), 0);
+    if (remove) queue.quitPosted = false;
     return true;
 }
 
 // Paint messages are made when there is nothing else to do, and stay until the window validates itself.
 bool TakePaint(const Filter& filter, MSG& message) {
     if (!filter.TakesMessage(WM_PAINT)) return false;
-    std::deque<HWND>& dirty = Desk().dirtyWindows;
+    std::deque<HWND>& dirty = DirtyWindows();
     for (auto it = dirty.begin(); it != dirty.end();) {
         const Window* window = Peek(*it);
         if (!window || !window->dirty) {
@@ -86,16 +96,16 @@ bool TakePaint(const Filter& filter, MSG& message) {
 // Timers run on a clock that jumps: a caller that would wait for one gets it at once.
 bool TakeTimer(const Filter& filter, bool wait, bool remove, MSG& message) {
     if (!filter.TakesMessage(WM_TIMER)) return false;
-    State& state = Desk();
+    MessageQueue& queue = Queue();
     Timer* next = nullptr;
-    for (Timer& timer : state.timers) {
+    for (Timer& timer : queue.timers) {
         if (filter.TakesWindow(timer.window) && (!next || timer.due < next->due)) next = &timer;
     }
     if (!next) return false;
-    const DWORD now = GetTickCount() + state.clock;
+    const DWORD now = GetTickCount() + queue.clock;
     if (next->due > now) {
         if (!wait) return false;
-        state.clock += next->due - now;
+        queue.clock += next->due - now;
     }
     message = Stamp(next->window, WM_TIMER, next->id, reinterpret_cast<LPARAM>(next->callback));
     if (remove) next->due += std::max(next->period, 1u);
@@ -114,13 +124,13 @@ bool Retrieve(MSG& message, const Filter& filter, bool remove, bool wait) {
 }
 
 }  // namespace
-}  // namespace qv::desk
+}  // namespace qv::headless
 
-using namespace qv::desk;
+using namespace qv::headless;
 
 LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (window == HWND_BROADCAST) {
-        for (const HWND top : ChildrenOf(*Desk().root)) {
+        for (const HWND top : ChildrenOf(*Windows().root)) {
             if (Peek(top)) Deliver(top, message, wParam, lParam);
         }
         return 1;
@@ -130,18 +140,18 @@ LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (window == HWND_BROADCAST) {
-        for (const HWND top : ChildrenOf(*Desk().root))
-            Desk().queue.push_back(Stamp(top, message, wParam, lParam));
+        for (const HWND top : ChildrenOf(*Windows().root))
+            Queue().posted.push_back(Stamp(top, message, wParam, lParam));
         return TRUE;
     }
     if (window && !Find(window)) return FALSE;
-    Desk().queue.push_back(Stamp(window, message, wParam, lParam));
+    Queue().posted.push_back(Stamp(window, message, wParam, lParam));
     return TRUE;
 }
 
 void PostQuitMessage(int exitCode) {
-    Desk().quitPosted = true;
-    Desk().exitCode = exitCode;
+    Queue().quitPosted = true;
+    Queue().exitCode = exitCode;
 }
 
 BOOL PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove) {
@@ -174,26 +184,26 @@ LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wPa
 }
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC callback) {
-    State& state = Desk();
+    MessageQueue& queue = Queue();
     if (window && !Find(window)) return 0;
     constexpr UINT kShortest = 10;
     const UINT period = std::max(milliseconds, kShortest);
-    const DWORD due = GetTickCount() + state.clock + period;
-    const auto known = std::find_if(state.timers.begin(), state.timers.end(),
+    const DWORD due = GetTickCount() + queue.clock + period;
+    const auto known = std::find_if(queue.timers.begin(), queue.timers.end(),
                                     [&](const Timer& timer) { return timer.window == window && timer.id == id; });
-    if (known != state.timers.end()) {
+    if (known != queue.timers.end()) {
         *known = {window, id, period, callback, due};
         return window ? TRUE : id;
     }
-    const UINT_PTR given = window ? id : state.nextTimer++;
-    state.timers.push_back({window, given, period, callback, due});
+    const UINT_PTR given = window ? id : queue.nextTimer++;
+    queue.timers.push_back({window, given, period, callback, due});
     return window && !id ? TRUE : given;
 }
 
 BOOL KillTimer(HWND window, UINT_PTR id) {
     const auto removed =
-        std::erase_if(Desk().timers, [&](const Timer& timer) { return timer.window == window && timer.id == id; });
-    std::erase_if(Desk().queue, [&](const MSG& message) {
+        std::erase_if(Queue().timers, [&](const Timer& timer) { return timer.window == window && timer.id == id; });
+    std::erase_if(Queue().posted, [&](const MSG& message) {
         return message.message == WM_TIMER && message.hwnd == window && message.wParam == id;
     });
     return removed != 0;
