@@ -9,18 +9,13 @@ struct LocaleFacts {
     LCID locale;
     const wchar_t* decimal;
     const wchar_t* thousands;
-    const wchar_t* list;
-    const wchar_t* language;
-    const wchar_t* country;
     const wchar_t* currency;
 };
 
 constexpr LocaleFacts kLocales[] = {
-    {0x0409, L".", L",", L",", L"en", L"US", L"$"},           {0x0809, L".", L",", L",", L"en", L"GB", L"\u00A3"},
-    {0x0407, L",", L".", L";", L"de", L"DE", L"\u20AC"},      {0x0807, L".", L"\u2019", L";", L"de", L"CH", L"CHF"},
-    {0x0C07, L",", L"\u00A0", L";", L"de", L"AT", L"\u20AC"}, {0x040C, L",", L"\u202F", L";", L"fr", L"FR", L"\u20AC"},
-    {0x0410, L",", L".", L";", L"it", L"IT", L"\u20AC"},      {0x040A, L",", L".", L";", L"es", L"ES", L"\u20AC"},
-    {0x007F, L".", L",", L",", L"iv", L"IV", L"\u00A4"},
+    {0x0409, L".", L",", L"$"},        {0x0809, L".", L",", L"\u00A3"},      {0x0407, L",", L".", L"\u20AC"},
+    {0x0807, L".", L"\u2019", L"CHF"}, {0x0C07, L",", L"\u00A0", L"\u20AC"}, {0x040C, L",", L"\u202F", L"\u20AC"},
+    {0x0410, L",", L".", L"\u20AC"},   {0x040A, L",", L".", L"\u20AC"},      {0x007F, L".", L",", L"\u00A4"},
 };
 
 constexpr LCID kUserLocale = 0x0409;
@@ -63,22 +58,8 @@ int GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
         case LOCALE_STHOUSAND:
             text = facts->thousands;
             break;
-        case LOCALE_SLIST:
-            text = facts->list;
-            break;
         case LOCALE_SCURRENCY:
             text = facts->currency;
-            break;
-        case LOCALE_SNEGATIVESIGN:
-            text = L"-";
-            break;
-        case LOCALE_SPOSITIVESIGN:
-            break;
-        case LOCALE_SISO639LANGNAME:
-            text = facts->language;
-            break;
-        case LOCALE_SISO3166CTRYNAME:
-            text = facts->country;
             break;
         default:
             SetLastError(ERROR_INVALID_FLAGS);

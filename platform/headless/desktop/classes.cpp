@@ -121,20 +121,8 @@ ULONG_PTR GetClassLongPtrW(HWND window, int index) {
     if (!found) return 0;
     const WNDCLASSEXW& info = found->windowClass->info;
     switch (index) {
-        case GCW_ATOM:
-            return found->windowClass->atom;
         case GCL_STYLE:
             return info.style;
-        case GCLP_HICON:
-            return reinterpret_cast<ULONG_PTR>(info.hIcon);
-        case GCLP_HICONSM:
-            return reinterpret_cast<ULONG_PTR>(info.hIconSm);
-        case GCLP_HBRBACKGROUND:
-            return reinterpret_cast<ULONG_PTR>(info.hbrBackground);
-        case GCLP_HCURSOR:
-            return reinterpret_cast<ULONG_PTR>(info.hCursor);
-        case GCLP_WNDPROC:
-            return reinterpret_cast<ULONG_PTR>(info.lpfnWndProc);
         default:
             SetLastError(ERROR_INVALID_INDEX);
             return 0;

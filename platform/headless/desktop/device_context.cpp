@@ -105,17 +105,8 @@ int ReleaseDC(HWND, HDC dc) {
 int GetDeviceCaps(HDC dc, int index) {
     if (!FindContext(dc)) return 0;
     switch (index) {
-        case LOGPIXELSX:
         case LOGPIXELSY:
             return static_cast<int>(Screen().dpi);
-        case HORZRES:
-            return Screen().size.cx;
-        case VERTRES:
-            return Screen().size.cy;
-        case BITSPIXEL:
-            return 32;
-        case TECHNOLOGY:
-            return 1;
         default:
             return 0;
     }

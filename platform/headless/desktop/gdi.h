@@ -4,12 +4,7 @@
 
 #include "platform/headless/desktop/user.h"
 
-#define LOGPIXELSX 88
 #define LOGPIXELSY 90
-#define BITSPIXEL 12
-#define HORZRES 8
-#define VERTRES 10
-#define TECHNOLOGY 2
 #define COLOR_WINDOW 5
 #define COLOR_WINDOWFRAME 6
 #define COLOR_WINDOWTEXT 8
@@ -27,9 +22,7 @@
 #define ANSI_FIXED_FONT 11
 #define ANSI_VAR_FONT 12
 #define SYSTEM_FONT 13
-#define DEVICE_DEFAULT_FONT 14
 #define DEFAULT_PALETTE 15
-#define SYSTEM_FIXED_FONT 16
 #define DEFAULT_GUI_FONT 17
 #define FW_NORMAL 400
 #define FW_BOLD 700

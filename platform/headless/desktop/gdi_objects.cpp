@@ -72,8 +72,6 @@ Object StockObject(int which) {
         case DEFAULT_GUI_FONT:
             return {StockFont(L"MS Shell Dlg", -11), true};
         case SYSTEM_FONT:
-        case SYSTEM_FIXED_FONT:
-        case DEVICE_DEFAULT_FONT:
             return {StockFont(L"System", 16), true};
         case ANSI_VAR_FONT:
         case ANSI_FIXED_FONT:

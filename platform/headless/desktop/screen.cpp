@@ -60,8 +60,6 @@ constexpr int kMenuBar = 19;
 constexpr int kFixedFrame = 3;
 constexpr int kSizeFrame = 4;
 constexpr int kEdge = 2;
-constexpr int kIcon = 32;
-constexpr int kSmallIcon = 16;
 
 int Scaled(int pixels) {
     return MulDiv(pixels, static_cast<int>(Screen().dpi), USER_DEFAULT_SCREEN_DPI);
@@ -102,17 +100,11 @@ int GetSystemMetrics(int index) {
     const ScreenState& screen = Screen();
     switch (index) {
         case SM_CXSCREEN:
-        case SM_CXVIRTUALSCREEN:
             return screen.size.cx;
         case SM_CYSCREEN:
-        case SM_CYVIRTUALSCREEN:
             return screen.size.cy;
         case SM_CXVSCROLL:
         case SM_CYHSCROLL:
-        case SM_CYVSCROLL:
-        case SM_CXHSCROLL:
-        case SM_CYVTHUMB:
-        case SM_CXHTHUMB:
             return Scaled(kScrollBar);
         case SM_CYCAPTION:
             return Scaled(kCaption);
@@ -120,42 +112,13 @@ int GetSystemMetrics(int index) {
             return Scaled(kSmallCaption);
         case SM_CYMENU:
             return Scaled(kMenuBar);
-        case SM_CXBORDER:
-        case SM_CYBORDER:
-            return 1;
-        case SM_CXFIXEDFRAME:
-        case SM_CYFIXEDFRAME:
-            return kFixedFrame;
-        case SM_CXSIZEFRAME:
-        case SM_CYSIZEFRAME:
-            return kSizeFrame;
         case SM_CXEDGE:
         case SM_CYEDGE:
             return kEdge;
-        case SM_CXICON:
-        case SM_CYICON:
-        case SM_CXCURSOR:
-        case SM_CYCURSOR:
-            return Scaled(kIcon);
-        case SM_CXSMICON:
-        case SM_CYSMICON:
-            return Scaled(kSmallIcon);
-        case SM_CXMENUCHECK:
-        case SM_CYMENUCHECK:
-            return Scaled(15);
-        case SM_CXSIZE:
-        case SM_CYSIZE:
-            return Scaled(kCaption - 1);
-        case SM_CXMIN:
         case SM_CXMINTRACK:
             return Scaled(112);
-        case SM_CYMIN:
         case SM_CYMINTRACK:
             return Scaled(kCaption) + 2 * kSizeFrame;
-        case SM_CXMAXIMIZED:
-            return WidthOf(screen.workArea) + 2 * kSizeFrame;
-        case SM_CYMAXIMIZED:
-            return HeightOf(screen.workArea) + 2 * kSizeFrame;
         case SM_CXMAXTRACK:
             return screen.size.cx + 4 + 2 * kSizeFrame;
         case SM_CYMAXTRACK:
@@ -164,14 +127,6 @@ int GetSystemMetrics(int index) {
             return Scaled(160);
         case SM_CYMINIMIZED:
             return Scaled(kCaption) + 5;
-        case SM_CXDOUBLECLK:
-        case SM_CYDOUBLECLK:
-        case SM_CXDRAG:
-        case SM_CYDRAG:
-            return 4;
-        case SM_CMONITORS:
-        case SM_MOUSEPRESENT:
-            return 1;
         default:
             return 0;
     }
@@ -187,13 +142,6 @@ BOOL SystemParametersInfoW(UINT action, UINT size, LPVOID data, UINT) {
             if (FillNonClientMetrics(size, data)) return TRUE;
             SetLastError(ERROR_INVALID_PARAMETER);
             return FALSE;
-        case SPI_GETICONTITLELOGFONT:
-            if (!data) return FALSE;
-            *static_cast<LOGFONTW*>(data) = InterfaceFont(FW_NORMAL);
-            return TRUE;
-        case SPI_GETKEYBOARDCUES:
-            *static_cast<BOOL*>(data) = FALSE;
-            return TRUE;
         case SPI_GETWHEELSCROLLLINES:
             *static_cast<UINT*>(data) = 3;
             return TRUE;
