@@ -7,7 +7,7 @@
 #include "platform/platform.h"
 
 #ifndef _WIN32
-#include "platform/headless/resources.h"
+#include "platform/headless/base/resources.h"
 #endif
 
 namespace qv {

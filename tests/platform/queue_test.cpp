@@ -113,7 +113,7 @@ TEST_F(Queue, PaintingWaitsUntilTheQueueIsEmptyAndEndsWithValidation) {
     EXPECT_FALSE(GetUpdateRect(m_child, nullptr, FALSE)) << "nothing hidden needs painting";
 }
 
-TEST_F(Queue, DataOfWindowsIsKeptByIndexNameAndText) {
+TEST_F(Queue, DataOfWindowsIsKeptByIndexAndText) {
     EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 12), 0);
     EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 13), 12);
     EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_ID, 99), 0);
@@ -121,10 +121,6 @@ TEST_F(Queue, DataOfWindowsIsKeptByIndexNameAndText) {
     SetLastError(0);
     EXPECT_EQ(GetWindowLongPtrW(m_child, 400), 0);
     EXPECT_EQ(GetLastError(), DWORD{1413});
-    EXPECT_TRUE(SetPropW(m_child, L"name", m_top));
-    EXPECT_EQ(GetPropW(m_child, L"NAME"), m_top);
-    EXPECT_EQ(RemovePropW(m_child, L"name"), m_top);
-    EXPECT_EQ(GetPropW(m_child, L"name"), nullptr);
     SetWindowTextW(m_child, L"longer text");
     wchar_t text[7] = {};
     EXPECT_EQ(GetWindowTextLengthW(m_child), 11);

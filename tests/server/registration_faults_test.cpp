@@ -2,7 +2,7 @@
 // everything right. Only the class's own keys ever go.
 #include <gtest/gtest.h>
 
-#include "platform/headless/faults.h"
+#include "platform/headless/doors/faults.h"
 #include "platform/module_address.h"
 #include "platform/platform.h"
 

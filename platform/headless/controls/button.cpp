@@ -89,14 +89,6 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case BM_CLICK:
             ClickByProgram();
             return 0;
-        case BM_SETIMAGE: {
-            if (wParam > 1) return 0;
-            const LRESULT before = m_images[wParam];
-            m_images[wParam] = lParam;
-            return before;
-        }
-        case BM_GETIMAGE:
-            return wParam > 1 ? 0 : m_images[wParam];
         default:
             return Default(message, wParam, lParam);
     }

@@ -30,7 +30,6 @@ private:
 
     LRESULT m_state = BST_UNCHECKED;
     bool m_tracking = false;
-    LPARAM m_images[2] = {};
 };
 
 }  // namespace qv::headless

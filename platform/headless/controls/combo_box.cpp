@@ -100,11 +100,6 @@ LRESULT ComboBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_PASTE:
         case WM_CLEAR:
             return m_edit != nullptr ? SendMessageW(m_edit, message, wParam, lParam) : 0;
-        case CB_SETMINVISIBLE:
-            m_visibleItems = static_cast<int>(wParam);
-            return TRUE;
-        case CB_GETMINVISIBLE:
-            return m_visibleItems;
         default:
             return Default(message, wParam, lParam);
     }
@@ -150,9 +145,6 @@ LRESULT ComboBox::HandleContent(UINT message, WPARAM wParam, LPARAM lParam) {
             return SetCurrent(index);
         case CB_GETCURSEL:
             return m_current;
-        case CB_INITSTORAGE:
-            m_items.Reserve(wParam);
-            return static_cast<LRESULT>(wParam);
         default:
             return HandleList(message, wParam, lParam);
     }
@@ -169,10 +161,8 @@ LRESULT ComboBox::HandleList(UINT message, WPARAM wParam, LPARAM lParam) {
         case CB_GETDROPPEDCONTROLRECT:
             *reinterpret_cast<RECT*>(lParam) = ListRect();
             return CB_OKAY;
-        case CB_SETDROPPEDWIDTH:
+        case CB_SETDROPPEDWIDTH: {
             m_droppedWidth = static_cast<int>(wParam);
-            [[fallthrough]];
-        case CB_GETDROPPEDWIDTH: {
             const RECT list = ListRect();
             return list.right - list.left;
         }
@@ -180,22 +170,6 @@ LRESULT ComboBox::HandleList(UINT message, WPARAM wParam, LPARAM lParam) {
             return SetItemHeight(static_cast<int>(wParam), static_cast<int>(lParam));
         case CB_GETITEMHEIGHT:
             return static_cast<int>(wParam) == -1 ? m_fieldHeight : m_itemHeight;
-        case CB_GETTOPINDEX:
-            return m_top;
-        case CB_SETTOPINDEX:
-            if (!m_items.Holds(static_cast<int>(wParam))) return CB_ERR;
-            m_top = static_cast<int>(wParam);
-            return CB_OKAY;
-        case CB_GETHORIZONTALEXTENT:
-            return m_horizontalExtent;
-        case CB_SETHORIZONTALEXTENT:
-            m_horizontalExtent = static_cast<int>(wParam);
-            return CB_OKAY;
-        case CB_GETEXTENDEDUI:
-            return m_extendedUi;
-        case CB_SETEXTENDEDUI:
-            m_extendedUi = wParam != 0;
-            return CB_OKAY;
         case CB_LIMITTEXT:
             if (m_edit != nullptr) SendMessageW(m_edit, EM_LIMITTEXT, wParam, 0);
             return TRUE;
@@ -240,7 +214,6 @@ LRESULT ComboBox::Delete(LONG_PTR index) {
 void ComboBox::Reset() {
     m_items.Clear();
     m_current = CB_ERR;
-    m_top = 0;
 }
 
 LRESULT ComboBox::GetItemText(LONG_PTR index, LPVOID buffer) const {

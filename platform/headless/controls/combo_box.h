@@ -59,14 +59,10 @@ private:
     ListItems m_items;
     HWND m_edit = nullptr;
     int m_current = CB_ERR;
-    int m_top = 0;
     int m_fieldHeight = 0;
     int m_itemHeight = 1;
     int m_listHeight = 0;
     int m_droppedWidth = 0;
-    int m_visibleItems = 30;
-    int m_horizontalExtent = 0;
-    bool m_extendedUi = false;
     bool m_dropped = false;
     // While the program sets the edit's text the parent is told nothing.
     bool m_silent = false;

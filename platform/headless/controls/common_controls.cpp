@@ -11,7 +11,3 @@ BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls) {
     if ((controls->dwICC & ICC_TAB_CLASSES) != 0) qv::headless::RegisterTabControl();
     return TRUE;
 }
-
-void InitCommonControls() {
-    qv::headless::RegisterTabControl();
-}

@@ -131,9 +131,6 @@ LRESULT Edit::HandleEditMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case EM_UNDO:
             Undo();
             return TRUE;
-        case EM_EMPTYUNDOBUFFER:
-            m_buffer.ForgetUndo();
-            return 0;
         case EM_GETLINECOUNT:
             return IsMultiLine() ? static_cast<LRESULT>(m_buffer.LineCount()) : 1;
         case EM_LINEINDEX: {
@@ -154,17 +151,8 @@ LRESULT Edit::HandleEditMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case EM_POSFROMCHAR:
             return PositionOf(wParam);
-        case EM_CHARFROMPOS: {
-            const size_t position = PositionAt(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
-            return MAKELONG(position, m_buffer.LineOf(position));
-        }
         case EM_SCROLLCARET:
-        case EM_LINESCROLL:
             return TRUE;
-        case EM_GETFIRSTVISIBLELINE:
-        case EM_SETMARGINS:
-        case EM_GETMARGINS:
-            return 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -56,9 +56,6 @@ LRESULT ListBox::HandleContent(UINT message, WPARAM wParam, LPARAM lParam) {
             return m_items.FindPrefix(index, reinterpret_cast<LPCWSTR>(lParam));
         case LB_FINDSTRINGEXACT:
             return m_items.FindExact(index, reinterpret_cast<LPCWSTR>(lParam));
-        case LB_INITSTORAGE:
-            m_items.Reserve(wParam);
-            return static_cast<LRESULT>(wParam);
         default:
             return HandleSelection(message, wParam, lParam);
     }
@@ -92,12 +89,6 @@ LRESULT ListBox::HandleSelection(UINT message, WPARAM wParam, LPARAM lParam) {
             return SetCaret(index);
         case LB_GETCARETINDEX:
             return m_caret;
-        case LB_SETANCHORINDEX:
-            if (index < -1 || index >= m_items.Count()) return LB_ERR;
-            m_anchor = index;
-            return LB_OKAY;
-        case LB_GETANCHORINDEX:
-            return m_anchor;
         default:
             return HandleGeometry(message, wParam, lParam);
     }

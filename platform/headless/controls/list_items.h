@@ -37,7 +37,6 @@ public:
     void Insert(int index, ListItem item);
     void Erase(int index);
     void Clear() { m_items.clear(); }
-    void Reserve(size_t count) { m_items.reserve(m_items.size() + count); }
 
     // Searching starts behind the given item, goes round, and ends with that item; an index outside starts at the top.
     int FindPrefix(LONG_PTR after, std::wstring_view prefix) const;

@@ -5,7 +5,6 @@
 #include "platform/headless/controls/control.h"
 #include "platform/headless/controls/edit.h"
 #include "platform/headless/controls/list_box.h"
-#include "platform/headless/controls/scroll_bar.h"
 #include "platform/headless/controls/static.h"
 #include "platform/headless/controls/tab_control.h"
 
@@ -23,16 +22,19 @@ void Register(LPCWSTR name, WNDPROC procedure, UINT style) {
     RegisterClassExW(&windowClass);
 }
 
-}  // namespace
-
-void RegisterStandardControls() {
+bool RegisterStandardControls() {
     Register(L"Edit", ControlProc<Edit>, CS_DBLCLKS);
     Register(L"Button", ControlProc<Button>, CS_DBLCLKS);
     Register(L"ListBox", ControlProc<ListBox>, CS_DBLCLKS);
     Register(L"ComboBox", ControlProc<ComboBox>, CS_DBLCLKS);
     Register(L"Static", ControlProc<Static>, CS_DBLCLKS);
-    Register(L"ScrollBar", ControlProc<ScrollBar>, CS_DBLCLKS);
+    return true;
 }
+
+// With the library, so that they are there before anybody asks for one.
+[[maybe_unused]] const bool s_registered = RegisterStandardControls();
+
+}  // namespace
 
 void RegisterTabControl() {
     Register(WC_TABCONTROLW, ControlProc<TabControl>, CS_DBLCLKS);

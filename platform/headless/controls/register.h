@@ -1,9 +1,8 @@
-// Makes the standard control classes known. The desktop calls this once, before the first window.
+// Makes the classes of controls known that a program asks for; the standard ones are there from the start.
 #pragma once
 
 namespace qv::headless {
 
-void RegisterStandardControls();
 // The tab control, when a program asks for the common controls.
 void RegisterTabControl();
 

@@ -1,6 +1,6 @@
 // What Help asks of the shell: seen natively only, where the shell's calls are recorded instead of carried out.
 #include "framework/app.h"
-#include "platform/headless/shell_hooks.h"
+#include "platform/headless/doors/shell_hooks.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
 

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "framework/app.h"
-#include "platform/headless/desktop.h"
+#include "platform/headless/doors/desktop.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_dialog_modeless.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
