@@ -1,6 +1,6 @@
 #include "app/browser_reader.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/browser_settings.h"
 
 namespace qv {

@@ -1,8 +1,7 @@
 #include "app/component.h"
 
-#include <vector>
-
-#include "framework/text.h"
+#include "base/module_path.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"
 
 namespace qv {
@@ -13,9 +12,7 @@ constexpr const wchar_t* kCommand = L"tools/settings/change...";
 
 // The folder of the running program, with its separator.
 std::wstring ProgramFolder() {
-    std::vector<wchar_t> path(32768);
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    const std::wstring file(path.data(), length);
+    const std::wstring file = ModulePath(nullptr).value_or(std::wstring());
     return file.substr(0, file.find_last_of(L"\\/") + 1);
 }
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/tpf.h"
 
 namespace qv {

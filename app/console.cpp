@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 

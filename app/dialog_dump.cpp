@@ -2,8 +2,8 @@
 #include <nlohmann/json.hpp>
 
 #include "app/dialog_view.h"
-#include "framework/geometry.h"
-#include "framework/text.h"
+#include "base/geometry.h"
+#include "base/text.h"
 
 namespace qv {
 

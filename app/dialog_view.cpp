@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "framework/check_list_box.h"
-#include "framework/text.h"
 #include "host/libraries/color_button.h"
 #include "host/libraries/search_ctrl.h"
 

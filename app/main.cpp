@@ -5,9 +5,9 @@
 #include "app/sample_host.h"
 #include "app/script.h"
 #include "app/script_runner.h"
+#include "base/module_state.h"
+#include "base/text.h"
 #include "framework/app.h"
-#include "framework/module_state.h"
-#include "framework/text.h"
 #include "host/services/whole_file.h"
 #include "platform/command_line.h"
 

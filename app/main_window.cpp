@@ -1,6 +1,6 @@
 #include "app/main_window.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 

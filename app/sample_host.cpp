@@ -2,7 +2,7 @@
 
 #include "app/browser_reader.h"
 #include "app/stored_values.h"
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/browser_settings.h"
 #include "host/services/data_files.h"
 #include "host/services/dialog_service.h"

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "platform/platform.h"
 
 namespace qv {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "app/dialog_view.h"
+#include "base/text.h"
 #include "framework/check_list_box.h"
-#include "framework/text.h"
 #include "host/services/whole_file.h"
 #include "platform/snapshot.h"
 

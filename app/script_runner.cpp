@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "app/dialog_view.h"
+#include "base/text.h"
 #include "framework/app.h"
-#include "framework/text.h"
 #include "framework/wnd.h"
 #include "host/libraries/message_box.h"
 #include "host/libraries/pickers.h"

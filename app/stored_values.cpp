@@ -3,7 +3,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/services/whole_file.h"
 
 namespace qv {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/units.h"
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
 #include "tests/support/host_stubs.h"

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "app/component.h"
+#include "base/module_state.h"
+#include "base/text.h"
 #include "framework/app.h"
-#include "framework/module_state.h"
-#include "framework/text.h"
 #include "host/services/host_object.h"
 #include "host/services/multi_user_manager.h"
 #include "platform/command_line.h"

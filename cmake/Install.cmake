@@ -20,7 +20,7 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/qvsettingsdialogConfigVersi
 install(FILES ${CMAKE_BINARY_DIR}/qvsettingsdialogConfig.cmake ${CMAKE_BINARY_DIR}/qvsettingsdialogConfigVersion.cmake
         DESTINATION ${package})
 
-install(DIRECTORY framework platform DESTINATION ${headers} FILES_MATCHING PATTERN *.h)
+install(DIRECTORY base framework platform DESTINATION ${headers} FILES_MATCHING PATTERN *.h)
 install(DIRECTORY host/interfaces host/libraries DESTINATION ${headers}/host FILES_MATCHING PATTERN *.h)
 install(FILES qvclient/qvsettingsdialog/resources/settings_interfaces.h
         DESTINATION ${headers}/qvclient/qvsettingsdialog/resources)

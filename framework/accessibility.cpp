@@ -1,6 +1,6 @@
 // CWnd: accessibility, answered by the standard accessible object that the platform makes for any window.
+#include "base/com.h"
 #include "framework/accessible_window.h"
-#include "framework/com.h"
 #include "framework/wnd.h"
 
 namespace {

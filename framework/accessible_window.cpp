@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "framework/com.h"
+#include "base/com.h"
 
 namespace qv {
 

@@ -1,8 +1,8 @@
 // The root of everything that handles messages and commands: an object with a message map.
 #pragma once
 
+#include "base/object.h"
 #include "framework/message_map.h"
-#include "framework/object.h"
 
 class CCmdTarget : public CObject {
     QV_DECLARE_RUNTIME_CLASS

@@ -3,9 +3,9 @@
 // default button only in the one dialog it is asked for and would press a nested one in the wrong dialog.
 #include <array>
 
+#include "base/text.h"
 #include "framework/dialog.h"
 #include "framework/dialog_focus.h"
-#include "framework/text.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 #include "framework/window_internals.h"
 
 namespace qv::detail {

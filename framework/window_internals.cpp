@@ -4,8 +4,8 @@
 #include <mutex>
 #include <utility>
 
-#include "framework/module_state.h"
-#include "framework/text.h"
+#include "base/module_state.h"
+#include "base/text.h"
 
 namespace qv::detail {
 namespace {

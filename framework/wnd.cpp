@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 #include "framework/window_internals.h"
 
 using qv::detail::CreationScope;

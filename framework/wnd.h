@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/geometry.h"
 #include "framework/cmd_target.h"
-#include "framework/geometry.h"
 
 class CDataExchange;
 class WindowHook;
@@ -123,8 +123,8 @@ class CWnd : public CCmdTarget {
     // when this window holds pages and dealt with it.
     virtual bool OnSwitchPage(int step);
     // The focus came to this descendant, in whatever way: the place to scroll it into view. While a mouse button is
-    // down it is told only once the button is up, so that nothing moves away under the pointer. Returns what the windows
-    // further out are told of: the descendant, or this window where it is a control made of several.
+    // down it is told only once the button is up, so that nothing moves away under the pointer. Returns what the
+    // windows further out are told of: the descendant, or this window where it is a control made of several.
     virtual HWND OnDescendantFocused(HWND descendant);
     // Tells it to every window around the control.
     static void TellOfFocus(HWND control);

@@ -1,7 +1,7 @@
 // CWnd: text, state, place in the tree and on the screen, data exchange.
+#include "base/wipe.h"
 #include "framework/data_exchange.h"
 #include "framework/dialog_focus.h"
-#include "framework/wipe.h"
 #include "framework/wnd.h"
 
 std::wstring CWnd::GetWindowText() const {

@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "framework/com.h"
+#include "base/com.h"
 
 class XQVBrowserSettings {
 public:

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "framework/raised_flag.h"
+#include "base/raised_flag.h"
 #include "host/libraries/pickers.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "host/libraries/error_display.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/message_box.h"
 
 void XQVError::DisplayErrorMessageBox(std::wstring_view module, std::wstring_view source, int number,

@@ -5,7 +5,7 @@
 #include <array>
 #include <utility>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/layout_check_box.h"
 #include "host/libraries/layout_combo_box.h"
 #include "host/libraries/layout_window.h"

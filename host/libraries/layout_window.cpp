@@ -1,6 +1,6 @@
 #include "host/libraries/layout_window.h"
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 
 namespace qv {
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/module_path.h"
+
 namespace {
 
 using Kind = qv::MessageBoxCall::Kind;
@@ -37,15 +39,7 @@ int Show(const qv::MessageBoxCall& call) {
 
 // The program's file name without folder and extension.
 std::wstring ProgramName() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
+    std::wstring path = qv::ModulePath(nullptr).value_or(std::wstring());
     if (const auto separator = path.find_last_of(L"\\/"); separator != std::wstring::npos) path.erase(0, separator + 1);
     if (const auto dot = path.rfind(L'.'); dot != std::wstring::npos && dot != 0) path.erase(dot);
     return path;

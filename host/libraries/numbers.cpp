@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "platform/platform.h"
 
 namespace {

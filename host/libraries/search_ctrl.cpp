@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/raised_flag.h"
 #include "framework/gdi.h"
-#include "framework/raised_flag.h"
 #include "host/libraries/pickers.h"
 #include "host/libraries/text_field.h"
 

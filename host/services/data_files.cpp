@@ -1,6 +1,6 @@
 #include "host/services/data_files.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/services/json_text.h"
 #include "host/services/whole_file.h"
 

@@ -1,26 +1,14 @@
 #include "host/services/dialog_service.h"
 
 #include <array>
-#include <new>
 
-#include "framework/text.h"
+#include "base/com_guard.h"
+#include "base/text.h"
 #include "host/libraries/translation.h"
 #include "host/services/text_dialogs.h"
 
 namespace qv {
 namespace {
-
-// Nothing thrown leaves a COM method.
-template <class F>
-HRESULT Guarded(F&& body) noexcept {
-    try {
-        return body();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
-}
 
 // The text of an in-out argument, replaced as its owner expects: the new one is there before the old one goes.
 void Replace(BSTR& value, std::wstring_view text) {

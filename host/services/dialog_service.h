@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/com.h"
-#include "framework/com_module.h"
+#include "base/com.h"
+#include "base/com_module.h"
 #include "host/interfaces/dialog_service.h"
 
 namespace qv {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/services/json_text.h"
 #include "host/services/whole_file.h"
 

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/services/session_data_base.h"
 
 namespace qv {

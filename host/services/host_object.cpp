@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "base/com_guard.h"
+
 namespace qv {
 
 ComPtr<HostObject> HostObject::Create(ComPtr<ISessionDataManager> sessionData, ComPtr<IMultiUserManager> multiUser,
@@ -18,7 +20,7 @@ HRESULT HostObject::QueryInterface(REFIID iid, void** object) {
 HRESULT HostObject::CreateObject(REFGUID id, DWORD, IUnknown** object) {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
-    try {
+    return Guarded([&] {
         ComPtr<IUnknown> found;
         if (IsEqualGUID(id, SID_SessionData)) {
             found = ComPtr<IUnknown>(m_sessionData.Get());
@@ -29,9 +31,7 @@ HRESULT HostObject::CreateObject(REFGUID id, DWORD, IUnknown** object) {
         }
         *object = found.Detach();
         return *object != nullptr ? S_OK : E_NOINTERFACE;
-    } catch (...) {
-        return E_FAIL;
-    }
+    });
 }
 
 }  // namespace qv

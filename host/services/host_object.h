@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "framework/com.h"
-#include "framework/com_module.h"
+#include "base/com.h"
+#include "base/com_module.h"
 #include "host/interfaces/dialog_service.h"
 #include "host/interfaces/multi_user.h"
 #include "host/interfaces/session_data.h"

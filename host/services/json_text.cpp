@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "base/com_guard.h"
+
 namespace qv {
 
 const std::set<std::wstring>& AllSettingsRights() {
@@ -26,15 +28,13 @@ HRESULT MultiUserManager::QueryInterface(REFIID iid, void** object) {
 }
 
 HRESULT MultiUserManager::CheckRight(BSTR rightName) {
-    try {
+    return Guarded([&] {
         std::wstring right = TextOf(rightName);
         const auto user = m_users.find(m_user);
         const bool granted = user != m_users.end() && user->second.contains(right);
         m_asked.push_back(std::move(right));
         return granted ? S_OK : S_FALSE;
-    } catch (...) {
-        return E_OUTOFMEMORY;
-    }
+    });
 }
 
 }  // namespace qv

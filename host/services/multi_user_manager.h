@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/com.h"
-#include "framework/com_module.h"
+#include "base/com.h"
+#include "base/com_module.h"
 #include "host/interfaces/multi_user.h"
 
 namespace qv {

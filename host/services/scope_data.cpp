@@ -2,7 +2,7 @@
 
 #include <unordered_set>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 

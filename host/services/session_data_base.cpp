@@ -1,11 +1,11 @@
 #include "host/services/session_data_base.h"
 
 #include <array>
-#include <new>
 #include <unordered_set>
 
-#include "framework/com.h"
-#include "framework/text.h"
+#include "base/com.h"
+#include "base/com_guard.h"
+#include "base/text.h"
 
 namespace qv {
 
@@ -13,18 +13,6 @@ namespace {
 
 constexpr std::array kPermanentScopes{SDT_userData, SDT_userDataDB, SDT_machineData, SDT_globalData};
 const HRESULT kNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-
-// Every operation runs inside: nothing thrown leaves a COM method.
-template <class Operation>
-HRESULT Guarded(const Operation& operation) noexcept {
-    try {
-        return operation();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
-}
 
 // Hands texts out as the caller frees them. No texts make a null block.
 HRESULT HandOut(const std::vector<std::wstring>& texts, ULONG count, ULONG* countOut, BSTR** block) {

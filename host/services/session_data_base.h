@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "framework/com_module.h"
+#include "base/com_module.h"
 #include "host/interfaces/session_data.h"
 #include "host/services/scope_data.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "tests/app/sample_host_fixture.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The definition file that is shipped: every page of it, in both languages, with the host's services behind it.
 #include <set>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/browser_settings.h"
 #include "host/services/data_files.h"
 #include "tests/app/sample_host_fixture.h"

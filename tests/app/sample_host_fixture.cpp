@@ -3,8 +3,8 @@
 #include "app/sample_host.h"
 #include "app/script.h"
 #include "app/script_runner.h"
+#include "base/text.h"
 #include "framework/app.h"
-#include "framework/text.h"
 #include "host/libraries/browser_settings.h"
 #include "host/services/whole_file.h"
 

@@ -12,7 +12,7 @@
 
 #include "app/main_window.h"
 #include "app/options.h"
-#include "framework/module_state.h"
+#include "base/module_state.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporary_folder.h"
 

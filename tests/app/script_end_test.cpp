@@ -1,7 +1,7 @@
 // Every script ends, with a word if it did not go as written: whatever the definition tree makes of the dialog, and
 // whatever stands in the way of a person's hands.
+#include "base/text.h"
 #include "framework/app.h"
-#include "framework/text.h"
 #include "tests/app/sample_host_fixture.h"
 
 namespace {

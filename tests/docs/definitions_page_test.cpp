@@ -1,7 +1,7 @@
 // Every example of the definition reference, loaded through the sample host's loader and shown by the settings model.
 #include <algorithm>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/services/data_files.h"
 #include "qvclient/qvsettingsdialog/dialogs/dyn_property_page.h"
 #include "tests/component/model/model_fixture.h"

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/services/whole_file.h"
 
 void PrintTo(const PageExample& example, std::ostream* out) {

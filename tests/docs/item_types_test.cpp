@@ -4,7 +4,7 @@
 #include <fstream>
 #include <map>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/model/item_types.h"
 
 namespace {

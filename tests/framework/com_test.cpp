@@ -1,12 +1,12 @@
-#include "framework/com.h"
+#include "base/com.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <stdexcept>
 
-#include "framework/com_module.h"
-#include "framework/module_state.h"
+#include "base/com_module.h"
+#include "base/module_state.h"
 
 namespace {
 

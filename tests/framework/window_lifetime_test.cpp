@@ -1,10 +1,10 @@
 #include <memory>
 
-#include "framework/com.h"
+#include "base/com.h"
+#include "base/module_state.h"
 #include "framework/controls.h"
 #include "framework/data_exchange.h"
 #include "framework/gdi.h"
-#include "framework/module_state.h"
 #include "tests/framework/test_windows.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "tests/host/session_caller.h"
 #include "tests/support/memory_session_data.h"
 #include "tests/support/temporary_folder.h"

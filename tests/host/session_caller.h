@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/session_data.h"
 
 class SessionCaller {

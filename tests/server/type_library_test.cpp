@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/com.h"
-#include "framework/text.h"
+#include "base/com.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"
 
 namespace {

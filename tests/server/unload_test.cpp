@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/services/host_object.h"
 #include "platform/module_address.h"
 #include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"

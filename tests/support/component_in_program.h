@@ -1,7 +1,7 @@
 // The component linked into a test program: its module state is in force and its resources are the program's.
 #pragma once
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 
 class ComponentInProgram {
 public:

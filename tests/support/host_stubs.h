@@ -2,7 +2,7 @@
 // are the host's own. Made for objects that belong to the test and live on its stack: no Release deletes them.
 #pragma once
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/dialog_service.h"
 #include "host/interfaces/multi_user.h"
 #include "host/interfaces/session_data.h"

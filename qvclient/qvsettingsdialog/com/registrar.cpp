@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 namespace {

@@ -1,9 +1,8 @@
 #include "qvclient/qvsettingsdialog/com/settings_dialog_manager.h"
 
 #include <array>
-#include <new>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/browser_settings.h"
 #include "host/libraries/message_box.h"
 #include "host/libraries/translation.h"
@@ -26,20 +25,6 @@ constexpr DWORD kLookUp = 1;
 
 bool IsMenuCommand(LPCWSTR command) {
     return command != nullptr && qv::EqualIgnoringCase(command, kMenuCommand);
-}
-
-// Runs one COM operation in the module's state. Nothing thrown gets out: memory that ran out becomes its status code,
-// anything else E_FAIL.
-template <class Operation>
-HRESULT Enter(const Operation& operation) noexcept {
-    try {
-        const SettingsModuleEntry entry;
-        return operation();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
 }
 
 // A service of the host; null when it has none such.

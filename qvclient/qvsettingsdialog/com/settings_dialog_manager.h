@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "framework/com.h"
-#include "framework/com_module.h"
+#include "base/com.h"
+#include "base/com_module.h"
 #include "host/interfaces/multi_user.h"
 #include "host/interfaces/session_data.h"
 #include "host/interfaces/tpf.h"

@@ -4,9 +4,10 @@
 
 #include <span>
 
+#include "base/com_guard.h"
+#include "base/com_module.h"
+#include "base/module_state.h"
 #include "framework/app.h"
-#include "framework/com_module.h"
-#include "framework/module_state.h"
 #include "qvclient/qvsettingsdialog/controls/component_module.h"
 
 [[nodiscard]] qv::ComModule& SettingsComModule() noexcept;
@@ -29,3 +30,12 @@ public:
 private:
     ModuleStateSwitch m_switch;
 };
+
+// Runs one operation that the outside calls in the module's state. Nothing thrown gets out.
+template <class Operation>
+HRESULT Enter(const Operation& operation) noexcept {
+    return qv::Guarded([&operation] {
+        const SettingsModuleEntry entry;
+        return operation();
+    });
+}

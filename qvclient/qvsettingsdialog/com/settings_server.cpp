@@ -1,11 +1,11 @@
 #include "qvclient/qvsettingsdialog/com/settings_server.h"
 
 #include <array>
-#include <new>
 #include <optional>
 #include <string>
 
-#include "framework/text.h"
+#include "base/module_path.h"
+#include "base/text.h"
 #include "platform/type_library.h"
 #include "qvclient/qvsettingsdialog/com/registrar.h"
 #include "qvclient/qvsettingsdialog/com/settings_module.h"
@@ -19,37 +19,11 @@ constexpr WORD kTypeLibraryMajor = 1;
 constexpr WORD kTypeLibraryMinor = 0;
 constexpr LCID kTypeLibraryLocale = 1033;
 
-template <class Operation>
-HRESULT Enter(const Operation& operation) noexcept {
-    try {
-        const SettingsModuleEntry entry;
-        return operation();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
-}
-
-// Nothing when the platform does not know; the thread's last error says why.
-std::optional<std::wstring> ModulePath(HMODULE module) {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-        if (length == 0) return std::nullopt;
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
-
 HRESULT ApplyModuleScript(qv::RegistryAction action) {
     const HMODULE module = GetComponentModuleState().resources;
     const std::string script = LoadTextResource(module, L"REGISTRY", IDR_REGISTRY);
     if (script.empty()) return HRESULT_FROM_WIN32(ERROR_RESOURCE_NAME_NOT_FOUND);
-    const std::optional<std::wstring> path = ModulePath(module);
+    const std::optional<std::wstring> path = qv::ModulePath(module);
     if (!path && action == qv::RegistryAction::Register) {
         // A class without a file would hide one that works.
         const DWORD error = GetLastError();

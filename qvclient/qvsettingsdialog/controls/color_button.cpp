@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/controls/color_button.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace {
 

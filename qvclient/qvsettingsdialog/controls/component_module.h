@@ -3,6 +3,6 @@
 // puts it in force for its duration with a ModuleStateSwitch.
 #pragma once
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 
 [[nodiscard]] ModuleState& GetComponentModuleState() noexcept;

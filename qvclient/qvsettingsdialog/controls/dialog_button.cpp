@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/controls/dialog_button.h"
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/component_module.h"
 #include "qvclient/qvsettingsdialog/controls/module_host.h"

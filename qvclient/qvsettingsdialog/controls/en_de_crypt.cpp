@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <iterator>
 
-#include "framework/wipe.h"
+#include "base/wipe.h"
 #include "platform/platform.h"
 
 namespace {

@@ -2,7 +2,7 @@
 // and empties it, the dialog button takes its own reference when it needs the host.
 #pragma once
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/tpf.h"
 
 [[nodiscard]] qv::ComPtr<ITPFHost> GetModuleHost();

@@ -1,7 +1,7 @@
 #include "qvclient/qvsettingsdialog/controls/password_edit.h"
 
-#include "framework/text.h"
-#include "framework/wipe.h"
+#include "base/text.h"
+#include "base/wipe.h"
 #include "host/libraries/message_box.h"
 #include "qvclient/qvsettingsdialog/controls/en_de_crypt.h"
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "base/module_state.h"
+#include "base/raised_flag.h"
 #include "framework/app.h"
 #include "framework/call_scope.h"
-#include "framework/module_state.h"
-#include "framework/raised_flag.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/controls/settings_frame.h"
 #include "qvclient/qvsettingsdialog/controls/settings_messages.h"

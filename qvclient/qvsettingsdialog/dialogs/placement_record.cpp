@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace {
 

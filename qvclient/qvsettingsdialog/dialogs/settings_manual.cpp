@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/dialogs/settings_manual.h"
 
-#include "framework/com.h"
+#include "base/com.h"
 
 namespace {
 

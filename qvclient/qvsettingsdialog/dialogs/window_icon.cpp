@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/dialogs/window_icon.h"
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
 void SetSettingsIcon(CWnd& window) {

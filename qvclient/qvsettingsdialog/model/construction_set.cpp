@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/model/item_types.h"
 

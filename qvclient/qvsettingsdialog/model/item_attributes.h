@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/session_data.h"
 
 enum class AttributeName {

@@ -1,6 +1,6 @@
 #include "qvclient/qvsettingsdialog/model/item_source.h"
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/model/range.h"
 #include "qvclient/qvsettingsdialog/model/settings_path.h"
 

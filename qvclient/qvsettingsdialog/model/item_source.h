@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/multi_user.h"
 #include "host/interfaces/session_data.h"
 #include "qvclient/qvsettingsdialog/model/value_store.h"

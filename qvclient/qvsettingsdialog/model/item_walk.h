@@ -2,7 +2,7 @@
 // in common and shows the loader every attribute first, so that a kind says only where it departs from the others.
 #pragma once
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/translation.h"
 #include "qvclient/qvsettingsdialog/model/item_source.h"
 #include "qvclient/qvsettingsdialog/model/item_types.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/numbers.h"
 #include "platform/platform.h"
 

@@ -1,6 +1,6 @@
 // The two operations on what a page shows: the check of its inputs before anything is stored, and the way back to its
 // defaults.
-#include "framework/text.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
 #include "qvclient/qvsettingsdialog/model/range.h"
 

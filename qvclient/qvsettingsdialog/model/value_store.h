@@ -2,7 +2,7 @@
 // that the dialog's caller brought along. Key and name say where, scope in which of the data scopes.
 #pragma once
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/session_data.h"
 
 namespace qv {

@@ -6,9 +6,9 @@
 #include <map>
 
 #include "app/sample_host.h"
+#include "base/module_state.h"
+#include "base/text.h"
 #include "framework/check_list_box.h"
-#include "framework/module_state.h"
-#include "framework/text.h"
 #include "tests/app/demo/window_checks.h"
 #include "tests/support/settings_driver.h"
 #include "tests/support/temporary_folder.h"

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "framework/com.h"
-#include "framework/text.h"
+#include "base/com.h"
+#include "base/text.h"
 
 namespace qvtest {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/com.h"
+#include "base/com.h"
 #include "host/interfaces/tpf.h"
 #include "host/libraries/browser_settings.h"
 #include "host/services/host_object.h"

@@ -1,7 +1,7 @@
 // A host whose program has dialogs of its own under the component's numbers.
 #include <array>
 
-#include "framework/module_state.h"
+#include "base/module_state.h"
 #include "platform/module_resources.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/com/component_dll.h"

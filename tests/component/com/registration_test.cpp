@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "framework/text.h"
+#include "base/text.h"
 #include "tests/component/com/component_dll.h"
 
 namespace {

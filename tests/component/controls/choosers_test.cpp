@@ -2,8 +2,8 @@
 #include <optional>
 #include <stdexcept>
 
+#include "base/text.h"
 #include "framework/gdi.h"
-#include "framework/text.h"
 #include "qvclient/qvsettingsdialog/controls/search_controls.h"
 #include "tests/component/controls/controls_fixture.h"
 #include "tests/support/temporary_folder.h"

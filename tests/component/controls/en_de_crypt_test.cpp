@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace {
 

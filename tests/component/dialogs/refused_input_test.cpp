@@ -1,5 +1,5 @@
 // What a page does when the model refuses an input, or when a value was written and cannot be saved.
-#include "framework/text.h"
+#include "base/text.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 #include "tests/component/dialogs/whole_dialog.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 ModelTest::ModelTest() {
     m_sinkBefore = qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {

@@ -1,4 +1,4 @@
-#include "framework/text.h"
+#include "base/text.h"
 #include "host/libraries/numbers.h"
 #include "tests/component/model/model_fixture.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 FakePage::FakePage(const PageRecord& record) {
     for (const Item& item : record.Items())

@@ -1,5 +1,5 @@
-#include "framework/com_module.h"
-#include "framework/text.h"
+#include "base/com_module.h"
+#include "base/text.h"
 #include "host/libraries/numbers.h"
 #include "tests/component/model/page_fixture.h"
 

@@ -2,8 +2,8 @@
 // takes the message box that says so.
 #include <cstdio>
 
-#include "framework/com.h"
-#include "framework/text.h"
+#include "base/com.h"
+#include "base/text.h"
 #include "host/libraries/message_box.h"
 #include "platform/module_address.h"
 #include "qvclient/qvsettingsdialog/resources/settings_interfaces.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "framework/text.h"
+#include "base/text.h"
 
 namespace qv {
 namespace {

@@ -1,4 +1,6 @@
-#include "framework/com_module.h"
+#include "base/com_module.h"
+
+#include "base/com_guard.h"
 
 #include <new>
 
@@ -24,13 +26,7 @@ public:
         if (object == nullptr) return E_POINTER;
         *object = nullptr;
         if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-        try {
-            return m_entry.create(iid, object);
-        } catch (const std::bad_alloc&) {
-            return E_OUTOFMEMORY;
-        } catch (...) {
-            return E_FAIL;
-        }
+        return qv::Guarded([&] { return m_entry.create(iid, object); });
     }
 
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {

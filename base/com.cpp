@@ -1,4 +1,4 @@
-#include "framework/com.h"
+#include "base/com.h"
 
 #include <cstdint>
 #include <new>

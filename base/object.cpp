@@ -1,4 +1,4 @@
-#include "framework/object.h"
+#include "base/object.h"
 
 const CRuntimeClass CObject::kRuntimeClass{L"CObject", nullptr, nullptr};
 

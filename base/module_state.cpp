@@ -1,4 +1,4 @@
-#include "framework/module_state.h"
+#include "base/module_state.h"
 
 #include <utility>
 
