@@ -91,7 +91,7 @@ int main() {
         return kDone;
     }
     if (FAILED(OleInitialize(nullptr))) return Fail(kFailed, L"COM could not be started");
-    ModuleState state{GetModuleHandleW(nullptr), nullptr};
+    ModuleState state{GetModuleHandleW(nullptr)};
     SetProcessModuleState(state);
     const int status = Run(options);
     OleUninitialize();

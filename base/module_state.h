@@ -5,11 +5,8 @@
 
 #include "platform/platform.h"
 
-class CWinApp;
-
 struct ModuleState {
     HINSTANCE resources = nullptr;  // where templates, icons and strings are loaded from
-    CWinApp* app = nullptr;         // the module's application object, may be null
 };
 
 // The state in force on this thread: the innermost switch's, else the process's first.

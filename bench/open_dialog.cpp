@@ -228,7 +228,7 @@ int Compare(int items, int turns) {
 
 int main() {
     if (FAILED(OleInitialize(nullptr))) return 1;
-    ModuleState state{GetModuleHandleW(nullptr), nullptr};
+    ModuleState state{GetModuleHandleW(nullptr)};
     SetProcessModuleState(state);
     WNDCLASSW bare{};
     bare.lpfnWndProc = &DefWindowProcW;

@@ -45,10 +45,6 @@ void CButton::SetCheck(int check) {
     SendMessage(BM_SETCHECK, static_cast<WPARAM>(check));
 }
 
-void CButton::SetButtonStyle(UINT style, bool redraw) {
-    SendMessage(BM_SETSTYLE, style, redraw ? TRUE : FALSE);
-}
-
 const MessageMap* CEdit::GetThisMessageMap() {
     static const MessageMap map{CWnd::GetThisMessageMap(), {on::Message<&CEdit::OnMouseWheel>(WM_MOUSEWHEEL)}};
     return &map;
@@ -174,14 +170,6 @@ int CComboBox::GetCurSel() const {
 
 int CComboBox::SetCurSel(int index) {
     return ToInt(SendMessage(CB_SETCURSEL, static_cast<WPARAM>(index)));
-}
-
-DWORD_PTR CComboBox::GetItemData(int index) const {
-    return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, static_cast<WPARAM>(index)));
-}
-
-int CComboBox::SetItemData(int index, DWORD_PTR data) {
-    return ToInt(SendMessage(CB_SETITEMDATA, static_cast<WPARAM>(index), static_cast<LPARAM>(data)));
 }
 
 bool CTabCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {

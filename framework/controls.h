@@ -17,7 +17,6 @@ class CButton : public CWnd {
     bool Create(std::wstring_view caption, DWORD style, const RECT& rect, CWnd* parent, UINT id);
     [[nodiscard]] int GetCheck() const;
     void SetCheck(int check);
-    void SetButtonStyle(UINT style, bool redraw = true);
 };
 
 class CEdit : public CWnd {
@@ -64,8 +63,6 @@ class CComboBox : public CWnd {
     [[nodiscard]] int FindStringExact(int startAfter, const std::wstring& text) const;
     [[nodiscard]] int GetCurSel() const;
     int SetCurSel(int index);
-    [[nodiscard]] DWORD_PTR GetItemData(int index) const;
-    int SetItemData(int index, DWORD_PTR data);
 };
 
 // A tab row. Item rectangles are in the control's client coordinates.

@@ -218,7 +218,3 @@ void CDialog::RunModalLoop() {
 void CDialog::GotoDlgCtrl(CWnd* control) {
     if (control != nullptr) SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->m_hWnd), TRUE);
 }
-
-void CDialog::NextDlgCtrl() const {
-    SendMessage(WM_NEXTDLGCTL, 0, 0);
-}

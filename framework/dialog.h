@@ -38,8 +38,6 @@ class CDialog : public CWnd {
 
     // Moves the focus as a dialog does: the control is also given the default-button frame or its text selected.
     void GotoDlgCtrl(CWnd* control);
-    void NextDlgCtrl() const;
-    [[nodiscard]] UINT GetTemplateId() const noexcept { return m_templateId; }
 
     // Keys are translated by a top-level dialog, for everything inside it: a focused push button is pressed by Enter in
     // its own dialog, otherwise Enter is this dialog's default button or OnOK and Escape its OnCancel. Child dialogs

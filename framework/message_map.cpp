@@ -12,7 +12,6 @@ const MessageEntry* MessageMap::Find(MessageEntry::Kind kind, UINT message, UINT
             case Kind::Notify:
                 return entry.code == code && entry.id == id;
             case Kind::ReflectedCommand:
-            case Kind::ReflectedNotify:
                 return entry.code == code;
         }
         return false;

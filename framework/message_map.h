@@ -31,7 +31,6 @@ struct MessageEntry {
         Command,           // WM_COMMAND of a menu, an accelerator or a control: code and id match
         Notify,            // WM_NOTIFY: code and id match
         ReflectedCommand,  // a control's own WM_COMMAND, handed back to it by its parent: code matches
-        ReflectedNotify,   // a control's own WM_NOTIFY, handed back to it
         ReflectedMessage,  // WM_CTLCOLOR*, WM_DRAWITEM and their kin, handed back to the control
     };
     // Returns true when the message is handled; then *result is the answer.
@@ -193,11 +192,6 @@ MessageEntry ControlReflectEx(UINT code) {
                 *result = 0;
                 return static_cast<bool>((detail::Target<Handler>(target).*Handler)());
             }};
-}
-// void OnNotifyReflect(NMHDR*, LRESULT*).
-template <auto Handler>
-MessageEntry NotifyReflect(int code) {
-    return {MessageEntry::Kind::ReflectedNotify, WM_NOTIFY, static_cast<UINT>(code), 0, &detail::InvokeNotify<Handler>};
 }
 // LRESULT Handler(WPARAM, LPARAM): WM_CTLCOLOR*, WM_DRAWITEM, WM_MEASUREITEM, WM_HSCROLL, handed back by the parent.
 template <auto Handler>

@@ -122,10 +122,6 @@ bool CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
 bool CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const MessageArgs args{message, wParam, lParam};
     if (message == WM_COMMAND) return Invoke(*this, Kind::ReflectedCommand, args, HIWORD(wParam), 0, result);
-    if (message == WM_NOTIFY) {
-        const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
-        return Invoke(*this, Kind::ReflectedNotify, args, code, 0, result);
-    }
     return Invoke(*this, Kind::ReflectedMessage, args, 0, 0, result);
 }
 

@@ -46,7 +46,7 @@ protected:
     std::wstring browserUser;      // the user's name in the browser settings after the dialog
 
 private:
-    ModuleState m_moduleState{GetModuleHandleW(nullptr), nullptr};
+    ModuleState m_moduleState{GetModuleHandleW(nullptr)};
     qvtest::ScopedNumberLocale m_locale{{}};
     qvtest::ScopedDictionary m_dictionary{{}};
     qv::MainWindow m_window;

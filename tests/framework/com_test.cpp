@@ -216,8 +216,8 @@ TEST(Exchange, OneStringIsArgumentAndResult) {
 TEST(ModuleState, InnermostSwitchDecidesWhereResourcesComeFrom) {
     auto* const host = reinterpret_cast<HINSTANCE>(0x10000);
     auto* const component = reinterpret_cast<HINSTANCE>(0x20000);
-    ModuleState hostState{host, nullptr};
-    ModuleState componentState{component, nullptr};
+    ModuleState hostState{host};
+    ModuleState componentState{component};
     EXPECT_EQ(GetResourceHandle(), GetModuleHandleW(nullptr));
     {
         const ModuleStateSwitch outer(hostState);

@@ -181,7 +181,7 @@ TEST(ModuleState, WindowHandlesItsMessagesInTheStateItWasMadeIn) {
         }
     };
     TopWindow top;
-    ModuleState component{::GetModuleHandleW(nullptr), nullptr};
+    ModuleState component{::GetModuleHandleW(nullptr)};
     auto* const marker = reinterpret_cast<HINSTANCE>(0x30000);
     Asker window;
     {
@@ -189,7 +189,7 @@ TEST(ModuleState, WindowHandlesItsMessagesInTheStateItWasMadeIn) {
         ASSERT_TRUE(window.Create(nullptr, L"", 0, {0, 0, 10, 10}, &top, 1));
     }
     component.resources = marker;
-    ModuleState host{reinterpret_cast<HINSTANCE>(0x40000), nullptr};
+    ModuleState host{reinterpret_cast<HINSTANCE>(0x40000)};
     const ModuleStateSwitch state(host);
     window.SendMessage(WM_USER);
     EXPECT_EQ(seen, marker);

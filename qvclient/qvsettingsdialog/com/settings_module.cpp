@@ -31,7 +31,6 @@ std::span<const qv::ObjectMapEntry> SettingsObjectMap() noexcept {
 bool CQVSettingsDialogApp::InitInstance() {
     ModuleState& state = GetComponentModuleState();
     state.resources = qv::ModuleFromAddress(&kInsideModule);
-    state.app = this;
     RegisterSettingsResources(state.resources);
     return CWinApp::InitInstance();
 }
