@@ -9,30 +9,29 @@ namespace qv {
 namespace {
 
 constexpr WORD kContentId = 1001;
-constexpr SHORT kWidth = 220;  // dialog units
-constexpr SHORT kHeight = 130;
-constexpr SHORT kMargin = 7;
-constexpr SHORT kButtonWidth = 50;
-constexpr SHORT kButtonHeight = 14;
-constexpr SHORT kButtonGap = 4;
-
-SHORT Short(int number) {
-    return static_cast<SHORT>(number);
-}
+constexpr int kWidth = 220;  // dialog units
+constexpr int kHeight = 130;
+constexpr int kMargin = 7;
+constexpr int kButtonWidth = 50;
+constexpr int kButtonHeight = 14;
+constexpr int kButtonGap = 4;
 
 // A dialog with one control that fills it and a row of buttons, the last one at the right.
-DialogTemplate MakeTemplate(std::wstring_view caption, DialogTemplate::ControlClass contentClass, DWORD contentStyle,
-                            std::initializer_list<std::pair<WORD, std::wstring_view>> buttons) {
-    DialogTemplate result(caption, kWidth, kHeight);
+DialogTemplateWriter MakeTemplate(std::wstring_view caption, DialogTemplateWriter::Class contentClass,
+                                  DWORD contentStyle,
+                                  std::initializer_list<std::pair<WORD, std::wstring_view>> buttons) {
+    using Writer = DialogTemplateWriter;
+    constexpr DWORD kShownChild = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+    Writer result(Writer::Layout::Plain, WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT, caption,
+                  {0, 0, kWidth, kHeight}, {});
     const int buttonTop = kHeight - kMargin - kButtonHeight;
-    result.Add({contentClass, L"", kContentId, kMargin, kMargin, Short(kWidth - 2 * kMargin),
-                Short(buttonTop - 2 * kMargin), contentStyle | WS_TABSTOP | WS_VSCROLL, WS_EX_CLIENTEDGE});
+    result.Add(contentClass, kContentId, contentStyle | kShownChild | WS_VSCROLL, {},
+               {kMargin, kMargin, kWidth - 2 * kMargin, buttonTop - 2 * kMargin}, WS_EX_CLIENTEDGE);
     int x = kWidth - kMargin - static_cast<int>(buttons.size()) * (kButtonWidth + kButtonGap) + kButtonGap;
     for (const auto& [id, text] : buttons) {
-        const std::wstring translated = CoTranslateText(text);
         const DWORD kind = id == buttons.begin()->first ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        result.Add({DialogTemplate::ControlClass::Button, translated, id, Short(x), Short(buttonTop), kButtonWidth,
-                    kButtonHeight, WS_TABSTOP | kind});
+        result.Add(Writer::Button, id, kind | kShownChild, CoTranslateText(text),
+                   {x, buttonTop, kButtonWidth, kButtonHeight});
         x += kButtonWidth + kButtonGap;
     }
     return result;
@@ -57,10 +56,10 @@ std::wstring WithPlainLineEnds(std::wstring text) {
 
 TextDialog::TextDialog(std::wstring_view caption, std::wstring text, Mode mode, HWND beside)
     : m_memoryTemplate(mode == Mode::Edit
-                           ? MakeTemplate(caption, DialogTemplate::ControlClass::Edit,
+                           ? MakeTemplate(caption, DialogTemplateWriter::Edit,
                                           ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN,
                                           {{WORD{IDOK}, L"OK"}, {WORD{IDCANCEL}, L"Cancel"}})
-                           : MakeTemplate(caption, DialogTemplate::ControlClass::Edit,
+                           : MakeTemplate(caption, DialogTemplateWriter::Edit,
                                           ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY, {{WORD{IDCANCEL}, L"Close"}})),
       m_text(std::move(text)),
       m_mode(mode),
@@ -119,7 +118,7 @@ LRESULT TextDialog::LinesEdit::OnGetDlgCode(WPARAM, LPARAM lParam) {
 }
 
 ChoiceDialog::ChoiceDialog(std::wstring_view caption, std::vector<std::wstring> entries, int selected)
-    : m_memoryTemplate(MakeTemplate(caption, DialogTemplate::ControlClass::ListBox, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+    : m_memoryTemplate(MakeTemplate(caption, DialogTemplateWriter::ListBox, LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                                     {{WORD{IDOK}, L"OK"}, {WORD{IDCANCEL}, L"Cancel"}})),
       m_entries(std::move(entries)),
       m_selected(selected) {

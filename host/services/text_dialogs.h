@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/dialog_template_writer.h"
 #include "framework/controls.h"
 #include "framework/dialog.h"
-#include "host/services/dialog_template.h"
 
 namespace qv {
 
@@ -35,7 +35,7 @@ private:
 
     void MoveBeside();
 
-    DialogTemplate m_memoryTemplate;
+    DialogTemplateWriter m_memoryTemplate;
     LinesEdit m_edit;
     std::wstring m_text;
     Mode m_mode;
@@ -54,7 +54,7 @@ public:
     const MessageMap* GetMessageMap() const override;
 
 private:
-    DialogTemplate m_memoryTemplate;
+    DialogTemplateWriter m_memoryTemplate;
     CListBox m_list;
     std::vector<std::wstring> m_entries;
     int m_selected;

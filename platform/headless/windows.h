@@ -13,7 +13,6 @@
 
 #include "platform/headless/base/error.h"
 
-#include "platform/headless/desktop/accessible.h"
 #include "platform/headless/base/com.h"
 #include "platform/headless/base/files.h"
 #include "platform/headless/base/locale.h"
@@ -21,3 +20,4 @@
 #include "platform/headless/base/ole_automation.h"
 #include "platform/headless/base/registry.h"
 #include "platform/headless/base/shell.h"
+#include "platform/headless/desktop/accessible.h"

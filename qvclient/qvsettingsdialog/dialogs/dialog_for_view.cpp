@@ -29,6 +29,7 @@ bool XDialogForView::Create(UINT templateId, CWnd* parent) {
     return CDialog::Create(templateId, parent);
 }
 
+// A slot of its own for what is derived from this class; there is nothing to exchange here.
 void XDialogForView::DoDataExchange(CDataExchange& exchange) {
     XDynDialogModeless::DoDataExchange(exchange);
 }

@@ -69,6 +69,7 @@ const MessageMap* XDynDialog::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
+// A slot of its own for what is derived from this class; there is nothing to exchange here.
 void XDynDialog::DoDataExchange(CDataExchange& exchange) {
     CDialog::DoDataExchange(exchange);
 }

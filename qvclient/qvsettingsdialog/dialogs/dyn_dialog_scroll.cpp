@@ -45,6 +45,7 @@ const MessageMap* XDynDialogScroll::GetMessageMap() const {
     return GetThisMessageMap();
 }
 
+// A slot of its own for what is derived from this class; there is nothing to exchange here.
 void XDynDialogScroll::DoDataExchange(CDataExchange& exchange) {
     CDialog::DoDataExchange(exchange);
 }

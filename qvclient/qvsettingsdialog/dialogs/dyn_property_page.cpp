@@ -86,6 +86,7 @@ void XDynPropertyPage::ReportFailedSave(std::wstring_view text) {
     if (const CWnd* owner = Owner()) CoErrorBox(owner->m_hWnd, L"Store Settings", text, 0);
 }
 
+// A slot of its own for what is derived from this class; there is nothing to exchange here.
 void XDynPropertyPage::DoDataExchange(CDataExchange& exchange) {
     CPropertyPage::DoDataExchange(exchange);
 }

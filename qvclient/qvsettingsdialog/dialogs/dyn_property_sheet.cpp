@@ -74,6 +74,7 @@ PageRecord* XDynPropertySheet::FindRecord(std::int32_t pageNumber) const {
     return found != m_items.end() ? found->second : nullptr;
 }
 
+// In the map for what is derived from this class: creation ends with the base's answer.
 int XDynPropertySheet::OnCreate(CREATESTRUCTW* cs) {
     return CPropertySheet::OnCreate(cs) == -1 ? -1 : 0;
 }

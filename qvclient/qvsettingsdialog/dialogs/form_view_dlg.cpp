@@ -28,6 +28,7 @@ bool XFormViewDlg::Create(const wchar_t* className, std::wstring_view title, DWO
     return CFormView::Create(className, title, style, rect, parent, id);
 }
 
+// A slot of its own for what is derived from this class; there is nothing to exchange here.
 void XFormViewDlg::DoDataExchange(CDataExchange& exchange) {
     CFormView::DoDataExchange(exchange);
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 
+#include "base/dialog_template_writer.h"
 #include "platform/module_resources.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
@@ -50,81 +51,38 @@ const std::vector<DialogTemplate>& DialogTemplates() {
     return templates;
 }
 
+std::vector<BYTE> BuildDialog(const DialogTemplate& dialog) {
+    using Writer = qv::DialogTemplateWriter;
+    Writer out(Writer::Layout::Extended, dialog.style | DS_SETFONT, dialog.caption, {0, 0, dialog.cx, dialog.cy},
+               {.points = QV_DIALOG_FONT_POINTS,
+                .weight = QV_DIALOG_FONT_WEIGHT,
+                .charset = QV_DIALOG_FONT_CHARSET,
+                .face = L"" QV_DIALOG_FONT});
+    for (const ButtonTemplate& button : dialog.buttons) {
+        out.Add(Writer::Button, button.id, button.kind | static_cast<DWORD>(WS_CHILD | WS_VISIBLE | WS_TABSTOP),
+                button.caption, {button.x, button.y, QV_BUTTON_WIDTH, QV_BUTTON_HEIGHT});
+    }
+    const auto* bytes = reinterpret_cast<const BYTE*>(out.Bytes().data());
+    return {bytes, bytes + out.Bytes().size()};
+}
+
 // Little-endian fields of a resource, each put where the last one ended.
 class Writer {
 public:
-    void Byte(unsigned value) { m_bytes.push_back(static_cast<BYTE>(value)); }
     void Word(unsigned value) {
-        Byte(value & 0xFFU);
-        Byte((value >> 8U) & 0xFFU);
-    }
-    void Coordinate(int value) { Word(static_cast<unsigned>(value) & 0xFFFFU); }
-    void Dword(DWORD value) {
-        Word(static_cast<unsigned>(value & 0xFFFFU));
-        Word(static_cast<unsigned>(value >> 16U));
-    }
-    void Text(std::wstring_view text) {  // with its terminator
-        Units(text);
-        Word(0);
+        m_bytes.push_back(static_cast<BYTE>(value & 0xFFU));
+        m_bytes.push_back(static_cast<BYTE>((value >> 8U) & 0xFFU));
     }
     void Units(std::wstring_view text) {
         for (const wchar_t unit : text)
             Word(static_cast<unsigned>(unit));
     }
     void Bytes(std::span<const unsigned char> bytes) { m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end()); }
-    void AlignToDword() {
-        while (m_bytes.size() % 4 != 0)
-            Byte(0);
-    }
     [[nodiscard]] std::vector<BYTE> Take() { return std::move(m_bytes); }
 
 private:
     std::vector<BYTE> m_bytes;
 };
-
-// The extended form of a dialog template, as the platform documents it.
-std::vector<BYTE> BuildDialog(const DialogTemplate& dialog) {
-    constexpr unsigned kExtendedVersion = 1;
-    constexpr unsigned kExtendedSignature = 0xFFFF;
-    constexpr unsigned kOrdinal = 0xFFFF;
-    constexpr unsigned kButtonClass = 0x0080;
-
-    Writer out;
-    out.Word(kExtendedVersion);
-    out.Word(kExtendedSignature);
-    out.Dword(0);  // help
-    out.Dword(0);  // extended style
-    out.Dword(dialog.style | DS_SETFONT);
-    out.Word(static_cast<unsigned>(dialog.buttons.size()));
-    out.Coordinate(0);
-    out.Coordinate(0);
-    out.Coordinate(dialog.cx);
-    out.Coordinate(dialog.cy);
-    out.Word(0);  // no menu
-    out.Word(0);  // the dialog class
-    out.Text(dialog.caption);
-    out.Word(QV_DIALOG_FONT_POINTS);
-    out.Word(QV_DIALOG_FONT_WEIGHT);
-    out.Byte(0);  // upright
-    out.Byte(QV_DIALOG_FONT_CHARSET);
-    out.Text(L"" QV_DIALOG_FONT);
-    for (const ButtonTemplate& button : dialog.buttons) {
-        out.AlignToDword();
-        out.Dword(0);  // help
-        out.Dword(0);  // extended style
-        out.Dword(button.kind | static_cast<DWORD>(WS_CHILD | WS_VISIBLE | WS_TABSTOP));
-        out.Coordinate(button.x);
-        out.Coordinate(button.y);
-        out.Coordinate(QV_BUTTON_WIDTH);
-        out.Coordinate(QV_BUTTON_HEIGHT);
-        out.Dword(button.id);
-        out.Word(kOrdinal);
-        out.Word(kButtonClass);
-        out.Text(button.caption);
-        out.Word(0);  // no creation data
-    }
-    return out.Take();
-}
 
 // String tables come in blocks of sixteen, each text with its length in front.
 constexpr unsigned kStringsPerBlock = 16;
