@@ -31,3 +31,12 @@ void DDX_Check(CDataExchange& exchange, int id, int& check) {
         control->SendMessage(BM_SETCHECK, static_cast<WPARAM>(check));
     }
 }
+
+// Defined here, since a window knows of data exchange that there is such a thing and no more.
+void CWnd::DoDataExchange(CDataExchange&) {}
+
+bool CWnd::UpdateData(bool save) {
+    CDataExchange exchange(*this, save);
+    DoDataExchange(exchange);
+    return !exchange.HasFailed();
+}

@@ -1,6 +1,5 @@
-// CWnd: text, state, place in the tree and on the screen, data exchange.
+// CWnd: text, state, place in the tree and on the screen.
 #include "base/wipe.h"
-#include "framework/data_exchange.h"
 #include "framework/dialog_focus.h"
 #include "framework/wnd.h"
 
@@ -203,12 +202,4 @@ void CWnd::CenterWindow(bool onScreen) {
 
 void CWnd::Invalidate(bool erase) {
     if (m_hWnd != nullptr) ::InvalidateRect(m_hWnd, nullptr, erase ? TRUE : FALSE);
-}
-
-void CWnd::DoDataExchange(CDataExchange&) {}
-
-bool CWnd::UpdateData(bool save) {
-    CDataExchange exchange(*this, save);
-    DoDataExchange(exchange);
-    return !exchange.HasFailed();
 }

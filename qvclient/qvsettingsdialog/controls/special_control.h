@@ -13,7 +13,15 @@
 class CWnd;
 
 // Kinds 0 to 2 are not special. The numbers are fixed.
-enum class SpecialControlKind : int { CheckedList = 3, Password = 4, Path = 5, Colour = 6, File = 7, Button = 8, End };
+enum class SpecialControlKind : int {
+    CheckedList = 3,
+    Password = 4,
+    Path = 5,
+    Colour = 6,
+    File = 7,
+    Button = 8,
+    End,  // their number follows from it
+};
 inline constexpr auto kFirstSpecialControlKind = SpecialControlKind::CheckedList;
 inline constexpr std::size_t kSpecialControlKinds =
     static_cast<std::size_t>(SpecialControlKind::End) - static_cast<std::size_t>(kFirstSpecialControlKind);
