@@ -33,12 +33,17 @@ protected:
     // The same with Alt held.
     static void PressAlt(HWND window, UINT key);
     static void Type(HWND window, std::wstring_view text);
+    // One step after the other, parted by blanks: keys ("down", "shift+end", "ctrl+home"), characters ("type:ab"), and
+    // what the control's own test knows ("click:2").
+    using Step = std::function<void(std::string_view verb, std::string_view argument, bool shift, bool control)>;
+    static void Act(HWND window, std::string_view script, const Step& other = {});
     // Button down and up at a point of the client area.
     static void Click(HWND window, int x, int y, bool shift = false, bool control = false);
     static std::wstring TextOf(HWND window);
     // "first-last" of the edit's selection.
     static std::string SelectionOf(HWND edit);
     static std::string Narrow(std::wstring_view text);
+    static std::wstring Widen(std::string_view text) { return {text.begin(), text.end()}; }
 
     HWND m_parent = nullptr;
     // Called with the control for every WM_COMMAND, after it was noted.
