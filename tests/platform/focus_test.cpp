@@ -80,17 +80,6 @@ TEST_F(Focus, PopupsTakeTheActivationAndGiveItBackToTheirOwner) {
     EXPECT_EQ(GetFocus(), m_top);
 }
 
-TEST_F(Focus, ActivatesTheTopLevelWindowAroundIt) {
-    const HWND popup = Make("popup", WS_POPUP | WS_VISIBLE, m_top);
-    ASSERT_EQ(GetActiveWindow(), popup);
-    TakeLog();
-    SetFocus(m_a);
-    EXPECT_EQ(GetActiveWindow(), m_top);
-    EXPECT_EQ(GetFocus(), m_a);
-    EXPECT_EQ(SetActiveWindow(popup), m_top);
-    EXPECT_EQ(GetActiveWindow(), popup);
-}
-
 TEST_F(Focus, CaptureEndsWithTheWindowThatHasIt) {
     SetCapture(m_a);
     EXPECT_EQ(SetCapture(m_b), m_a);

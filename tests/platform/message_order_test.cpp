@@ -45,13 +45,6 @@ TEST_F(MessageOrder, MovingAndSizingTellsOnlyWhatChanged) {
     EXPECT_EQ(TakeLog(), MessageLog{});
 }
 
-TEST_F(MessageOrder, ChangingAStyleAsksAndTells) {
-    const HWND top = Top("top");
-    TakeLog();
-    SetWindowLongPtrW(top, GWL_STYLE, GetWindowLongPtrW(top, GWL_STYLE) & ~LONG_PTR{WS_MAXIMIZEBOX});
-    EXPECT_EQ(TakeLog(), (MessageLog{"top STYLECHANGING", "top STYLECHANGED"}));
-}
-
 TEST_F(MessageOrder, ParentsHearOfTheirDestructionFirstAndOfItsEndLast) {
     const HWND top = Top("top");
     const HWND panel = Child("panel", top);
@@ -66,40 +59,6 @@ TEST_F(MessageOrder, ParentsHearOfTheirDestructionFirstAndOfItsEndLast) {
     DestroyWindow(top);
     EXPECT_EQ(TakeLog(), (MessageLog{"top POSCHANGING", "top POSCHANGED", "top ACTIVATE 0 -", "top ACTIVATEAPP 0",
                                      "top DESTROY", "hidden DESTROY", "hidden NCDESTROY", "top NCDESTROY"}));
-}
-
-TEST_F(MessageOrder, ARefusedCreationEndsWithTheLastMessage) {
-    struct Case {
-        const char* name;
-        UINT message;
-        LRESULT refusal;
-        MessageLog log;
-    };
-    const Case cases[] = {
-        {"before it exists", WM_NCCREATE, FALSE, {"no NCCREATE", "no NCDESTROY"}},
-        {"when it exists", WM_CREATE, -1, {"no NCCREATE", "no NCCALCSIZE", "no CREATE", "no NCDESTROY"}},
-    };
-    for (const Case& test : cases) {
-        m_handler = [&](HWND, UINT message, WPARAM, LPARAM, LRESULT& result) {
-            if (message != test.message) return false;
-            result = test.refusal;
-            return true;
-        };
-        EXPECT_EQ(Make("no", WS_POPUP | WS_VISIBLE), nullptr) << test.name;
-        EXPECT_EQ(TakeLog(), test.log) << test.name;
-        m_handler = nullptr;
-    }
-}
-
-TEST_F(MessageOrder, OwnedWindowsGoWithTheirOwner) {
-    const HWND top = Top("top");
-    const HWND popup = Make("popup", WS_POPUP, top);
-    TakeLog();
-    DestroyWindow(top);
-    EXPECT_FALSE(IsWindow(popup));
-    const MessageLog log = TakeLog();
-    EXPECT_LT(std::find(log.begin(), log.end(), "popup NCDESTROY"), std::find(log.begin(), log.end(), "top DESTROY"))
-        << Lines(log);
 }
 
 TEST_F(MessageOrder, MaximisingAndRestoring) {

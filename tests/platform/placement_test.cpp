@@ -68,12 +68,9 @@ TEST_F(Placement, TheClientAreaIsWhatTheFrameLeaves) {
     };
     const Case cases[] = {
         {"no frame", WS_POPUP, 0},
-        {"border", WS_POPUP | WS_BORDER, 0},
         {"dialog frame", WS_POPUP | WS_CAPTION, WS_EX_DLGMODALFRAME},
         {"sizing frame", WS_OVERLAPPEDWINDOW, 0},
         {"sunken", WS_POPUP, WS_EX_CLIENTEDGE},
-        {"static edge", WS_POPUP, WS_EX_STATICEDGE},
-        {"tool window", WS_POPUP | WS_CAPTION, WS_EX_TOOLWINDOW},
     };
     for (const Case& test : cases) {
         RECT wanted{0, 0, 200, 100};
@@ -161,9 +158,6 @@ TEST_F(Placement, ChildrenAreOrderedAsCreatedUntilSomebodyMovesThem) {
     EXPECT_EQ(order(), (std::vector<HWND>{a, c, b}));
     SetWindowPos(a, HWND_BOTTOM, 0, 0, 0, 0, kInPlace);
     EXPECT_EQ(order(), (std::vector<HWND>{c, b, a}));
-    EXPECT_EQ(GetWindow(b, GW_HWNDFIRST), c);
-    EXPECT_EQ(GetWindow(b, GW_HWNDLAST), a);
-    EXPECT_EQ(GetWindow(b, GW_HWNDPREV), c);
 }
 
 TEST_F(Placement, ABatchOfPositionsIsAppliedAtItsEnd) {
@@ -227,11 +221,6 @@ TEST_F(Placement, ApplyingARecordSetsRectangleAndState) {
     EXPECT_FALSE(SetWindowPlacement(top, &placement));
 }
 
-TEST_F(Placement, AChildsRecordIsInItsParentsCoordinates) {
-    const HWND child = Make("child", WS_CHILD | WS_VISIBLE, Top("top"), {12, 14, 52, 44});
-    ExpectRect(PlacementOf(child).rcNormalPosition, 12, 14, 52, 44);
-}
-
 TEST_F(Placement, TheTreeAnswersByParentOwnerAndAncestor) {
     const HWND top = Top("top");
     const HWND panel = Child("panel", top, WS_VISIBLE, 7);
@@ -249,32 +238,17 @@ TEST_F(Placement, TheTreeAnswersByParentOwnerAndAncestor) {
     EXPECT_FALSE(IsChild(top, top));
     EXPECT_EQ(GetDlgCtrlID(panel), 7);
     EXPECT_EQ(FindWindowExW(top, nullptr, L"QVLOGGINGwindow", L"panel"), panel);
-    EXPECT_EQ(SetParent(inner, top), panel);
-    EXPECT_EQ(GetParent(inner), top);
-    EXPECT_EQ(GetWindow(top, GW_CHILD), inner);
 }
 
 TEST_F(Placement, CreationFailsWithAReason) {
-    struct Case {
-        const char* name;
-        const wchar_t* windowClass;
-        DWORD style;
-        HWND parent;
-        DWORD error;  // 0 where systems differ
+    const auto create = [](const wchar_t* windowClass, DWORD style, HWND parent) {
+        return CreateWindowExW(0, windowClass, L"", style, 0, 0, 1, 1, parent, nullptr, nullptr, nullptr);
     };
-    const Case cases[] = {
-        {"unknown class", L"NoSuchClass", WS_POPUP, nullptr, 0},
-        {"child of nobody", L"Static", WS_CHILD, nullptr, 1406},
-        {"dead parent", L"Static", WS_CHILD, reinterpret_cast<HWND>(UINT_PTR{0xFFFE}), 1400},
-    };
-    for (const Case& test : cases) {
-        SetLastError(0);
-        EXPECT_EQ(
-            CreateWindowExW(0, test.windowClass, L"", test.style, 0, 0, 1, 1, test.parent, nullptr, nullptr, nullptr),
-            nullptr)
-            << test.name;
-        EXPECT_TRUE(test.error == 0 || GetLastError() == test.error) << test.name;
-    }
+    EXPECT_EQ(create(L"NoSuchClass", WS_POPUP, nullptr), nullptr);
+    EXPECT_EQ(create(L"Static", WS_CHILD, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{1406});
+    EXPECT_EQ(create(L"Static", WS_CHILD, reinterpret_cast<HWND>(UINT_PTR{0xFFFE})), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{1400});
 }
 
 TEST_F(Placement, StaleHandlesAreRecognised) {

@@ -95,7 +95,6 @@ TEST_F(RegistryKey, AnswersSizesOfValues) {
     size = needed - 1;
     EXPECT_EQ(ERROR_MORE_DATA, RegQueryValueExW(m_key, L"text", nullptr, nullptr, buffer, &size));
     EXPECT_EQ(needed, size);
-    EXPECT_EQ(ERROR_INVALID_PARAMETER, RegQueryValueExW(m_key, L"text", nullptr, nullptr, buffer, nullptr));
     EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegQueryValueExW(m_key, L"none", nullptr, nullptr, nullptr, &size));
     // The unnamed value is one like others.
     EXPECT_EQ(L"<2>", GetText(m_key, nullptr));
@@ -116,22 +115,6 @@ TEST_F(RegistryKey, DeletesValuesKeysAndTrees) {
     EXPECT_EQ(ERROR_SUCCESS, RegDeleteTreeW(m_key, L"tree"));
     EXPECT_EQ(ERROR_FILE_NOT_FOUND, Open(m_key, L"tree"));
     EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegDeleteTreeW(m_key, L"tree"));
-}
-
-TEST_F(RegistryKey, AnOpenKeyOutlivesItsDeletionInName) {
-    const HKEY child = Create(m_key, L"child");
-    ASSERT_EQ(ERROR_SUCCESS, RegDeleteKeyW(m_key, L"child"));
-    EXPECT_EQ(ERROR_KEY_DELETED, SetText(child, L"v", L"1"));
-    EXPECT_EQ(ERROR_SUCCESS, RegCloseKey(child));
-    EXPECT_EQ(ERROR_INVALID_HANDLE, RegCloseKey(child));
-}
-
-TEST_F(RegistryKey, GrantsNoMoreThanWasAskedFor) {
-    HKEY readOnly = nullptr;
-    ASSERT_EQ(ERROR_SUCCESS, RegOpenKeyExW(m_key, nullptr, 0, KEY_READ, &readOnly));
-    EXPECT_EQ(ERROR_ACCESS_DENIED, SetText(readOnly, L"v", L"1"));
-    EXPECT_EQ(ERROR_ACCESS_DENIED, RegDeleteValueW(readOnly, L"v"));
-    RegCloseKey(readOnly);
 }
 
 TEST_F(RegistryKey, EnumeratesWithinTheBuffer) {

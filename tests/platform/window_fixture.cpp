@@ -31,23 +31,9 @@ const std::map<UINT, const char*>& Known() {
         {WM_ENABLE, "ENABLE"},
         {WM_CANCELMODE, "CANCELMODE"},
         {WM_CAPTURECHANGED, "CAPTURECHANGED"},
-        {WM_CHILDACTIVATE, "CHILDACTIVATE"},
         {WM_PARENTNOTIFY, "PARENTNOTIFY"},
         {WM_DESTROY, "DESTROY"},
         {WM_NCDESTROY, "NCDESTROY"},
-        {WM_CLOSE, "CLOSE"},
-        {WM_SYSCOMMAND, "SYSCOMMAND"},
-        {WM_STYLECHANGING, "STYLECHANGING"},
-        {WM_STYLECHANGED, "STYLECHANGED"},
-        {WM_SETTEXT, "SETTEXT"},
-        {WM_COMMAND, "COMMAND"},
-        {WM_KEYDOWN, "KEYDOWN"},
-        {WM_KEYUP, "KEYUP"},
-        {WM_CHAR, "CHAR"},
-        {WM_SYSKEYDOWN, "SYSKEYDOWN"},
-        {WM_SYSCHAR, "SYSCHAR"},
-        {WM_HSCROLL, "HSCROLL"},
-        {WM_VSCROLL, "VSCROLL"},
     };
     return s_known;
 }
@@ -57,22 +43,11 @@ std::string NameOf(HWND window) {
     return found == g_names.end() ? "-" : found->second;
 }
 
-std::string Pair(LPARAM lParam) {
-    return std::to_string(static_cast<short>(LOWORD(lParam))) + "," +
-           std::to_string(static_cast<short>(HIWORD(lParam)));
-}
-
 std::string Details(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SHOWWINDOW:
         case WM_ENABLE:
         case WM_ACTIVATEAPP:
-        case WM_KEYDOWN:
-        case WM_KEYUP:
-        case WM_CHAR:
-        case WM_SYSKEYDOWN:
-        case WM_SYSCHAR:
-            return " " + std::to_string(wParam);
         case WM_SIZE:
             return " " + std::to_string(wParam);
         case WM_PARENTNOTIFY:
@@ -82,8 +57,6 @@ std::string Details(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             return " " + NameOf(reinterpret_cast<HWND>(wParam));
-        case WM_COMMAND:
-            return " " + Pair(static_cast<LPARAM>(wParam)) + " " + NameOf(reinterpret_cast<HWND>(lParam));
         default:
             return {};
     }
@@ -103,13 +76,6 @@ void Register() {
 }
 
 }  // namespace
-
-std::string Lines(const MessageLog& log) {
-    std::string lines;
-    for (const std::string& line : log)
-        lines += line + "\n";
-    return lines;
-}
 
 WindowFixture::WindowFixture() {
     g_fixture = this;

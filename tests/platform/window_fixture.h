@@ -16,9 +16,6 @@ namespace qv::test {
 // "name MESSAGE details", in the order of arrival.
 using MessageLog = std::vector<std::string>;
 
-// One line each, for failure texts.
-[[nodiscard]] std::string Lines(const MessageLog& log);
-
 // Makes top-level and child windows of one logging class, and destroys what is left of them.
 class WindowFixture : public testing::Test {
 public:
