@@ -16,7 +16,7 @@ constexpr DWORD kControl = WS_CHILD | WS_VISIBLE;
 constexpr DWORD kStop = kControl | WS_TABSTOP;
 constexpr DWORD kDialog = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_SETFONT | DS_MODALFRAME;
 
-enum Id { kLabel = 100, kName, kFirst = 103, kSecond, kThird, kCheck, kApply, kLines, kEditInside = 201, kPush };
+enum Id { kLabel = 100, kName, kFirst = 103, kSecond, kThird, kCheck, kApply, kLines };
 
 struct Command {
     int id;
@@ -86,18 +86,6 @@ protected:
     }
     std::vector<Command> TakeCommands() { return std::exchange(g_record.commands, {}); }
 
-    // An inner dialog behind the name field: a container whose controls belong to the outer tab order.
-    HWND AddInner() {
-        DialogTemplateBuilder inner(kControl | DS_CONTROL | DS_SETFONT, L"", DialogTemplateBuilder::Layout::Plain, 80,
-                                    50);
-        inner.Add(L"Edit", L"", kStop, kEditInside, {0, 0, 40, 12})
-            .Add(L"Button", L"&Push", kStop, kPush, {0, 20, 40, 34});
-        const HWND window =
-            CreateDialogIndirectParamW(GetModuleHandleW(nullptr), inner.Get(), m_dialog, DialogProcedure, 5);
-        SetWindowPos(window, Item(kName), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        return window;
-    }
-
     HWND m_dialog = nullptr;
     User m_user;
 };
@@ -149,29 +137,6 @@ TEST_F(Dialog, LeavesTheFocusAloneWhenItsProcedureSaysSo) {
     EXPECT_NE(GetActiveWindow(), m_dialog);
 }
 
-TEST_F(Dialog, TabGoesAroundAndMovesTheRing) {
-    struct Step {
-        int focus;
-        int ring;
-    };
-    const Step forward[] = {{kFirst, IDOK},       {kCheck, IDOK}, {IDOK, IDOK},
-                            {IDCANCEL, IDCANCEL}, {kLines, IDOK}, {kName, IDOK}};
-    for (const Step& step : forward) {
-        m_user.Press(VK_TAB);
-        EXPECT_EQ(FocusId(), step.focus);
-        EXPECT_EQ(Ring(), step.ring) << "at " << step.focus;
-    }
-    for (auto step = std::rbegin(forward) + 1; step != std::rend(forward); ++step) {
-        m_user.Press(VK_TAB, {.shift = true});
-        EXPECT_EQ(FocusId(), step->focus);
-        EXPECT_EQ(Ring(), step->ring) << "back at " << step->focus;
-    }
-    EnableWindow(Item(kCheck), FALSE);
-    ShowWindow(Item(IDOK), SW_HIDE);
-    m_user.Press(VK_TAB);
-    EXPECT_EQ(FocusId(), IDCANCEL) << "hidden and disabled ones are passed over";
-}
-
 TEST_F(Dialog, KeysDoWhatTheyMean) {
     struct Case {
         const char* name;
@@ -185,15 +150,10 @@ TEST_F(Dialog, KeysDoWhatTheyMean) {
     const User::Held alt{.alt = true};
     const Case cases[] = {
         {"enter in a field", kName, VK_RETURN, none, kName, {{IDOK, BN_CLICKED}}},
-        {"enter in a field of lines", kLines, VK_RETURN, none, kLines, {}},
-        {"enter on a check box", kCheck, VK_RETURN, none, kCheck, {{IDOK, BN_CLICKED}}},
         {"enter on a button", IDCANCEL, VK_RETURN, none, IDCANCEL, {{IDCANCEL, BN_CLICKED}}},
-        {"escape", kCheck, VK_ESCAPE, none, kCheck, {{IDCANCEL, BN_CLICKED}}},
         {"space on a check box", kCheck, VK_SPACE, none, kCheck, {{kCheck, BN_CLICKED}}},
         {"arrow in a group", IDOK, VK_RIGHT, none, IDCANCEL, {}},
-        {"arrow past a disabled button", IDCANCEL, VK_RIGHT, none, kLines, {}},
         {"arrow in a field stays there", kName, VK_RIGHT, none, kName, {}},
-        {"mnemonic of a label", kCheck, 'N', alt, kName, {}},
         {"mnemonic of a check box", kName, 'C', alt, kCheck, {{kCheck, BN_CLICKED}}},
         {"mnemonic without alt", IDOK, 'C', none, kCheck, {{kCheck, BN_CLICKED}}},
         {"letter in a field is text", kName, 'C', none, kName, {}},
@@ -255,40 +215,6 @@ TEST_F(Dialog, TheDefaultButtonCanBeChangedAndMustBeEnabled) {
     EnableWindow(Item(kApply), FALSE);
     m_user.Press(VK_RETURN);
     EXPECT_EQ(TakeCommands(), std::vector<Command>{});
-}
-
-TEST_F(Dialog, AnInnerDialogBelongsToTheTabOrder) {
-    const HWND inner = AddInner();
-    SetFocus(Item(kName));
-    for (const int id : {int{kEditInside}, int{kPush}, int{kFirst}}) {
-        m_user.Press(VK_TAB);
-        EXPECT_EQ(FocusId(), id);
-    }
-    m_user.Press(VK_TAB, {.shift = true});
-    EXPECT_EQ(FocusId(), kPush);
-    TakeCommands();
-    m_user.Press(VK_RETURN);
-    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kPush, BN_CLICKED}}));
-    SetFocus(GetDlgItem(inner, kEditInside));
-    m_user.Press('N', {.alt = true});
-    EXPECT_EQ(FocusId(), kName) << "a mnemonic of the outer dialog";
-    TakeCommands();
-    m_user.Press('P', {.alt = true});
-    EXPECT_EQ(TakeCommands(), (std::vector<Command>{{kPush, BN_CLICKED}})) << "a mnemonic of the inner dialog";
-    // Keys that come by way of the inner dialog are the outer one's too.
-    SetFocus(GetDlgItem(inner, kPush));
-    const User through([&] { PumpMessages([&](MSG& message) { return IsDialogMessageW(inner, &message); }); });
-    through.Press(VK_TAB);
-    EXPECT_EQ(FocusId(), kFirst);
-    ShowWindow(inner, SW_HIDE);
-    SetFocus(Item(kName));
-    m_user.Press(VK_TAB);
-    EXPECT_EQ(FocusId(), kFirst) << "hidden";
-    ShowWindow(inner, SW_SHOW);
-    EnableWindow(inner, FALSE);
-    SetFocus(Item(kName));
-    m_user.Press(VK_TAB);
-    EXPECT_EQ(FocusId(), kFirst) << "disabled";
 }
 
 TEST_F(Dialog, NextItemsByTabAndByGroup) {

@@ -86,17 +86,6 @@ TEST_F(Placement, TheClientAreaIsWhatTheFrameLeaves) {
     }
 }
 
-TEST_F(Placement, ScrollBarsTakeRoomOnlyWhileTheirStyleIsSet) {
-    const HWND top = Top("top");
-    const HWND child = Make("child", WS_CHILD | WS_VISIBLE | WS_VSCROLL, top, {0, 0, 100, 80});
-    const int bar = GetSystemMetrics(SM_CXVSCROLL);
-    ExpectRect(ClientOf(child), 0, 0, 100 - bar, 80);
-    ShowScrollBar(child, SB_BOTH, TRUE);
-    ExpectRect(ClientOf(child), 0, 0, 100 - bar, 80 - GetSystemMetrics(SM_CYHSCROLL));
-    ShowScrollBar(child, SB_BOTH, FALSE);
-    ExpectRect(ClientOf(child), 0, 0, 100, 80);
-}
-
 TEST_F(Placement, PointsMapBetweenWindowsAndTheScreen) {
     const HWND top = Top("top");
     const HWND panel = Make("panel", WS_CHILD | WS_VISIBLE | WS_BORDER, top, {20, 30, 220, 130});
@@ -136,42 +125,6 @@ TEST_F(Placement, SizesObeyTheLimitsOfTheWindow) {
     ExpectRect(RectOf(top), 10, 10, 310, 260);
     MoveWindow(top, 10, 10, 2000, 3000, TRUE);
     ExpectRect(RectOf(top), 10, 10, 410, 360);
-}
-
-TEST_F(Placement, ChildrenAreOrderedAsCreatedUntilSomebodyMovesThem) {
-    const HWND top = Top("top");
-    const HWND a = Child("a", top);
-    const HWND b = Child("b", top);
-    const HWND c = Child("c", top);
-    const auto order = [&] {
-        std::vector<HWND> windows;
-        for (HWND window = GetWindow(top, GW_CHILD); window; window = GetWindow(window, GW_HWNDNEXT)) {
-            windows.push_back(window);
-        }
-        return windows;
-    };
-    constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
-    EXPECT_EQ(order(), (std::vector<HWND>{a, b, c}));
-    SetWindowPos(c, HWND_TOP, 0, 0, 0, 0, kInPlace);
-    EXPECT_EQ(order(), (std::vector<HWND>{c, a, b}));
-    SetWindowPos(c, a, 0, 0, 0, 0, kInPlace);
-    EXPECT_EQ(order(), (std::vector<HWND>{a, c, b}));
-    SetWindowPos(a, HWND_BOTTOM, 0, 0, 0, 0, kInPlace);
-    EXPECT_EQ(order(), (std::vector<HWND>{c, b, a}));
-}
-
-TEST_F(Placement, ABatchOfPositionsIsAppliedAtItsEnd) {
-    const HWND top = Top("top");
-    const HWND a = Child("a", top);
-    const HWND b = Child("b", top);
-    HDWP batch = BeginDeferWindowPos(1);
-    batch = DeferWindowPos(batch, a, nullptr, 1, 2, 30, 40, SWP_NOZORDER | SWP_NOACTIVATE);
-    batch = DeferWindowPos(batch, b, nullptr, 5, 6, 70, 80, SWP_NOZORDER | SWP_NOACTIVATE);
-    ASSERT_NE(batch, nullptr);
-    ExpectRect(ClientOf(a), 0, 0, 60, 30);
-    EXPECT_TRUE(EndDeferWindowPos(batch));
-    ExpectRect(ClientOf(a), 0, 0, 30, 40);
-    ExpectRect(ClientOf(b), 0, 0, 70, 80);
 }
 
 TEST_F(Placement, ARecordRemembersTheNormalRectangleInEveryState) {
@@ -219,25 +172,6 @@ TEST_F(Placement, ApplyingARecordSetsRectangleAndState) {
     ExpectRect(RectOf(top), area.left, 100, area.left + 500, 400);
     placement.length = 3;
     EXPECT_FALSE(SetWindowPlacement(top, &placement));
-}
-
-TEST_F(Placement, TheTreeAnswersByParentOwnerAndAncestor) {
-    const HWND top = Top("top");
-    const HWND panel = Child("panel", top, WS_VISIBLE, 7);
-    const HWND inner = Child("inner", panel);
-    const HWND popup = Make("popup", WS_POPUP, inner);
-    EXPECT_EQ(GetParent(inner), panel);
-    EXPECT_EQ(GetParent(top), nullptr);
-    EXPECT_EQ(GetParent(popup), top) << "the owner is the top-level window";
-    EXPECT_EQ(GetWindow(popup, GW_OWNER), top);
-    EXPECT_EQ(GetAncestor(inner, GA_ROOT), top);
-    EXPECT_EQ(GetAncestor(popup, GA_ROOT), popup);
-    EXPECT_EQ(GetAncestor(popup, GA_ROOTOWNER), top);
-    EXPECT_TRUE(IsChild(top, inner));
-    EXPECT_FALSE(IsChild(top, popup));
-    EXPECT_FALSE(IsChild(top, top));
-    EXPECT_EQ(GetDlgCtrlID(panel), 7);
-    EXPECT_EQ(FindWindowExW(top, nullptr, L"QVLOGGINGwindow", L"panel"), panel);
 }
 
 TEST_F(Placement, CreationFailsWithAReason) {

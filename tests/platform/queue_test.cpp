@@ -84,27 +84,4 @@ TEST_F(Queue, KeysMakeTheirCharacters) {
     SetKeyboardState(before.data());
 }
 
-TEST_F(Queue, PaintingWaitsUntilTheQueueIsEmptyAndEndsWithValidation) {
-    ShowWindow(m_top, SW_SHOWNOACTIVATE);
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageW(&message);
-    InvalidateRect(m_child, nullptr, TRUE);
-    PostMessageW(m_top, WM_USER, 0, 0);
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-    EXPECT_EQ(message.message, UINT{WM_USER});
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE));
-    EXPECT_EQ(message.hwnd, m_child);
-    DispatchMessageW(&message);
-    EXPECT_FALSE(GetUpdateRect(m_child, nullptr, FALSE));
-    InvalidateRect(m_child, nullptr, TRUE);
-    ShowWindow(m_child, SW_HIDE);
-    EXPECT_FALSE(GetUpdateRect(m_child, nullptr, FALSE)) << "nothing hidden needs painting";
-}
-
-TEST_F(Queue, DataOfWindowsIsKept) {
-    EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 12), 0);
-    EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 13), 12);
-}
-
 }  // namespace qv::test

@@ -16,22 +16,14 @@ std::map<HWND, std::string> g_names;
 const std::map<UINT, const char*>& Known() {
     static const std::map<UINT, const char*> s_known = {
         {WM_NCCREATE, "NCCREATE"},
-        {WM_NCCALCSIZE, "NCCALCSIZE"},
         {WM_CREATE, "CREATE"},
         {WM_SIZE, "SIZE"},
-        {WM_MOVE, "MOVE"},
-        {WM_SHOWWINDOW, "SHOWWINDOW"},
-        {WM_WINDOWPOSCHANGING, "POSCHANGING"},
-        {WM_WINDOWPOSCHANGED, "POSCHANGED"},
         {WM_GETMINMAXINFO, "GETMINMAXINFO"},
-        {WM_ACTIVATEAPP, "ACTIVATEAPP"},
         {WM_ACTIVATE, "ACTIVATE"},
         {WM_SETFOCUS, "SETFOCUS"},
         {WM_KILLFOCUS, "KILLFOCUS"},
         {WM_ENABLE, "ENABLE"},
         {WM_CANCELMODE, "CANCELMODE"},
-        {WM_CAPTURECHANGED, "CAPTURECHANGED"},
-        {WM_PARENTNOTIFY, "PARENTNOTIFY"},
         {WM_DESTROY, "DESTROY"},
         {WM_NCDESTROY, "NCDESTROY"},
     };
@@ -45,13 +37,9 @@ std::string NameOf(HWND window) {
 
 std::string Details(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_SHOWWINDOW:
         case WM_ENABLE:
-        case WM_ACTIVATEAPP:
         case WM_SIZE:
             return " " + std::to_string(wParam);
-        case WM_PARENTNOTIFY:
-            return LOWORD(wParam) == WM_CREATE ? " create" : LOWORD(wParam) == WM_DESTROY ? " destroy" : " other";
         case WM_ACTIVATE:
             return " " + std::to_string(LOWORD(wParam)) + " " + NameOf(reinterpret_cast<HWND>(lParam));
         case WM_SETFOCUS:

@@ -1,5 +1,5 @@
 // Windows that write down the messages they hear, shared by the tests of the windowing calls. A log holds only messages
-// whose order a program may rely on; painting and the like are left out.
+// that the layers above handle.
 #pragma once
 
 #include <gtest/gtest.h>
