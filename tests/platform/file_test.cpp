@@ -83,8 +83,6 @@ TEST_F(Files, OpenByTheirDisposition) {
         LONG error;
     };
     const Case cases[] = {
-        {"new, missing", CREATE_NEW, false, ERROR_SUCCESS},
-        {"new, there", CREATE_NEW, true, ERROR_FILE_EXISTS},
         {"always, missing", CREATE_ALWAYS, false, ERROR_SUCCESS},
         {"always, there", CREATE_ALWAYS, true, ERROR_ALREADY_EXISTS},
         {"existing, missing", OPEN_EXISTING, false, ERROR_FILE_NOT_FOUND},
@@ -130,7 +128,6 @@ TEST_F(Files, AnswerWhyTheyCannotBeOpened) {
 
 TEST_F(Files, AreSharedAsTheirHoldersAllow) {
     constexpr DWORD kBoth = FILE_SHARE_READ | FILE_SHARE_WRITE;
-    constexpr DWORD kReadWrite = GENERIC_READ | GENERIC_WRITE;
     struct Case {
         const char* name;
         DWORD access;
@@ -141,12 +138,8 @@ TEST_F(Files, AreSharedAsTheirHoldersAllow) {
     };
     const Case cases[] = {
         {"exclusive", GENERIC_READ, 0, GENERIC_READ, kBoth, false},
-        {"two readers", GENERIC_READ, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, true},
-        {"reader keeps writers out", GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, kBoth, false},
         {"second asks to be alone", GENERIC_READ, kBoth, GENERIC_READ, 0, false},
         {"writer and tolerant reader", GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, kBoth, true},
-        {"writer and strict reader", GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, false},
-        {"all share all", kReadWrite, kBoth, kReadWrite, kBoth, true},
     };
     Write(L"f", "1");
     for (const Case& c : cases) {
@@ -188,25 +181,10 @@ TEST_F(Files, TellFoldersFromFiles) {
     EXPECT_EQ(Code(ERROR_PATH_NOT_FOUND), GetLastError());
     EXPECT_FALSE(DeleteFileW(m_folder.Path().c_str()));
     EXPECT_EQ(Code(ERROR_ACCESS_DENIED), GetLastError());
-    EXPECT_FALSE(SetCurrentDirectoryW(At(L"file").c_str()));
-    EXPECT_EQ(Code(ERROR_DIRECTORY), GetLastError());
     EXPECT_NE(0u, GetFileAttributesW(m_folder.Path().c_str()) & FILE_ATTRIBUTE_DIRECTORY);
     EXPECT_EQ(0u, GetFileAttributesW(At(L"file").c_str()) & FILE_ATTRIBUTE_DIRECTORY);
     EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(At(L"none").c_str()));
     EXPECT_EQ(Code(ERROR_FILE_NOT_FOUND), GetLastError());
-}
-
-TEST_F(Files, GetTemporaryNamesOfTheirOwn) {
-    wchar_t first[MAX_PATH];
-    wchar_t second[MAX_PATH];
-    ASSERT_NE(0u, GetTempFileNameW(m_folder.Path().c_str(), L"prefix", 0, first));
-    ASSERT_NE(0u, GetTempFileNameW(m_folder.Path().c_str(), L"prefix", 0, second));
-    EXPECT_STRNE(first, second);
-    EXPECT_NE(INVALID_FILE_ATTRIBUTES, GetFileAttributesW(first));
-    const std::wstring name = std::wstring(first).substr(m_folder.Path().size() + 1);
-    EXPECT_EQ(L"pre", name.substr(0, 3));
-    EXPECT_EQ(0u, GetTempFileNameW(At(L"none").c_str(), L"p", 0, first));
-    EXPECT_EQ(Code(ERROR_DIRECTORY), GetLastError());
 }
 
 TEST(SystemMessages, EndWithALineEndAndAreAllocatedOnRequest) {
@@ -223,9 +201,6 @@ TEST(SystemMessages, EndWithALineEndAndAreAllocatedOnRequest) {
         EXPECT_GT(text.size(), 4u);
         EXPECT_TRUE(text.ends_with(L".\r\n"));
         EXPECT_EQ(nullptr, LocalFree(message));
-        wchar_t small[4];
-        EXPECT_EQ(0u, FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, Code(code), 0, small, 4, nullptr));
-        EXPECT_EQ(Code(ERROR_INSUFFICIENT_BUFFER), GetLastError());
     }
     wchar_t buffer[64];
     EXPECT_EQ(0u, FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, 0x2FFFFFFF, 0, buffer, 64, nullptr));

@@ -61,17 +61,6 @@ TEST(TextCase, MapsPairsOnly) {
               CharLowerW(reinterpret_cast<LPWSTR>(static_cast<UINT_PTR>(L'A'))));
 }
 
-TEST(TextEncoding, SaysWhatItHadToReplace) {
-    const std::string bytes = "a\xC3\xA4\xE2\x82\xAC";
-    char narrow[16] = {};
-    EXPECT_EQ(7, WideCharToMultiByte(CP_UTF8, 0, L"a\u00E4\u20AC", -1, narrow, 16, nullptr, nullptr));
-    EXPECT_EQ(bytes, narrow);
-    BOOL replaced = FALSE;
-    EXPECT_EQ(3, WideCharToMultiByte(1252, 0, L"\u20AC\u0416x", 3, narrow, 16, nullptr, &replaced));
-    EXPECT_TRUE(replaced);
-    EXPECT_EQ("\x80?x", std::string(narrow, 3));
-}
-
 // Characters that the code page does not have become those which look like them, where there are any.
 TEST(TextEncoding, TakesLikenessesForFullWidthForms) {
     const auto narrow = [](std::wstring_view text, DWORD flags, BOOL* replaced) {
