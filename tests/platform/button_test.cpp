@@ -4,20 +4,20 @@ namespace {
 
 class ButtonTest : public ControlTest {
 protected:
-    static LRESULT CheckOf(HWND button) { return SendMessageW(button, BM_GETCHECK, 0, 0); }
-    static bool IsPushed(HWND button) { return (SendMessageW(button, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0; }
+    static int CheckOf(HWND button) { return Send(button, BM_GETCHECK); }
+    static bool IsPushed(HWND button) { return (Send(button, BM_GETSTATE) & BST_PUSHED) != 0; }
 };
 
 struct ButtonCase {
     const char* name;
     DWORD style;
-    LRESULT checks[3];       // after one, two, three clicks
-    LRESULT setCheck;        // after the program's BST_INDETERMINATE
+    int checks[3];           // after one, two, three clicks
+    int setCheck;            // after the program's BST_INDETERMINATE
     const char* doubleTold;  // of a double click
-    LRESULT dialogCode;
+    int dialogCode;
 };
 
-constexpr LRESULT kPush = DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
+constexpr int kPush = DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
 const ButtonCase kButtons[] = {
     {"push", BS_PUSHBUTTON, {0, 0, 0}, 0, "CLICKED", kPush},
     {"default push", BS_DEFPUSHBUTTON, {0, 0, 0}, 0, "CLICKED", DLGC_BUTTON | DLGC_DEFPUSHBUTTON},
@@ -37,7 +37,7 @@ TEST_F(ButtonTest, EveryWayToClickActsAlike) {
     const Way ways[] = {
         {"mouse", [](HWND button) { Click(button, 5, 5); }},
         {"space", [](HWND button) { Press(button, VK_SPACE); }},
-        {"message", [](HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }},
+        {"message", [](HWND button) { Send(button, BM_CLICK); }},
     };
     for (const ButtonCase& row : kButtons) {
         for (const Way& way : ways) {
@@ -45,7 +45,7 @@ TEST_F(ButtonTest, EveryWayToClickActsAlike) {
             HWND button = Create(L"Button", row.style | WS_GROUP, L"button");
             SetFocus(button);
             TakeLog();
-            for (LRESULT check : row.checks) {
+            for (int check : row.checks) {
                 way.click(button);
                 EXPECT_EQ(CheckOf(button), check);
                 EXPECT_EQ(TakeLog(), "CLICKED");
@@ -60,7 +60,7 @@ TEST_F(ButtonTest, TypesDifferInChecksDoubleClicksAndWhatTheyTellTheDialog) {
     for (const ButtonCase& row : kButtons) {
         SCOPED_TRACE(row.name);
         HWND button = Create(L"Button", row.style, L"button");
-        EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), row.dialogCode);
+        EXPECT_EQ(Send(button, WM_GETDLGCODE), row.dialogCode);
         SendMessageW(button, BM_SETCHECK, BST_INDETERMINATE, 0);
         EXPECT_EQ(CheckOf(button), row.setCheck) << "kept inside what the type knows";
         EXPECT_EQ(TakeLog(), "") << "the program's check is not told";
@@ -73,7 +73,7 @@ TEST_F(ButtonTest, TypesDifferInChecksDoubleClicksAndWhatTheyTellTheDialog) {
     }
     HWND button = Create(L"Button", BS_PUSHBUTTON, L"button");
     SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
-    EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
+    EXPECT_EQ(Send(button, WM_GETDLGCODE), DLGC_BUTTON | DLGC_DEFPUSHBUTTON);
     EXPECT_EQ(GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
 }
 
@@ -95,7 +95,7 @@ TEST_F(ButtonTest, FocusIsToldToThoseWhoAsk) {
     HWND silent = Create(L"Button", BS_PUSHBUTTON, L"a", 80, 20, 101);
     HWND telling = Create(L"Button", BS_PUSHBUTTON | BS_NOTIFY, L"b", 80, 20, 102);
     SetFocus(silent);
-    EXPECT_NE(SendMessageW(silent, BM_GETSTATE, 0, 0) & BST_FOCUS, 0);
+    EXPECT_NE(Send(silent, BM_GETSTATE) & BST_FOCUS, 0);
     SetFocus(telling);
     SetFocus(silent);
     EXPECT_EQ(TakeLog(), "SETFOCUS KILLFOCUS");

@@ -23,6 +23,12 @@ protected:
     HWND Create(const wchar_t* className, DWORD style, const wchar_t* text = L"", int width = 200, int height = 24,
                 int id = kControlId);
 
+    static int Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return static_cast<int>(SendMessageW(window, message, wParam, lParam));
+    }
+    static int SendText(HWND window, UINT message, int wParam, const std::wstring& text) {
+        return Send(window, message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text.c_str()));
+    }
     // What the parent was told since the last call, names parted by blanks: "UPDATE CHANGE".
     std::string TakeLog();
     // The answer that the parent gives to the notification or message that is logged under this name.

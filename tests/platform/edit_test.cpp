@@ -7,9 +7,6 @@ constexpr DWORD kLines = ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL;
 
 class EditTest : public ControlTest {
 protected:
-    static LRESULT Send(HWND edit, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(edit, message, wParam, lParam);
-    }
     static void Select(HWND edit, int first, int last) { Send(edit, EM_SETSEL, static_cast<WPARAM>(first), last); }
     static void Replace(HWND edit, std::string_view text) {
         Send(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Widen(text).c_str()));
@@ -179,8 +176,8 @@ TEST_F(EditTest, TellsItsFocusAndWhichKeysItWants) {
         EXPECT_EQ(SelectionOf(edit), "0-0");
         SetFocus(m_parent);
         EXPECT_EQ(TakeLog(), "SETFOCUS KILLFOCUS");
-        EXPECT_EQ(Send(edit, WM_GETDLGCODE), DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS |
-                                                 (style == kLines ? LRESULT{DLGC_WANTALLKEYS} : 0));
+        EXPECT_EQ(Send(edit, WM_GETDLGCODE),
+                  DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS | (style == kLines ? DLGC_WANTALLKEYS : 0));
     }
 }
 

@@ -4,12 +4,6 @@ namespace {
 
 class ListBoxTest : public ControlTest {
 protected:
-    static int Send(HWND list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return static_cast<int>(SendMessageW(list, message, wParam, lParam));
-    }
-    static int SendText(HWND list, UINT message, int wParam, const std::wstring& text) {
-        return Send(list, message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text.c_str()));
-    }
     HWND Filled(DWORD style, std::initializer_list<const wchar_t*> texts) {
         HWND list = Create(L"ListBox", LBS_NOINTEGRALHEIGHT | style, L"", 100, 200);
         for (const wchar_t* text : texts)

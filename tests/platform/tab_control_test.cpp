@@ -4,9 +4,6 @@ namespace {
 
 class TabControlTest : public ControlTest {
 protected:
-    static int Send(HWND tabs, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return static_cast<int>(SendMessageW(tabs, message, wParam, lParam));
-    }
     static int Insert(HWND tabs, int index, const wchar_t* title, LPARAM data = 0) {
         TCITEMW item = {};
         item.mask = TCIF_TEXT | TCIF_PARAM;

@@ -6,9 +6,6 @@ namespace {
 // A person at the controls, through the queue and the dialog's keyboard navigation.
 class UserInputTest : public ControlTest {
 protected:
-    int Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-        return static_cast<int>(SendMessageW(window, message, wParam, lParam));
-    }
     qv::User m_user{
         [this] { qv::PumpMessages([this](MSG& message) { return IsDialogMessageW(m_parent, &message) != FALSE; }); }};
 };
