@@ -70,13 +70,6 @@ TEST(ClassFactory, MakesObjectsThatKeepTheModuleLoaded) {
     EXPECT_EQ(g_module.LockCount(), 0);
 }
 
-TEST(ClassFactory, ServerLocksOutliveTheFactory) {
-    Factory(kThingClass)->LockServer(TRUE);
-    EXPECT_EQ(g_module.LockCount(), 1);
-    Factory(kThingClass)->LockServer(FALSE);
-    EXPECT_EQ(g_module.LockCount(), 0);
-}
-
 TEST(ClassFactory, RefusalsLeaveANullResultAndNoLock) {
     auto* const stale = reinterpret_cast<void*>(0x1234);
     void* out = stale;

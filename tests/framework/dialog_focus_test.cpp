@@ -1,5 +1,7 @@
 // What follows the focus in a nested dialog: the frame of the button that Enter presses; and what becomes of a focus
 // whose control drops out.
+#include <map>
+
 #include "tests/framework/nested_frame.h"
 #include "tests/support/framed_buttons.h"
 
@@ -23,28 +25,13 @@ void ExpectFrames(Frame& frame, Log& log, const qv::User& user, const std::vecto
         EXPECT_EQ(::GetDlgCtrlID(framed[0]), step.framed);
         log.Take();
         if (FocusId() == kMultiLine) continue;
+        const std::map<int, std::string> pressed{{IDOK, ::GetFocus() == framed[0] ? "inner ok;" : "frame ok;"},
+                                                 {IDCANCEL, "inner cancel;"},
+                                                 {kHelp, "help;"},
+                                                 {kApply, "apply;"},
+                                                 {kPush, "push;"}};
         user.Press(VK_RETURN);
-        const bool onOk = ::GetFocus() == framed[0];
-        const std::string pressed = log.Take();
-        switch (step.framed) {
-            case IDOK:
-                EXPECT_EQ(pressed, onOk ? "inner ok;" : "frame ok;");
-                break;
-            case IDCANCEL:
-                EXPECT_EQ(pressed, "inner cancel;");
-                break;
-            case kHelp:
-                EXPECT_EQ(pressed, "help;");
-                break;
-            case kApply:
-                EXPECT_EQ(pressed, "apply;");
-                break;
-            case kPush:
-                EXPECT_EQ(pressed, "push;");
-                break;
-            default:
-                ADD_FAILURE();
-        }
+        EXPECT_EQ(log.Take(), pressed.at(step.framed));
     }
 }
 
@@ -71,7 +58,6 @@ TEST(NestedDialogFrame, ExactlyTheButtonThatEnterPressesIsFramed) {
                 {"mnemonic of a push button", [&] { user.Press('P', {.alt = true}); }, kPush},
                 {"click into a field", click(kEdit), IDOK},
                 {"mnemonic of a button of the dialog", [&] { user.Press('A', {.alt = true}); }, kApply},
-                {"click on a combo box", click(kEditableCombo), IDOK},
                 {"click on a push button", click(kPush), kPush},
                 {"click on a radio button", click(kRadioB), IDOK},
                 {"click on Help", click(kHelp), kHelp},
@@ -79,7 +65,6 @@ TEST(NestedDialogFrame, ExactlyTheButtonThatEnterPressesIsFramed) {
                 {"a program moves the focus to a button", focus(kPush), kPush},
                 {"page away from it", [&] { user.Press(VK_NEXT, {.control = true}); }, IDOK},
                 {"a program moves the focus to Cancel", focus(IDCANCEL), IDCANCEL},
-                {"and to a field", focus(kEdit), IDOK},
                 {"as a dialog, from the inner dialog",
                  [&] { frame.inner.GotoDlgCtrl(CWnd::FromHandle(frame.Item(kPush))); }, kPush},
                 {"as a dialog, from the frame", [&] { frame.GotoDlgCtrl(CWnd::FromHandle(frame.Item(kEdit))); }, IDOK},

@@ -139,7 +139,7 @@ public:
 TEST(WindowProcedure, ReportsAnExceptionAndAnswersZero) {
     Thrower window;
     std::string reported;
-    const auto before = SetExceptionHandler([&reported](const std::exception_ptr& exception) {
+    const qvtest::ScopedExceptionHandler handler([&reported](const std::exception_ptr& exception) {
         try {
             std::rethrow_exception(exception);
         } catch (const std::exception& e) {
@@ -147,7 +147,6 @@ TEST(WindowProcedure, ReportsAnExceptionAndAnswersZero) {
         }
     });
     EXPECT_EQ(window.SendMessage(kPrivateMessage), 0);
-    SetExceptionHandler(before);
     EXPECT_EQ(reported, "handler");
     EXPECT_TRUE(window.IsLive());
 }

@@ -82,17 +82,6 @@ TEST_F(SheetOfPages, PagesComeOutOfTheirDisabledTemplateUsable) {
     EXPECT_TRUE(qv::User::CanReach(a.GetDlgItem(10)->m_hWnd));
 }
 
-TEST_F(SheetOfPages, TheUserSwitchesWithTheTabs) {
-    ASSERT_TRUE(Create());
-    sheet.SetActivePage(1);
-    Take();
-    ASSERT_TRUE(MakeUser().ChooseTab(sheet.GetTabControl()->m_hWnd, 2));
-    EXPECT_EQ(Take(), "b-kill;c-init;c-set;");
-    EXPECT_EQ(sheet.GetActivePage(), &c);
-    EXPECT_TRUE(c.IsWindowVisible());
-    EXPECT_FALSE(b.IsWindowVisible());
-}
-
 TEST_F(SheetOfPages, ARefusalKeepsThePageAndItsTab) {
     ASSERT_TRUE(Create());
     a.refuseKill = true;

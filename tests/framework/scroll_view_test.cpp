@@ -51,13 +51,6 @@ TEST_F(ScrollView, ShowsBarsOnlyWhenNeededAndCountsTheRoomTheyTake) {
     }
 }
 
-TEST_F(ScrollView, BarsFollowTheWindowsSize) {
-    view->SetScrollSizes({300, 200});
-    EXPECT_TRUE(HasBar(WS_HSCROLL) && HasBar(WS_VSCROLL));
-    view->MoveWindow(0, 0, 300, 200);
-    EXPECT_FALSE(HasBar(WS_HSCROLL) || HasBar(WS_VSCROLL));
-}
-
 TEST_F(ScrollView, ScrollsItsContentAndStopsAtTheEnds) {
     view->SetScrollSizes({200 - barWidth, 400}, {50, 50}, {7, 7});
     const int furthest = 400 - 100;

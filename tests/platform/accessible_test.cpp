@@ -29,7 +29,6 @@ protected:
         m_edit = Add(L"EDIT", L"content", WS_VISIBLE, 120, 30);
         m_button = Add(L"BUTTON", L"Pr&ess", WS_VISIBLE, 20, 60);
         m_hidden = Add(L"BUTTON", L"", 0, 200, 60);
-        m_disabled = Add(L"BUTTON", L"Off", WS_VISIBLE | WS_DISABLED, 120, 90);
     }
     void TearDown() override {
         DestroyWindow(m_window);
@@ -46,7 +45,6 @@ protected:
     HWND m_edit = nullptr;
     HWND m_button = nullptr;
     HWND m_hidden = nullptr;
-    HWND m_disabled = nullptr;
 };
 
 // Owns the object of one window.
@@ -92,7 +90,6 @@ TEST_F(StandardAccessibleObject, AnswersNamesRolesAndStates) {
         {m_button, L"Press", L"Alt+e", L"<none>", ROLE_SYSTEM_CLIENT, STATE_SYSTEM_FOCUSABLE},
         {m_hidden, L"<none>", L"<none>", L"<none>", ROLE_SYSTEM_CLIENT,
          STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_INVISIBLE},
-        {m_disabled, L"Off", L"<none>", L"<none>", ROLE_SYSTEM_CLIENT, STATE_SYSTEM_UNAVAILABLE},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(::testing::PrintToString(std::wstring(c.name)));
@@ -106,66 +103,6 @@ TEST_F(StandardAccessibleObject, AnswersNamesRolesAndStates) {
         EXPECT_EQ(S_OK, object->get_accState(Self(), &answer));
         EXPECT_EQ(c.state, answer.lVal);
     }
-}
-
-TEST_F(StandardAccessibleObject, CountsChildrenAndHandsNoneOutByNumber) {
-    const Object object(m_window);
-    LONG count = 0;
-    EXPECT_EQ(S_OK, object->get_accChildCount(&count));
-    EXPECT_EQ(5, count);
-    for (const LONG id : {CHILDID_SELF, 1, 5, 6, -1}) {
-        SCOPED_TRACE(id);
-        VARIANT child = Self();
-        child.lVal = id;
-        IDispatch* dispatch = nullptr;
-        EXPECT_EQ(E_INVALIDARG, object->get_accChild(child, &dispatch));
-        EXPECT_EQ(nullptr, dispatch);
-        if (id != CHILDID_SELF) {
-            BSTR name = nullptr;
-            EXPECT_EQ(E_INVALIDARG, object->get_accName(child, &name));
-        }
-    }
-}
-
-TEST_F(StandardAccessibleObject, FindsWhatIsUnderAPoint) {
-    struct Case {
-        const char* name;
-        LONG x;
-        LONG y;
-        HWND window;
-    };
-    const Case cases[] = {
-        {"static", 125, 135, m_static}, {"edit", 225, 135, m_edit}, {"disabled", 225, 195, m_disabled},
-        {"hidden", 305, 165, nullptr},  {"gap", 405, 305, nullptr},
-    };
-    const Object object(m_window);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        VARIANT found{};
-        ASSERT_EQ(S_OK, object->accHitTest(c.x, c.y, &found));
-        if (c.window == nullptr) {
-            EXPECT_EQ(VT_I4, found.vt);
-            EXPECT_EQ(CHILDID_SELF, found.lVal);
-            continue;
-        }
-        ASSERT_EQ(VT_DISPATCH, found.vt);
-        IAccessible* child = nullptr;
-        ASSERT_EQ(S_OK, found.pdispVal->QueryInterface(IID_IAccessible, reinterpret_cast<void**>(&child)));
-        HWND window = nullptr;
-        EXPECT_EQ(S_OK, WindowFromAccessibleObject(child, &window));
-        EXPECT_EQ(c.window, window);
-        child->Release();
-        VariantClear(&found);
-    }
-    LONG left = 0;
-    LONG top = 0;
-    LONG width = 0;
-    LONG height = 0;
-    EXPECT_EQ(S_OK, Object(m_edit)->accLocation(&left, &top, &width, &height, Self()));
-    EXPECT_EQ(220, left);
-    EXPECT_EQ(130, top);
-    EXPECT_EQ(90, width);
-    EXPECT_EQ(20, height);
 }
 
 TEST_F(StandardAccessibleObject, OutlivesItsWindow) {

@@ -16,35 +16,10 @@ protected:
     void TearDown() override { CoUninitialize(); }
 };
 
-TEST_F(Com, IdentifiersAreWrittenWithBraces) {
-    wchar_t text[39] = {};
-    EXPECT_EQ(39, StringFromGUID2(kSome, text, 39));
-    EXPECT_STREQ(L"{12345678-9ABC-DEF0-0123-456789ABCDEF}", text);
-    EXPECT_EQ(0, StringFromGUID2(kSome, text, 38));
-}
-
 TEST_F(Com, UnknownClassesAreNotRegistered) {
     void* object = &object;
     EXPECT_EQ(REGDB_E_CLASSNOTREG, CoCreateInstance(kSome, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, &object));
     EXPECT_EQ(nullptr, object);
-}
-
-TEST_F(Com, NestsItsInitialization) {
-    EXPECT_EQ(S_FALSE, CoInitialize(nullptr));
-    CoUninitialize();
-}
-
-TEST(TaskMemory, TakesNullAndMakesBlocksOfNoBytes) {
-    CoTaskMemFree(nullptr);
-    void* empty = CoTaskMemAlloc(0);
-    EXPECT_NE(nullptr, empty);
-    CoTaskMemFree(empty);
-}
-
-TEST(ResultCodes, WrapSystemErrorsOnce) {
-    EXPECT_EQ(S_OK, HRESULT_FROM_WIN32(ERROR_SUCCESS));
-    EXPECT_EQ(E_ACCESSDENIED, HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED));
-    EXPECT_EQ(E_ACCESSDENIED, HRESULT_FROM_WIN32(static_cast<unsigned long>(E_ACCESSDENIED)));
 }
 
 TEST(Modules, AreFoundByNameAddressAndFile) {

@@ -23,6 +23,12 @@ protected:
     HWND Create(const wchar_t* className, DWORD style, const wchar_t* text = L"", int width = 200, int height = 24,
                 int id = kControlId);
 
+    static int Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return static_cast<int>(SendMessageW(window, message, wParam, lParam));
+    }
+    static int SendText(HWND window, UINT message, int wParam, const std::wstring& text) {
+        return Send(window, message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text.c_str()));
+    }
     // What the parent was told since the last call, names parted by blanks: "UPDATE CHANGE".
     std::string TakeLog();
     // The answer that the parent gives to the notification or message that is logged under this name.
@@ -33,12 +39,17 @@ protected:
     // The same with Alt held.
     static void PressAlt(HWND window, UINT key);
     static void Type(HWND window, std::wstring_view text);
+    // One step after the other, parted by blanks: keys ("down", "shift+end", "ctrl+home"), characters ("type:ab"), and
+    // what the control's own test knows ("click:2").
+    using Step = std::function<void(std::string_view verb, std::string_view argument, bool shift, bool control)>;
+    static void Act(HWND window, std::string_view script, const Step& other = {});
     // Button down and up at a point of the client area.
     static void Click(HWND window, int x, int y, bool shift = false, bool control = false);
     static std::wstring TextOf(HWND window);
     // "first-last" of the edit's selection.
     static std::string SelectionOf(HWND edit);
     static std::string Narrow(std::wstring_view text);
+    static std::wstring Widen(std::string_view text) { return {text.begin(), text.end()}; }
 
     HWND m_parent = nullptr;
     // Called with the control for every WM_COMMAND, after it was noted.

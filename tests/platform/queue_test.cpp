@@ -84,48 +84,4 @@ TEST_F(Queue, KeysMakeTheirCharacters) {
     SetKeyboardState(before.data());
 }
 
-TEST_F(Queue, TimersRepeatUntilTheyAreKilled) {
-    SetTimer(m_top, 3, 10, nullptr);
-    MSG message{};
-    for (int i = 0; i < 2; ++i) {
-        ASSERT_TRUE(GetMessageW(&message, m_top, WM_TIMER, WM_TIMER));
-        EXPECT_EQ(message.wParam, WPARAM{3});
-    }
-    EXPECT_TRUE(KillTimer(m_top, 3));
-    EXPECT_FALSE(KillTimer(m_top, 3));
-}
-
-TEST_F(Queue, PaintingWaitsUntilTheQueueIsEmptyAndEndsWithValidation) {
-    ShowWindow(m_top, SW_SHOWNOACTIVATE);
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageW(&message);
-    InvalidateRect(m_child, nullptr, TRUE);
-    PostMessageW(m_top, WM_USER, 0, 0);
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-    EXPECT_EQ(message.message, UINT{WM_USER});
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE));
-    EXPECT_EQ(message.hwnd, m_child);
-    DispatchMessageW(&message);
-    EXPECT_FALSE(GetUpdateRect(m_child, nullptr, FALSE));
-    InvalidateRect(m_child, nullptr, TRUE);
-    ShowWindow(m_child, SW_HIDE);
-    EXPECT_FALSE(GetUpdateRect(m_child, nullptr, FALSE)) << "nothing hidden needs painting";
-}
-
-TEST_F(Queue, DataOfWindowsIsKeptByIndexAndText) {
-    EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 12), 0);
-    EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_USERDATA, 13), 12);
-    EXPECT_EQ(SetWindowLongPtrW(m_child, GWLP_ID, 99), 0);
-    EXPECT_EQ(GetDlgItem(m_top, 99), m_child);
-    SetLastError(0);
-    EXPECT_EQ(GetWindowLongPtrW(m_child, 400), 0);
-    EXPECT_EQ(GetLastError(), DWORD{1413});
-    SetWindowTextW(m_child, L"longer text");
-    wchar_t text[7] = {};
-    EXPECT_EQ(GetWindowTextLengthW(m_child), 11);
-    EXPECT_EQ(GetWindowTextW(m_child, text, 7), 6);
-    EXPECT_STREQ(text, L"longer");
-}
-
 }  // namespace qv::test

@@ -16,38 +16,16 @@ std::map<HWND, std::string> g_names;
 const std::map<UINT, const char*>& Known() {
     static const std::map<UINT, const char*> s_known = {
         {WM_NCCREATE, "NCCREATE"},
-        {WM_NCCALCSIZE, "NCCALCSIZE"},
         {WM_CREATE, "CREATE"},
         {WM_SIZE, "SIZE"},
-        {WM_MOVE, "MOVE"},
-        {WM_SHOWWINDOW, "SHOWWINDOW"},
-        {WM_WINDOWPOSCHANGING, "POSCHANGING"},
-        {WM_WINDOWPOSCHANGED, "POSCHANGED"},
         {WM_GETMINMAXINFO, "GETMINMAXINFO"},
-        {WM_ACTIVATEAPP, "ACTIVATEAPP"},
         {WM_ACTIVATE, "ACTIVATE"},
         {WM_SETFOCUS, "SETFOCUS"},
         {WM_KILLFOCUS, "KILLFOCUS"},
         {WM_ENABLE, "ENABLE"},
         {WM_CANCELMODE, "CANCELMODE"},
-        {WM_CAPTURECHANGED, "CAPTURECHANGED"},
-        {WM_CHILDACTIVATE, "CHILDACTIVATE"},
-        {WM_PARENTNOTIFY, "PARENTNOTIFY"},
         {WM_DESTROY, "DESTROY"},
         {WM_NCDESTROY, "NCDESTROY"},
-        {WM_CLOSE, "CLOSE"},
-        {WM_SYSCOMMAND, "SYSCOMMAND"},
-        {WM_STYLECHANGING, "STYLECHANGING"},
-        {WM_STYLECHANGED, "STYLECHANGED"},
-        {WM_SETTEXT, "SETTEXT"},
-        {WM_COMMAND, "COMMAND"},
-        {WM_KEYDOWN, "KEYDOWN"},
-        {WM_KEYUP, "KEYUP"},
-        {WM_CHAR, "CHAR"},
-        {WM_SYSKEYDOWN, "SYSKEYDOWN"},
-        {WM_SYSCHAR, "SYSCHAR"},
-        {WM_HSCROLL, "HSCROLL"},
-        {WM_VSCROLL, "VSCROLL"},
     };
     return s_known;
 }
@@ -57,33 +35,16 @@ std::string NameOf(HWND window) {
     return found == g_names.end() ? "-" : found->second;
 }
 
-std::string Pair(LPARAM lParam) {
-    return std::to_string(static_cast<short>(LOWORD(lParam))) + "," +
-           std::to_string(static_cast<short>(HIWORD(lParam)));
-}
-
 std::string Details(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_SHOWWINDOW:
         case WM_ENABLE:
-        case WM_ACTIVATEAPP:
-        case WM_KEYDOWN:
-        case WM_KEYUP:
-        case WM_CHAR:
-        case WM_SYSKEYDOWN:
-        case WM_SYSCHAR:
-            return " " + std::to_string(wParam);
         case WM_SIZE:
             return " " + std::to_string(wParam);
-        case WM_PARENTNOTIFY:
-            return LOWORD(wParam) == WM_CREATE ? " create" : LOWORD(wParam) == WM_DESTROY ? " destroy" : " other";
         case WM_ACTIVATE:
             return " " + std::to_string(LOWORD(wParam)) + " " + NameOf(reinterpret_cast<HWND>(lParam));
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             return " " + NameOf(reinterpret_cast<HWND>(wParam));
-        case WM_COMMAND:
-            return " " + Pair(static_cast<LPARAM>(wParam)) + " " + NameOf(reinterpret_cast<HWND>(lParam));
         default:
             return {};
     }
@@ -103,13 +64,6 @@ void Register() {
 }
 
 }  // namespace
-
-std::string Lines(const MessageLog& log) {
-    std::string lines;
-    for (const std::string& line : log)
-        lines += line + "\n";
-    return lines;
-}
 
 WindowFixture::WindowFixture() {
     g_fixture = this;

@@ -1,5 +1,5 @@
 // Windows that write down the messages they hear, shared by the tests of the windowing calls. A log holds only messages
-// whose order a program may rely on; painting and the like are left out.
+// that the layers above handle.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,9 +15,6 @@ namespace qv::test {
 
 // "name MESSAGE details", in the order of arrival.
 using MessageLog = std::vector<std::string>;
-
-// One line each, for failure texts.
-[[nodiscard]] std::string Lines(const MessageLog& log);
 
 // Makes top-level and child windows of one logging class, and destroys what is left of them.
 class WindowFixture : public testing::Test {

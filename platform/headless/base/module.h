@@ -23,7 +23,6 @@ BOOL FreeLibrary(HMODULE module);
 
 #define RT_MENU MAKEINTRESOURCEW(4)
 #define RT_DIALOG MAKEINTRESOURCEW(5)
-#define RT_STRING MAKEINTRESOURCEW(6)
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
 
 // A null module is the program. Names compare without case; a name "#12" is the number 12.
@@ -35,4 +34,3 @@ LPVOID LockResource(HGLOBAL data);
 DWORD SizeofResource(HMODULE module, HRSRC resource);
 // Length without the terminator, 0 when there is no such text; a text too long for the buffer is cut. The form that
 // answers a pointer into the resource (size 0) does not exist here: units in resources are narrower than wchar_t.
-int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);

@@ -1,11 +1,9 @@
 #include "platform/headless/base/resources.h"
 
-#include <algorithm>
 #include <list>
 #include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
 #include "platform/headless/base/encoding.h"
 #include "platform/module_address.h"
@@ -58,39 +56,6 @@ HMODULE OrProgram(HMODULE module) {
 
 const Resource* FromHandle(HRSRC handle) {
     return reinterpret_cast<const Resource*>(handle);
-}
-
-// The text blocks of a string table hold 16 texts each; block n starts with text (n - 1) * 16.
-constexpr UINT kTextsInBlock = 16;
-
-std::vector<std::vector<std::uint16_t>> ReadBlock(std::span<const std::byte> bytes) {
-    std::vector<std::vector<std::uint16_t>> texts(kTextsInBlock);
-    const auto unitAt = [&](std::size_t index) {
-        return static_cast<std::uint16_t>(std::to_integer<unsigned>(bytes[2 * index]) |
-                                          (std::to_integer<unsigned>(bytes[2 * index + 1]) << 8));
-    };
-    const std::size_t units = bytes.size() / 2;
-    std::size_t at = 0;
-    for (auto& text : texts) {
-        if (at >= units) break;
-        const std::size_t wanted = unitAt(at++);
-        const std::size_t length = std::min(wanted, units - at);
-        for (std::size_t i = 0; i < length; ++i)
-            text.push_back(unitAt(at++));
-    }
-    return texts;
-}
-
-std::wstring Widen(const std::vector<std::uint16_t>& units) {
-    std::wstring text;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        char32_t code = units[i];
-        if (code >= 0xD800 && code < 0xDC00 && i + 1 < units.size() && (units[i + 1] & 0xFC00) == 0xDC00) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (units[++i] - 0xDC00u);
-        }
-        text.push_back(static_cast<wchar_t>(code));
-    }
-    return text;
 }
 
 template <typename Handle>
@@ -163,14 +128,4 @@ LPVOID LockResource(HGLOBAL data) {
 DWORD SizeofResource(HMODULE, HRSRC resource) {
     if (resource == nullptr) return Fail<DWORD>(ERROR_INVALID_PARAMETER);
     return static_cast<DWORD>(FromHandle(resource)->bytes.size());
-}
-
-int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size) {
-    if (buffer == nullptr || size <= 0) return 0;
-    const std::lock_guard lock(Resources().mutex);
-    const auto found = FindResourceW(module, MAKEINTRESOURCEW(id / kTextsInBlock + 1), RT_STRING);
-    const std::wstring text = found == nullptr ? L"" : Widen(ReadBlock(FromHandle(found)->bytes)[id % kTextsInBlock]);
-    const auto length = std::min(text.size(), static_cast<std::size_t>(size) - 1);
-    *std::copy_n(text.data(), length, buffer) = 0;
-    return static_cast<int>(length);
 }

@@ -58,11 +58,9 @@ TEST_F(PasswordField, LooksAtTheLastCharacterAfterEveryChange) {
     } cases[] = {
         {"good character", L"ab", 2, L"c", true, L"abc", L""},
         {"space at the end", L"ab", 2, L" ", true, L"", RefusalOf(2, 32, L" ")},
-        {"e acute", L"ab", 2, L"\x00E9", true, L"", RefusalOf(2, 233, L"\x00E9")},
         {"first character", L"", 0, L" ", true, L"", RefusalOf(0, 32, L" ")},
         {"wide, low byte in range", L"ab", 2, L"\x0141", true, L"ab\x0141", L""},
         {"wide, reported by its low byte", L"ab", 2, L"\x20AC", true, L"", RefusalOf(2, 0xAC, L"\x20AC")},
-        {"127", L"ab", 2, L"\x7F", false, L"ab\x7F", L""},
         {"space in the middle passes", L"ab", 1, L" ", true, L"a b", L""},
         {"pasted, bad inside passes", L"", 0, L"a b", false, L"a b", L""},
         {"pasted, bad at the end", L"x", 1, L"ab ", false, L"", RefusalOf(3, 32, L" ")},
@@ -106,15 +104,10 @@ TEST_F(PasswordField, StoresAnEmptyPasswordForABadCharacterInside) {
     Hold(L"ab");
     edit.SetSel(1, 1);
     Type(L" ");
+    ASSERT_FALSE(page.Taken(EN_CHANGE).empty()) << "the page hears of it";
+    EXPECT_EQ(page.Taken(EN_CHANGE)[0].control, edit.m_hWnd);
     EXPECT_EQ(edit.GetValue(), L"");
     EXPECT_TRUE(boxes.empty());
-}
-
-TEST_F(PasswordField, ChangesReachThePage) {
-    Hold(L"ab");
-    Type(L"c");
-    ASSERT_FALSE(page.Taken(EN_CHANGE).empty());
-    EXPECT_EQ(page.Taken(EN_CHANGE)[0].control, edit.m_hWnd);
 }
 
 TEST_F(PasswordField, ReportsAStoredTextThatCannotBeDeciphered) {

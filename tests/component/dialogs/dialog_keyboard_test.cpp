@@ -57,24 +57,6 @@ TEST_F(DialogKeyboard, GoesOnFromOkAfterEveryApply) {
     EXPECT_EQ(host.Stored(L"common/name"), L"Dora");
 }
 
-TEST_F(DialogKeyboard, ARefusedApplyLeavesTheFocusAtTheValue) {
-    EXPECT_EQ(Show({
-                  [this] {
-                      EXPECT_TRUE(driver.Type(L"common/count", L"11"));
-                      user.Focus(Button(IDC_APPLY_BUTTON));
-                      user.Press(VK_SPACE);
-                      EXPECT_EQ(driver.boxes.size(), 1U);
-                      EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
-                      EXPECT_EQ(::GetFocus(), Row(L"common/count"));
-                      ExpectFramed(Button(IDOK));
-                  },
-                  [this] { user.Type(L"9"); },
-                  [this] { user.Press(VK_RETURN); },
-              }),
-              IDOK);
-    EXPECT_EQ(host.Stored(L"common/count"), L"9");
-}
-
 TEST_F(DialogKeyboard, OneButtonIsFramedWhateverMovesTheFocus) {
     DefineButtonPage();
     InDialog([this] {

@@ -33,6 +33,11 @@ protected:
         std::erase_if(calls, [](const SessionCall& call) { return call.key != kRecord; });
         return calls;
     }
+    void ExpectFrame(const CRect& expected) const {
+        const CRect frame = driver.Frame().GetWindowRect();
+        EXPECT_TRUE(EqualRect(&frame, &expected))
+            << frame.left << ", " << frame.top << ": " << frame.Width() << " x " << frame.Height();
+    }
     void OpenAndCancel() {
         InDialog([] {});
     }
@@ -140,10 +145,7 @@ TEST_F(Placement, RecordIsReadFieldByField) {
             fresh.session->Put(SDT_userData, kRecord, name, text);
         WINDOWPLACEMENT placement = InitialPlacement();
         ReadPlacementRecord(*fresh.session.Get(), placement);
-        EXPECT_EQ(placement.rcNormalPosition.left, each.rect.left);
-        EXPECT_EQ(placement.rcNormalPosition.top, each.rect.top);
-        EXPECT_EQ(placement.rcNormalPosition.right, each.rect.right);
-        EXPECT_EQ(placement.rcNormalPosition.bottom, each.rect.bottom);
+        EXPECT_TRUE(EqualRect(&placement.rcNormalPosition, &each.rect));
         EXPECT_EQ(placement.showCmd, each.state);
     }
 }
@@ -154,23 +156,14 @@ TEST_F(Placement, TheFrameReopensWhereItWasLeft) {
     CRect left;
     InDialog(
         [&] {
-            const CRect frame = driver.Frame().GetWindowRect();
-            EXPECT_EQ(frame.left, 40);
-            EXPECT_EQ(frame.top, 50);
-            EXPECT_EQ(frame.Width(), 900);
-            EXPECT_EQ(frame.Height(), 700);
+            ExpectFrame({40, 50, 940, 750});
             driver.Frame().MoveWindow(80, 60, 860, 640);
             left = driver.Frame().GetWindowRect();
         },
         IDOK);
     EXPECT_EQ(Recorded(L"top.x"), L"80");
     EXPECT_EQ(Recorded(L"bottom.y"), L"700");
-    InDialog([&] {
-        const CRect again = driver.Frame().GetWindowRect();
-        EXPECT_EQ(again.left, left.left);
-        EXPECT_EQ(again.Width(), left.Width());
-        EXPECT_EQ(again.Height(), left.Height());
-    });
+    InDialog([&] { ExpectFrame(left); });
 }
 
 TEST_F(Placement, AMaximisedFrameReopensMaximised) {
@@ -282,13 +275,7 @@ TEST_F(Placement, AFailingListingLeavesTheInitialPlacement) {
     host.session->SetFault([](const SessionCall& call) {
         return call.operation == SessionOperation::EnumValues && call.key == kRecord ? E_FAIL : S_OK;
     });
-    InDialog([this] {
-        const CRect frame = driver.Frame().GetWindowRect();
-        EXPECT_EQ(frame.left, 0);
-        EXPECT_EQ(frame.top, 0);
-        EXPECT_EQ(frame.Width(), 470);
-        EXPECT_EQ(frame.Height(), 360);
-    });
+    InDialog([this] { ExpectFrame({0, 0, 470, 360}); });
 }
 
 TEST_F(Placement, SwitchingOnInTheDialogSavesAtThisVeryClose) {

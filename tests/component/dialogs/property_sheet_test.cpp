@@ -86,21 +86,6 @@ protected:
     }
 };
 
-TEST_F(TwoPages, ARefusedLastPageComesToTheFrontAndNoPageIsStored) {
-    InDialog([this] {
-        driver.Type(L"a/one", L"5");
-        EXPECT_TRUE(driver.SwitchPage(1));
-        driver.Type(L"a/two", L"0");
-        EXPECT_TRUE(driver.SwitchPage(0));
-        driver.Press(IDOK);
-        EXPECT_EQ(driver.Sheet().GetActiveIndex(), 1);
-        EXPECT_EQ(driver.Sheet().GetTabControl()->GetCurSel(), 1);
-        EXPECT_TRUE(driver.HasFocus(driver.Control(L"a/two")));
-        EXPECT_EQ(driver.boxes.size(), 1U);
-        EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
-    });
-}
-
 TEST_F(TwoPages, OkStoresEveryPageInOrderAlsoTheOnesNeverLookedAt) {
     EXPECT_EQ(Show({[this] { driver.Press(IDOK); }}), IDOK);
     const auto writes = host.session->CallsOf(SessionOperation::WriteData);
@@ -164,16 +149,6 @@ TEST_F(TwoPages, APageThatOutgrowsTheSheetIsAddedToTheHeightButSetsTheWidth) {
             EXPECT_EQ(Sheet().GetRequiredWidth(), page->GetMinWidth() + 75);
             EXPECT_EQ(Sheet().GetRequiredHeight(), before + page->GetMinHeight());
         }
-    });
-}
-
-// Not even an item without a default keeps Default from counting as a change.
-TEST_F(Tabs, DefaultWakesApplyWhereThereIsNothingToReset) {
-    host.DefinePage(L"1", L"One");
-    host.DefineItem(L"a/one", 0, 1);
-    InDialog([this] {
-        EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
-        EXPECT_TRUE(driver.IsEnabled(IDC_APPLY_BUTTON));
     });
 }
 

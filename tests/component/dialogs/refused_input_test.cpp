@@ -12,15 +12,10 @@ protected:
     RefusedInput() {
         host.DefinePage(L"1", L"One");
         host.DefinePage(L"2", L"Two");
-        host.DefineItem(L"a/flag", {{L"type", L"0"}, {L"label", L"Flag"}, {L"pagenumber", L"1"}});
-        host.DefineItem(L"a/other", {{L"type", L"3"}, {L"label", L"Other"}, {L"pagenumber", L"2"}});
-        host.DefineItem(L"a/count", {{L"type", L"1"},
-                                     {L"label", L"&Count"},
-                                     {L"pagenumber", L"2"},
-                                     {L"ordernumber", L"1"},
-                                     {L"lowerbound", L"10"},
-                                     {L"upperbound", L"99"},
-                                     {L"default", L"50"}});
+        host.DefineItem(L"a/flag", 0, 1);
+        host.DefineItem(L"a/other", 3, 2);
+        host.DefineItem(L"a/count", 1, 2,
+                        {{L"label", L"&Count"}, {L"lowerbound", L"10"}, {L"upperbound", L"99"}, {L"default", L"50"}});
     }
     // The only box so far, above the dialog.
     void ExpectBox(MessageBoxCall::Kind kind, std::wstring_view caption, std::wstring_view text) {
@@ -50,16 +45,20 @@ TEST_F(RefusedInput, IsExplainedUnderItsPromptAndSelectedOnItsPage) {
         [this] {
             ExpectBox(MessageBoxCall::Kind::Info, L"&Count", kReason);
             EXPECT_EQ(Sheet().GetActiveIndex(), 1);
+            EXPECT_EQ(Sheet().GetTabControl()->GetCurSel(), 1);
             CWnd* count = driver.Control(L"a/count");
             EXPECT_TRUE(driver.HasFocus(count));
             EXPECT_TRUE(IsWholeTextSelected(*count));
+            EXPECT_TRUE(host.session->CallsOf(qv::SessionOperation::WriteData).empty());
+            EXPECT_TRUE(driver.Type(L"a/count", L"10"));
         },
-        [this] { driver.Press(IDCANCEL); },
+        [this] { driver.Press(IDOK); },
     });
+    EXPECT_EQ(host.Stored(L"a/count"), L"10");
 }
 
 TEST_F(RefusedInput, OfAChooserThatHasSaidWhyShowsNoSecondBox) {
-    host.DefineItem(L"a/folder", {{L"type", L"7"}, {L"label", L"Folder"}, {L"pagenumber", L"2"}, {L"checkpath", L"1"}});
+    host.DefineItem(L"a/folder", 7, 2, {{L"checkpath", L"1"}});
     Show({
         [this] { EXPECT_TRUE(driver.SwitchPage(1)); },
         [this] {
@@ -114,16 +113,15 @@ TEST_F(RefusedInput, WithoutAWindowAroundTheSheetIsRefusedSilently) {
 // Nobody is left to see what else would be loaded.
 TEST_F(RefusedInput, LoadingEndsWithTheDialogThatItIsFor) {
     for (const auto* key : {L"b/first", L"b/second"}) {
-        host.DefineItem(key, {{L"type", L"1"}, {L"pagenumber", L"1"}, {L"lowerbound", L"1"}, {L"default", L"0"}});
+        host.DefineItem(key, 1, 1, {{L"lowerbound", L"1"}, {L"default", L"0"}});
     }
     int boxes = 0;
-    const auto before = qv::SetMessageBoxSink([&boxes](const MessageBoxCall&) {
+    const qvtest::ScopedMessageBoxSink sink([&boxes](const MessageBoxCall&) {
         ++boxes;
         ::DestroyWindow(::FindWindowExW(nullptr, nullptr, nullptr, L"Test settings"));
         return IDOK;
     });
     EXPECT_NE(Show({}), IDOK);
-    qv::SetMessageBoxSink(before);
     EXPECT_EQ(boxes, 1);
 }
 

@@ -113,29 +113,6 @@ TEST_F(PlainDialog, DefaultWakesApplyEvenWhenNothingDiffers) {
     });
 }
 
-TEST_F(PlainDialog, ARefusedOkStaysOpenWithTheControlSelectedAndThenSucceeds) {
-    InDialog(
-        [this] {
-            driver.Type(L"common/count", L"11");
-            driver.Press(IDOK);
-            ASSERT_EQ(driver.boxes.size(), 1U);
-            EXPECT_EQ(driver.boxes[0].caption, L"Count");
-            EXPECT_EQ(driver.boxes[0].owner, driver.Dialog().GetSafeHwnd());
-            auto* edit = DynamicDownCast<CEdit>(driver.Control(L"common/count"));
-            ASSERT_NE(edit, nullptr);
-            EXPECT_TRUE(driver.HasFocus(edit));
-            int start = -1;
-            int end = -1;
-            edit->GetSel(start, end);
-            EXPECT_EQ(start, 0);
-            EXPECT_EQ(end, 2);
-            ExpectNothingWritten();
-            driver.Type(L"common/count", L"10");
-        },
-        IDOK);
-    EXPECT_EQ(host.Stored(L"common/count"), L"10");
-}
-
 // A control that takes the focus back (a password that was not repeated, say) keeps the dialog open without a word.
 TEST_F(PlainDialog, OkStaysOpenWhenTheFocusDoesNotFollow) {
     InDialog([this] {
