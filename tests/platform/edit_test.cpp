@@ -90,8 +90,9 @@ TEST_F(EditTest, SelectionIsOrderedAndKeptInsideTheText) {
         int first, last;
         const char* selection;
     };
-    // -1 as the start takes the selection away.
-    const Case cases[] = {{0, -1, "0-3"}, {2, 1, "1-2"}, {-1, 0, "2-2"}, {2, 100, "2-3"}, {100, 200, "3-3"}};
+    // -1 as the start takes the selection away; the caret stays at its end.
+    const Case cases[] = {{0, -1, "0-3"}, {2, 1, "1-2"},   {1, 2, "1-2"},
+                          {-1, 0, "2-2"}, {2, 100, "2-3"}, {100, 200, "3-3"}};
     HWND edit = Create(L"Edit", kScrolling, L"abc");
     for (const Case& row : cases) {
         Select(edit, row.first, row.last);
