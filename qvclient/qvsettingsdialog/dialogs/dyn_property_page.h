@@ -1,6 +1,6 @@
 // XDynPropertyPage: one tab of the settings sheet. It turns a page record into windows: it creates the special
-// controls, hands the row groups to the host's layout manager, keeps the layout fitted and reports the user's changes
-// to the sheet. It knows nothing about values.
+// controls, hands the row groups to the host's layout manager, keeps the layout fitted, reports the user's changes to
+// the sheet, and takes the user to an input that the model refuses. It knows nothing about values.
 #pragma once
 
 #include <string>
