@@ -57,12 +57,13 @@ RowKind KindOf(const XLayout::RowView& row) {
     return RowKind::Text;
 }
 
+// Joined with "|"; an entry that is neither on nor off counts as off.
 std::wstring TickedEntries(HWND list) {
     const auto* box = DynamicDownCast<CCheckListBox>(CWnd::FromHandlePermanent(list));
     if (box == nullptr) return {};
     std::wstring ticked;
     for (int i = 0; i < box->GetCount(); ++i) {
-        if (box->GetCheck(i) != 1) continue;
+        if (box->GetCheck(i) != BST_CHECKED) continue;
         if (!ticked.empty()) ticked += L'|';
         ticked += box->GetText(i);
     }

@@ -10,7 +10,7 @@ DialogTemplateWriter::DialogTemplateWriter(Layout layout, DWORD style, std::wstr
     if (layout == Layout::Extended) {
         Word(kExtendedVersion);
         Word(kExtendedSignature);
-        Dword(0);  // help
+        Dword(0);  // no help number
         Dword(0);  // extended style
         Dword(style);
     } else {
@@ -18,10 +18,10 @@ DialogTemplateWriter::DialogTemplateWriter(Layout layout, DWORD style, std::wstr
         Dword(0);  // extended style
     }
     m_countAt = m_words.size();
-    Word(0);  // controls
+    Word(0);  // the number of controls, counted as they come
     Rectangle(place);
     Word(0);  // no menu
-    Word(0);  // the dialog class
+    Word(0);  // the platform's own class for dialogs
     Text(caption);
     if ((style & DS_SETFONT) == 0) return;
     Word(font.points);
@@ -51,7 +51,7 @@ void DialogTemplateWriter::Add(std::wstring_view windowClass, DWORD id, DWORD st
 void DialogTemplateWriter::BeginControl(DWORD id, DWORD style, Place place, DWORD exStyle) {
     if (m_words.size() % 2 != 0) Word(0);  // every control starts at a double word
     if (m_layout == Layout::Extended) {
-        Dword(0);  // help
+        Dword(0);  // no help number
         Dword(exStyle);
         Dword(style);
         Rectangle(place);

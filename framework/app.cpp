@@ -2,7 +2,10 @@
 
 #include <utility>
 
-#include "framework/window_internals.h"
+#include "framework/call_scope.h"
+#include "framework/exceptions.h"
+#include "framework/thread_state.h"
+#include "framework/window_procedure.h"
 
 using qv::detail::ThisThread;
 using qv::detail::ThreadState;

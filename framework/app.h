@@ -2,7 +2,6 @@
 // scripted host drives a modal dialog from there, as a person would.
 #pragma once
 
-#include <exception>
 #include <functional>
 
 #include "framework/cmd_target.h"
@@ -33,11 +32,3 @@ IdleHandler SetIdleHandler(IdleHandler handler);
 // The thread's main window, or null: the owner of what has no better one.
 [[nodiscard]] CWnd* GetMainWnd();
 void SetMainWnd(CWnd* window);
-
-// Frees the temporary window objects of this thread; loops call it when idle.
-void DeleteTemporaryObjects();
-
-// Told of every exception that a window procedure or the message loop stopped; by default a line on the standard error
-// stream. Returns the one before. Must not throw.
-using ExceptionHandler = std::function<void(std::exception_ptr)>;
-ExceptionHandler SetExceptionHandler(ExceptionHandler handler);

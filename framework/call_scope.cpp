@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "framework/window_internals.h"
+#include "framework/thread_state.h"
+#include "framework/wnd.h"
 
 namespace qv {
 
@@ -33,16 +34,16 @@ void Deferral::Delete(std::unique_ptr<CWnd> object, HWND window, HWND root, std:
     for (CallScope* call = keeper; call != nullptr; call = call->m_outer) {
         if (mayBeInside(*call)) keeper = call;
     }
-    if (keeper != nullptr) keeper->m_waiting.push_back(std::move(object));
+    if (keeper != nullptr) keeper->m_waiting.push_back({std::move(object), madeAt});
 }
 
 void Deferral::DeleteMadeSince(std::uint64_t moment) {
     std::vector<std::unique_ptr<CWnd>> gone;  // taken out first: their ends are calls of their own
     for (CallScope* call = ThisThread().innermostCall; call != nullptr; call = call->m_outer) {
-        for (std::unique_ptr<CWnd>& object : call->m_waiting) {
-            if (WindowAccess::MadeAt(*object) >= moment) gone.push_back(std::move(object));
+        for (CallScope::Waiting& waiting : call->m_waiting) {
+            if (waiting.madeAt >= moment) gone.push_back(std::move(waiting.object));
         }
-        std::erase(call->m_waiting, nullptr);
+        std::erase_if(call->m_waiting, [](const CallScope::Waiting& waiting) { return waiting.object == nullptr; });
     }
 }
 

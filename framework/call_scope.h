@@ -31,12 +31,16 @@ public:
 
 private:
     friend struct detail::Deferral;
+    struct Waiting {
+        std::unique_ptr<CWnd> object;
+        std::uint64_t madeAt;
+    };
 
     detail::ThreadState& m_thread;
     CallScope* m_outer;
     HWND m_window;
     std::uint64_t m_began;
-    std::vector<std::unique_ptr<CWnd>> m_waiting;
+    std::vector<Waiting> m_waiting;
 };
 
 namespace detail {

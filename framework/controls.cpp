@@ -186,14 +186,14 @@ bool CTabCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
 int CTabCtrl::InsertItem(int index, const std::wstring& text) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
-    item.pszText = const_cast<wchar_t*>(text.c_str());
+    item.pszText = const_cast<wchar_t*>(text.c_str());  // only read
     return ToInt(SendMessage(TCM_INSERTITEMW, static_cast<WPARAM>(index), Pointer(&item)));
 }
 
 bool CTabCtrl::SetItemText(int index, const std::wstring& text) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
-    item.pszText = const_cast<wchar_t*>(text.c_str());
+    item.pszText = const_cast<wchar_t*>(text.c_str());  // only read
     return SendMessage(TCM_SETITEMW, static_cast<WPARAM>(index), Pointer(&item)) != 0;
 }
 

@@ -3,9 +3,10 @@
 #include <utility>
 
 #include "framework/app.h"
+#include "framework/call_scope.h"
 #include "framework/dialog_focus.h"
 #include "framework/dialog_template.h"
-#include "framework/window_internals.h"
+#include "framework/window_creation.h"
 
 QV_RUNTIME_CLASS_CREATE(CDialog, CWnd)
 

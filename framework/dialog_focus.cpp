@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/dialog.h"
+#include "framework/thread_state.h"
 
 namespace qv::detail {
 namespace {

@@ -2,7 +2,7 @@
 // where the focus goes when the control that has it drops out. For the framework's own files.
 #pragma once
 
-#include "framework/window_internals.h"
+#include "framework/wnd.h"
 
 namespace qv::detail {
 

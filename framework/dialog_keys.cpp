@@ -97,16 +97,18 @@ bool CDialog::TakeKeyOfNobody(MSG& message) {
     return message.wParam != VK_RETURN && message.wParam != VK_ESCAPE;
 }
 
+// Enter presses the push button that has the focus, else the default one of the whole dialog; Escape its Cancel.
 bool CDialog::TranslateEnterOrEscape(const MSG& message) {
     const bool enter = message.wParam == VK_RETURN;
     if (message.message != WM_KEYDOWN || (!enter && message.wParam != VK_ESCAPE)) return false;
     const auto wants = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
-    // An open list closes first; an edit of several lines keeps Enter.
-    if ((wants & DLGC_WANTMESSAGE) != 0 || (enter && (wants & DLGC_WANTALLKEYS) != 0)) return false;
+    // The control asks for this key: an open list, to close; an edit of several lines, for Enter.
+    if ((wants & DLGC_WANTMESSAGE) != 0) return false;
 
+    const bool onPushButton = (wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
     if (!enter) {
         PressOwn(m_hWnd, IDCANCEL);
-    } else if ((wants & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0) {
+    } else if (onPushButton) {
         SendClick(::GetParent(message.hwnd), ::GetDlgCtrlID(message.hwnd), message.hwnd);
     } else {
         // An OK in a nested dialog is pressed by way of this dialog's OnOK.
@@ -125,8 +127,8 @@ bool CDialog::TranslatePageKey(const MSG& message) {
     return step != 0 && ::EnumChildWindows(m_hWnd, &AskToSwitchPage, step) == FALSE;
 }
 
-// What lies around the focus scrolls first, the innermost window that still can; then, for a focus outside, whatever
-// the dialog shows.
+// PgUp and PgDn scroll the innermost window around the focus that can still move; when there is none, the first one of
+// the dialog that can.
 bool CDialog::TranslateScrollKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) return false;
     if (message.wParam != VK_PRIOR && message.wParam != VK_NEXT) return false;

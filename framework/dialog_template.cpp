@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "base/module_state.h"
-#include "framework/window_internals.h"
+#include "framework/window_creation.h"
 
 namespace qv::detail {
 namespace {

@@ -1,7 +1,7 @@
 #include "framework/dialog.h"
 #include "framework/dialog_template.h"
 #include "framework/view.h"
-#include "framework/window_internals.h"
+#include "framework/window_creation.h"
 
 QV_RUNTIME_CLASS(CFormView, CScrollView)
 

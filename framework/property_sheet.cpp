@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/window_internals.h"
+#include "framework/window_creation.h"
 
 QV_RUNTIME_CLASS(CPropertySheet, CWnd)
 
@@ -169,7 +169,9 @@ bool CPropertySheet::OnSwitchPage(int step) {
     if (count < 2) return false;
     HWND focus = ::GetFocus();
     const bool focusInPage = GetActivePage() != nullptr && ::IsChild(GetActivePage()->m_hWnd, focus) != FALSE;
-    SetActivePage((m_active + step + count) % count);
+    // After the end of the active page there is none, and either way leads to the nearest end.
+    const int from = m_active >= 0 || step > 0 ? m_active : 0;
+    SetActivePage((from + step + count) % count);
     if (!focusInPage && focus != ::GetFocus() && ::IsWindow(focus) != FALSE) ::SetFocus(focus);
     return true;
 }

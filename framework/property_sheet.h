@@ -75,6 +75,7 @@ private:
     LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
     bool ShowPage(int index);
     [[nodiscard]] CRect PageRect() const;
+    // A page ends. After the active one no other comes to the front by itself.
     void Forget(const CPropertyPage* page);
 
     std::wstring m_caption;

@@ -1,15 +1,24 @@
-// CWnd: handles, objects, creation and destruction.
+// CWnd: objects for handles, and the window's end.
 #include "framework/wnd.h"
 
-#include <utility>
+#include <memory>
+#include <unordered_map>
 
-#include "base/module_state.h"
-#include "framework/window_internals.h"
+#include "framework/handle_map.h"
 
-using qv::detail::CreationScope;
 using qv::detail::FindPermanent;
-using qv::detail::ThisThread;
-using qv::detail::WindowAccess;
+
+namespace {
+
+using TemporaryObjects = std::unordered_map<HWND, std::unique_ptr<CWnd>>;
+
+// This thread's. Left to the system at the thread's end, as the rest of what a thread keeps (thread_state.cpp).
+TemporaryObjects& Temporary() {
+    thread_local auto* objects = new TemporaryObjects;
+    return *objects;
+}
+
+}  // namespace
 
 QV_RUNTIME_CLASS_CREATE(CWnd, CCmdTarget)
 
@@ -18,13 +27,13 @@ CWnd::~CWnd() {
     // A temporary object only borrows its window.
     if (FindPermanent(m_hWnd) != this) return;
     CWnd::DestroyWindow();
-    if (m_hWnd != nullptr) WindowAccess::Forget(*this);
+    if (m_hWnd != nullptr) Forget();
 }
 
 CWnd* CWnd::FromHandle(HWND handle) {
     if (handle == nullptr) return nullptr;
     if (CWnd* permanent = FindPermanent(handle)) return permanent;
-    std::unique_ptr<CWnd>& temporary = ThisThread().temporary[handle];
+    std::unique_ptr<CWnd>& temporary = Temporary()[handle];
     if (temporary == nullptr) {
         temporary = std::make_unique<CWnd>();
         temporary->m_hWnd = handle;
@@ -43,71 +52,6 @@ bool CWnd::Attach(HWND handle) {
     return true;
 }
 
-HWND CWnd::Detach() {
-    HWND handle = m_hWnd;
-    if (handle == nullptr) return nullptr;
-    if (m_routed) return UnsubclassWindow();
-    WindowAccess::Forget(*this);
-    return handle;
-}
-
-bool CWnd::SubclassWindow(HWND handle) {
-    if (handle == nullptr || m_hWnd != nullptr || FindPermanent(handle) != nullptr || ::IsWindow(handle) == FALSE) {
-        return false;
-    }
-    WindowAccess::AttachRouted(*this, handle);
-    PreSubclassWindow();
-    return true;
-}
-
-bool CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
-    return parent != nullptr && SubclassWindow(::GetDlgItem(parent->m_hWnd, static_cast<int>(id)));
-}
-
-HWND CWnd::UnsubclassWindow() {
-    HWND handle = m_hWnd;
-    if (handle == nullptr) return nullptr;
-    // Somebody may have put a procedure above ours; then ours stays and passes everything on.
-    const auto current = reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(handle, GWLP_WNDPROC));
-    if (m_superProc != nullptr && current == &qv::detail::WindowProcedure) {
-        ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_superProc));
-    } else if (m_superProc != nullptr) {
-        qv::detail::AddPassedOn(handle, m_superProc);
-    }
-    WindowAccess::Forget(*this);
-    return handle;
-}
-
-bool CWnd::CreateEx(DWORD exStyle, const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect,
-                    HWND parent, UINT_PTR idOrMenu) {
-    const std::wstring text(title);
-    CREATESTRUCTW cs{};
-    cs.dwExStyle = exStyle;
-    cs.lpszClass = className != nullptr ? className : qv::detail::PlainClassName();
-    cs.lpszName = text.c_str();
-    cs.style = static_cast<LONG>(style);
-    cs.x = static_cast<int>(rect.left);
-    cs.y = static_cast<int>(rect.top);
-    cs.cx = static_cast<int>(rect.right - rect.left);
-    cs.cy = static_cast<int>(rect.bottom - rect.top);
-    cs.hwndParent = parent;
-    cs.hMenu = reinterpret_cast<HMENU>(idOrMenu);
-    cs.hInstance = GetResourceHandle();
-    if (m_hWnd != nullptr || !PreCreateWindow(cs)) return false;
-    const CreationScope scope(*this, cs.lpszClass == qv::detail::PlainClassName());
-    return ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y, cs.cx,
-                             cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams) != nullptr;
-}
-
-bool CWnd::Create(const wchar_t* className, std::wstring_view title, DWORD style, const RECT& rect, CWnd* parent,
-                  UINT id) {
-    if (parent == nullptr) {
-        ::SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return false;
-    }
-    return CreateEx(0, className, title, style | WS_CHILD, rect, parent->m_hWnd, id);
-}
-
 bool CWnd::PreCreateWindow(CREATESTRUCTW&) {
     return true;
 }
@@ -119,8 +63,16 @@ bool CWnd::DestroyWindow() {
     if (handle == nullptr) return false;
     const bool destroyed = ::DestroyWindow(handle) != FALSE;
     // The object may be gone by now; when the map still has it, its window's messages did not come through it.
-    if (FindPermanent(handle) == this && ::IsWindow(handle) == FALSE) WindowAccess::Forget(*this);
+    if (FindPermanent(handle) == this && ::IsWindow(handle) == FALSE) Forget();
     return destroyed;
+}
+
+void CWnd::Forget() {
+    qv::detail::RemovePermanent(m_hWnd, this);
+    m_hWnd = nullptr;
+    m_superProc = nullptr;
+    m_routed = false;
+    m_moduleState = nullptr;
 }
 
 void CWnd::PostNcDestroy() {}
@@ -130,9 +82,9 @@ bool CWnd::BelongsToWindow() const {
 }
 
 void DeleteTemporaryObjects() {
-    for (auto& [handle, object] : ThisThread().temporary)
+    for (auto& [handle, object] : Temporary())
         object->m_hWnd = nullptr;
-    ThisThread().temporary.clear();
+    Temporary().clear();
 }
 
 CWnd* on::detail::WindowFrom(HWND handle) {

@@ -176,6 +176,8 @@ private:
     friend struct qv::detail::WindowAccess;
 
     LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
+    // Leaves the object as it was before it had a window.
+    void Forget();
 
     std::wstring m_accessibleName;
     WNDPROC m_superProc = nullptr;  // the procedure below ours; null for windows of the framework's own class
@@ -186,3 +188,6 @@ private:
     std::uint64_t m_madeAt = 0;            // when it was attached
     HWND m_treeRoot = nullptr;             // of the tree in which its window was when its destruction began
 };
+
+// Frees the temporary objects of this thread (CWnd::FromHandle); loops call it when idle.
+void DeleteTemporaryObjects();

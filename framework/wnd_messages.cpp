@@ -1,6 +1,6 @@
 // CWnd: the road of a message through the object, and notifications handed back to the control that sent them.
+#include "framework/thread_state.h"
 #include "framework/window_hook.h"
-#include "framework/window_internals.h"
 #include "framework/wnd.h"
 
 using qv::detail::HandledMessage;

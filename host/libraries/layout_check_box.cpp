@@ -10,17 +10,18 @@ namespace qv {
 
 namespace {
 
-// The column after the last one with something drawn in it, to the right of `from`; columns that are as the one before
-// the text are empty. A screen font may have bitmaps for its small sizes that are narrower than what it measures.
-LONG EndOfInk(HDC dc, const RECT& area, LONG from, LONG measured) {
-    for (LONG x = measured; x > from; --x) {
+// The column after the last one with ink between `from` and the measured end of a text; the measured end when there is
+// none or it is covered. Empty is what looks like the area's first column, which lies before the text. Needed because a
+// screen font may have bitmaps for its small sizes that are narrower than what it measures.
+LONG EndOfInk(HDC dc, const RECT& area, LONG from, LONG measuredEnd) {
+    for (LONG x = measuredEnd; x > from; --x) {
         for (LONG y = area.top; y < area.bottom; ++y) {
             const COLORREF colour = ::GetPixel(dc, static_cast<int>(x - 1), static_cast<int>(y));
-            if (colour == CLR_INVALID) return measured;  // cannot be seen
+            if (colour == CLR_INVALID) return measuredEnd;  // clipped
             if (colour != ::GetPixel(dc, static_cast<int>(area.left), static_cast<int>(y))) return x;
         }
     }
-    return measured;
+    return measuredEnd;
 }
 
 }  // namespace

@@ -105,7 +105,7 @@ nlohmann::ordered_json ToJson(const JsonNode& node) {
     }
     auto object = nlohmann::ordered_json::object();
     for (const JsonNode& child : node.children) {
-        // Names are unique here, and asking for one costs a search through all.
+        // Whoever made the node kept its names unique: to look for each would be a search through all before it.
         object.get_ref<nlohmann::ordered_json::object_t&>().emplace_back(ToUtf8(child.name), ToJson(child));
     }
     return object;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/app.h"
+#include "framework/exceptions.h"
 
 namespace qvtest {
 

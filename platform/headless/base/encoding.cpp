@@ -81,6 +81,7 @@ std::string ToUtf8(std::wstring_view text) {
 }
 
 std::wstring FromUtf8(std::string_view bytes) {
+    static_assert(sizeof(wchar_t) == 4);  // a unit for every character
     std::wstring text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {

@@ -211,6 +211,7 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name) {
 BOOL FreeLibrary(HMODULE module) {
     void* handle = nullptr;
     {
+        // Closed outside the lock: that runs the module's own code.
         const std::lock_guard lock(Loaded().mutex);
         const auto found = Loaded().handles.find(module);
         if (found != Loaded().handles.end() && !found->second.empty()) {
@@ -220,6 +221,7 @@ BOOL FreeLibrary(HMODULE module) {
         }
     }
     if (handle != nullptr) return ::dlclose(handle) == 0;
-    // The program and what it was linked with are never let go, and that counts as done.
-    return FindModule(module) && module != nullptr ? TRUE : Fail<BOOL>(ERROR_MOD_NOT_FOUND);
+    // Null would find the program.
+    if (module == nullptr || !FindModule(module)) return Fail<BOOL>(ERROR_MOD_NOT_FOUND);
+    return TRUE;  // the program and what it was linked with are never let go, and that counts as done
 }

@@ -96,7 +96,7 @@ void ComboBox::OnFont(WPARAM font, bool redraw) {
         m_itemHeight = LineHeight();
         m_fieldHeight = m_itemHeight + 4;
     }
-    if (Type() == CBS_SIMPLE) return;
+    if (Type() == CBS_SIMPLE) return PlaceEdit();
     RECT window = {};
     GetWindowRect(m_window, &window);
     SetWindowPos(m_window, nullptr, 0, 0, window.right - window.left, ClosedHeight() + m_listHeight,
@@ -114,9 +114,10 @@ void ComboBox::OnPositionChanging(WINDOWPOS& position) {
 void ComboBox::PlaceEdit() const {
     if (m_edit == nullptr) return;
     const RECT button = ButtonRect();
-    const int right = Type() == CBS_SIMPLE ? ClientWidth() - kBorder : button.left;
-    SetWindowPos(m_edit, nullptr, kBorder + 1, kBorder + 1, std::max(0, right - kBorder - 1),
-                 std::max(0, m_fieldHeight - 2), SWP_NOZORDER | SWP_NOACTIVATE);
+    constexpr int kInset = 1;  // on all sides, of the frame
+    const int right = Type() == CBS_SIMPLE ? ClientWidth() - kBorder - kInset : button.left;
+    SetWindowPos(m_edit, nullptr, kBorder + kInset, kBorder + kInset, std::max(0, right - kBorder - kInset),
+                 std::max(0, m_fieldHeight - 2 * kInset), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ComboBox::OnEditCommand(int code) {

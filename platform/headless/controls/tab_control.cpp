@@ -264,7 +264,8 @@ void TabControl::StretchRow(size_t first, size_t last, int width) {
 // The row of the selected title stands next to the page, the others behind it in turn.
 int TabControl::TopOf(const Tab& tab) const {
     const int front = Holds(m_current) ? m_tabs[static_cast<size_t>(m_current)].row : m_rows - 1;
-    const int place = (tab.row - front - 1 + 2 * m_rows) % m_rows;
+    const int rows = std::max(m_rows, 1);  // there is a tab, so there is a row
+    const int place = (tab.row - front - 1 + 2 * rows) % rows;
     return kRowMargin + place * TabHeight();
 }
 
@@ -291,10 +292,10 @@ LRESULT TabControl::HitTest(TCHITTESTINFO& info) const {
 }
 
 void TabControl::Adjust(bool larger, RECT& rect) const {
-    const int top = kDisplayMargin + m_rows * TabHeight();
+    const int aboveDisplay = kDisplayMargin + m_rows * TabHeight();
     const int sign = larger ? -1 : 1;
     rect.left += sign * kDisplayMargin;
-    rect.top += sign * top;
+    rect.top += sign * aboveDisplay;
     rect.right -= sign * kDisplayMargin;
     rect.bottom -= sign * kDisplayMargin;
 }

@@ -51,6 +51,7 @@ private:
     int TopOf(const Tab& tab) const;
     LRESULT ItemRect(LONG_PTR index, RECT* rect) const;
     LRESULT HitTest(TCHITTESTINFO& info) const;
+    // larger: from the area for the pages to the whole control; else the other way. Of the tabs as arranged last.
     void Adjust(bool larger, RECT& rect) const;
 
     std::vector<Tab> m_tabs;

@@ -180,6 +180,7 @@ void ReportFirstPlace(HWND handle) {
 void TakeFirstState(HWND handle, DWORD style) {
     if (!(style & (WS_MINIMIZE | WS_MAXIMIZE))) return;
     Window& window = *Peek(handle);
+    // First as a normal window, so that its place is remembered for restoring it.
     window.style &= ~static_cast<DWORD>(WS_MINIMIZE | WS_MAXIMIZE);
     const RECT place = ChangeShowState(window, style & WS_MAXIMIZE ? SW_SHOWMAXIMIZED : SW_SHOWMINIMIZED);
     static_cast<void>(PlaceWindow({handle, nullptr, place.left, place.top, WidthOf(place), HeightOf(place),

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cwchar>
 
+#include "platform/headless/base/encoding.h"
 #include "platform/headless/desktop/controls.h"
 #include "platform/headless/desktop/dialog.h"
 #include "platform/headless/desktop/dialog_template.h"
@@ -413,8 +414,8 @@ BOOL MapDialogRect(HWND dialog, RECT* rect) {
 
 int MessageBoxW(HWND, LPCWSTR text, LPCWSTR caption, UINT) {
     if (MessageBoxAnswers().empty()) {
-        std::fprintf(stderr, "headless desktop: message box \"%ls\": \"%ls\", and nobody to answer it.\n",
-                     caption ? caption : L"", text ? text : L"");
+        std::fprintf(stderr, "headless desktop: message box \"%s\": \"%s\", and nobody to answer it.\n",
+                     ToUtf8(caption ? caption : L"").c_str(), ToUtf8(text ? text : L"").c_str());
         std::abort();
     }
     const int answer = MessageBoxAnswers().front();

@@ -1,6 +1,8 @@
 #include "platform/headless/desktop/menu_table.h"
 
+#include <cstdint>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/headless/base/error.h"
 #include "platform/headless/desktop/window_table.h"
@@ -8,16 +10,16 @@
 namespace qv::headless {
 namespace {
 
-// The submenus of every menu.
+// Every live menu with its submenus. Never destroyed, as the windows that have them are not.
 std::unordered_map<HMENU, std::vector<HMENU>>& Menus() {
     static auto& menus = *new std::unordered_map<HMENU, std::vector<HMENU>>;
     return menus;
 }
 
 HMENU NewMenu() {
-    static std::uintptr_t next = 0x30001;
+    static std::uintptr_t next = 0x30001;  // apart from the handles of other things
     const HMENU handle = reinterpret_cast<HMENU>(next++);
-    Menus()[handle];
+    Menus().try_emplace(handle);
     return handle;
 }
 

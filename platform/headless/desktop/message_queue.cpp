@@ -25,14 +25,7 @@ namespace {
 
 LRESULT Deliver(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     const Window* window = Find(handle);
-    if (!window) return 0;
-    if (HasHook(WH_CALLWNDPROC)) {
-        CWPSTRUCT call{lParam, wParam, message, handle};
-        CallHooks(WH_CALLWNDPROC, HC_ACTION, 1, reinterpret_cast<LPARAM>(&call));
-        window = Peek(handle);
-        if (!window) return 0;
-    }
-    return window->procedure(handle, message, wParam, lParam);
+    return window ? window->procedure(handle, message, wParam, lParam) : 0;
 }
 
 // A filter of zero to zero takes everything; a window stands for itself and its children; -1 for messages of no window.

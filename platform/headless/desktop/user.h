@@ -150,12 +150,6 @@ struct COMPAREITEMSTRUCT {
     ULONG_PTR itemData2;
     DWORD dwLocaleId;
 };
-struct CWPSTRUCT {
-    LPARAM lParam;
-    WPARAM wParam;
-    UINT message;
-    HWND hwnd;
-};
 struct SCROLLINFO {
     UINT cbSize;
     UINT fMask;

@@ -118,7 +118,6 @@
 #define PM_NOREMOVE 0x0000
 #define PM_REMOVE 0x0001
 #define WH_GETMESSAGE 3
-#define WH_CALLWNDPROC 4
 #define WH_CBT 5
 #define WH_MSGFILTER (-1)
 #define HC_ACTION 0

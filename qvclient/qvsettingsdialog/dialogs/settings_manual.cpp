@@ -12,7 +12,8 @@ HRESULT Read(ISessionDataManager& sessionData, std::wstring_view key, std::wstri
     return sessionData.ReadData(keyText.Get(), nameText.Get(), VT_BSTR, value, SDT_allData);
 }
 
-std::optional<std::wstring> TextIn(const qv::Variant& value) {
+// The variant's own text ends with it. Nothing for a variant of another type.
+std::optional<std::wstring> CopyText(const qv::Variant& value) {
     const auto text = value.Text();
     return text ? std::optional<std::wstring>(*text) : std::nullopt;
 }
@@ -22,16 +23,16 @@ std::optional<std::wstring> ReadHelpPath(ISessionDataManager& sessionData) {
     VariantInit(&value);
     // The capital letter is how hosts store this one key.
     const HRESULT status = Read(sessionData, L"Common", L"help_path", &value);
-    if (status == S_OK) return TextIn(qv::Variant::Adopt(value));
+    if (status == S_OK) return CopyText(qv::Variant::Adopt(value));
     // Deliberate: a text counts here even when the read failed. It is copied, if it can be read at all, and never
     // freed: what a failed call leaves behind does not belong to its caller.
     return value.vt == VT_BSTR ? qv::CopyUncertainText(value.bstrVal) : std::nullopt;
 }
 
 std::optional<std::wstring> ReadLanguage(ISessionDataManager& sessionData) {
-    return TextIn(qv::Receive<qv::Variant>([&](VARIANT* value) {
-                      return Read(sessionData, L"common", L"languageid", value);
-                  }).value);
+    return CopyText(qv::Receive<qv::Variant>([&](VARIANT* value) {
+                        return Read(sessionData, L"common", L"languageid", value);
+                    }).value);
 }
 
 }  // namespace

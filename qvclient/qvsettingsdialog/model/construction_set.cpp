@@ -91,7 +91,7 @@ bool XConstructionSet::LoadPages(std::list<PageEntry>& pages) {
     AttributeMap titles;
     titles.Assign(pairs.value);
     if (titles.Empty()) return false;
-    for (const Attribute& page : titles)
+    for (const Attribute& page : titles.All())
         pages.push_back({qv::LeadingInteger(page.name), CoTranslateText(page.text)});
     pages.sort([](const PageEntry& a, const PageEntry& b) { return a.number < b.number; });
     return true;
@@ -111,7 +111,7 @@ bool XConstructionSet::LoadItems(std::map<std::int32_t, PageRecord*>& items, con
         attributes.Assign(pairs.value);
         // deliberate: a definition without any values ends the loading; what is there already stays.
         if (attributes.Empty()) return false;
-        for (const Attribute& attribute : attributes) {
+        for (const Attribute& attribute : attributes.All()) {
             if (attribute.name != L"type") continue;  // as it stands: a blank makes it another name
             DrawItem(qv::LeadingInteger(attribute.text), {name, SysStringLen(name)}, attributes);
         }

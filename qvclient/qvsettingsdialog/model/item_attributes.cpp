@@ -73,7 +73,7 @@ void AttributeMap::Assign(const qv::StringBlock& pairs) {
 
 std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes) {
     std::optional<std::wstring_view> found;
-    for (const Attribute& pair : attributes) {
+    for (const Attribute& pair : attributes.All()) {
         if (FindAttributeName(qv::TrimView(pair.name)) == AttributeName::Default) found = qv::TrimView(pair.text);
     }
     return found;

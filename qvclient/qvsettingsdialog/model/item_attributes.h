@@ -69,8 +69,7 @@ public:
     // Replaces the content by the block's pairs; of pairs with one name the first stays. The block must outlive it.
     void Assign(const qv::StringBlock& pairs);
     [[nodiscard]] bool Empty() const noexcept { return m_attributes.empty(); }
-    [[nodiscard]] auto begin() const noexcept { return m_attributes.begin(); }
-    [[nodiscard]] auto end() const noexcept { return m_attributes.end(); }
+    [[nodiscard]] std::span<const Attribute> All() const noexcept { return m_attributes; }
 
 private:
     std::vector<Attribute> m_attributes;

@@ -23,7 +23,7 @@ template <class ReadValue, class Own>
 [[nodiscard]] bool WalkAttributes(const Definition& definition, ItemDraft& draft, const ReadValue& readValue,
                                   const Own& own) {
     const bool trims = definition.type.blanks == Blanks::Trim;
-    for (const Attribute& pair : definition.attributes) {
+    for (const Attribute& pair : definition.attributes.All()) {
         const AttributeName attribute = FindAttributeName(trims ? TrimView(pair.name) : pair.name);
         if (!definition.type.knows.Has(attribute)) continue;
         const std::wstring_view text = trims ? TrimView(pair.text) : pair.text;

@@ -1,59 +1,15 @@
-#include "framework/window_internals.h"
+#include "framework/window_procedure.h"
 
-#include <cstdio>
-#include <mutex>
 #include <utility>
 
 #include "base/module_state.h"
-#include "base/text.h"
+#include "framework/call_scope.h"
+#include "framework/exceptions.h"
+#include "framework/handle_map.h"
+#include "framework/thread_state.h"
 
 namespace qv::detail {
 namespace {
-
-// Never destroyed: windows and objects may outlive the program's static objects.
-struct PermanentMap {
-    std::mutex mutex;
-    std::unordered_map<HWND, CWnd*> objects;
-    std::unordered_map<HWND, WNDPROC> passedOn;
-};
-
-PermanentMap& Permanent() {
-    static auto* map = new PermanentMap;
-    return *map;
-}
-
-ExceptionHandler& CurrentExceptionHandler() {
-    static auto* handler = new ExceptionHandler;
-    return *handler;
-}
-
-void PrintException(const std::exception_ptr& exception) {
-    try {
-        std::rethrow_exception(exception);
-    } catch (const std::exception& e) {
-        std::fprintf(stderr, "framework: exception in a message handler: %s\n", e.what());
-    } catch (...) {
-        std::fprintf(stderr, "framework: exception of unknown kind in a message handler\n");
-    }
-}
-
-// The input method's helper window may be created in between; it is never the one that is waited for.
-bool IsInputMethodWindow(HWND window) {
-    wchar_t name[8] = {};
-    GetClassNameW(window, name, 8);
-    return EqualIgnoringCase(name, L"IME");
-}
-
-LRESULT CALLBACK OnComputerBasedTraining(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    ThreadState& thread = ThisThread();
-    auto* window = reinterpret_cast<HWND>(wParam);
-    const bool isAwaited = code == HCBT_CREATEWND && thread.toAttach != nullptr && !IsInputMethodWindow(window);
-    if (isAwaited) WindowAccess::AttachRouted(*std::exchange(thread.toAttach, nullptr), window);
-    const LRESULT result = CallNextHookEx(nullptr, code, wParam, lParam);
-    // A dialog makes all its windows while it is created itself; they need not pass through its hook.
-    if (isAwaited && thread.creationHook != nullptr) UnhookWindowsHookEx(std::exchange(thread.creationHook, nullptr));
-    return result;
-}
 
 // The message that is being handled, put back at the end.
 class HandlingScope {
@@ -71,16 +27,9 @@ private:
 };
 
 LRESULT PassOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    WNDPROC procedure = nullptr;
-    {
-        PermanentMap& map = Permanent();
-        const std::lock_guard lock(map.mutex);
-        if (const auto found = map.passedOn.find(window); found != map.passedOn.end()) {
-            procedure = found->second;
-            if (message == WM_NCDESTROY) map.passedOn.erase(found);
-        }
+    if (const WNDPROC procedure = FindPassedOn(window, message)) {
+        return CallWindowProcW(procedure, window, message, wParam, lParam);
     }
-    if (procedure != nullptr) return CallWindowProcW(procedure, window, message, wParam, lParam);
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
@@ -90,76 +39,6 @@ LRESULT AnswerAfterException(HWND window, UINT message) {
 }
 
 }  // namespace
-
-ThreadState& ThisThread() {
-    // Left to the system at the thread's end: destructors of thread-local objects would run after parts of the process
-    // are gone.
-    thread_local auto* state = new ThreadState;
-    return *state;
-}
-
-CWnd* FindPermanent(HWND handle) {
-    PermanentMap& map = Permanent();
-    const std::lock_guard lock(map.mutex);
-    const auto found = map.objects.find(handle);
-    return found != map.objects.end() ? found->second : nullptr;
-}
-
-void AddPermanent(HWND handle, CWnd* object) {
-    PermanentMap& map = Permanent();
-    const std::lock_guard lock(map.mutex);
-    map.objects[handle] = object;
-}
-
-void RemovePermanent(HWND handle, const CWnd* object) {
-    PermanentMap& map = Permanent();
-    const std::lock_guard lock(map.mutex);
-    const auto found = map.objects.find(handle);
-    if (found != map.objects.end() && found->second == object) map.objects.erase(found);
-}
-
-void AddPassedOn(HWND handle, WNDPROC procedure) {
-    PermanentMap& map = Permanent();
-    const std::lock_guard lock(map.mutex);
-    map.passedOn[handle] = procedure;
-}
-
-void ReportException() noexcept {
-    const std::exception_ptr exception = std::current_exception();
-    const ExceptionHandler& handler = CurrentExceptionHandler();
-    if (handler) {
-        handler(exception);
-    } else {
-        PrintException(exception);
-    }
-}
-
-CreationScope::CreationScope(CWnd& object, bool ownClass)
-    : m_object(object),
-      m_hold(object),
-      m_previousToAttach(std::exchange(ThisThread().toAttach, &object)),
-      m_previousBeingCreated(std::exchange(ThisThread().beingCreated, &object)) {
-    HHOOK hook = nullptr;
-    if (!ownClass) hook = SetWindowsHookExW(WH_CBT, &OnComputerBasedTraining, nullptr, GetCurrentThreadId());
-    m_previousHook = std::exchange(ThisThread().creationHook, hook);
-}
-
-CreationScope::~CreationScope() {
-    // A window that was given up before its first message, by somebody's hook, ends without a last one too.
-    HWND window = m_object.m_hWnd;
-    if (window != nullptr && ::IsWindow(window) == FALSE) WindowAccess::Forget(m_object);
-    if (const HHOOK hook = std::exchange(ThisThread().creationHook, m_previousHook)) UnhookWindowsHookEx(hook);
-    ThisThread().toAttach = m_previousToAttach;
-    ThisThread().beingCreated = m_previousBeingCreated;
-}
-
-CreationHold::CreationHold(CWnd& object) : m_object(object) {
-    ++WindowAccess::Creations(object);
-}
-
-CreationHold::~CreationHold() {
-    --WindowAccess::Creations(m_object);
-}
 
 const wchar_t* PlainClassName() {
     static constexpr const wchar_t* kName = L"QvFrameworkWindow";
@@ -251,7 +130,7 @@ void WindowAccess::BeginEnd(CWnd& object) {
 
 void WindowAccess::FinishEnd(CWnd& object) {
     HWND window = object.m_hWnd;
-    Forget(object);
+    object.Forget();
     if (object.m_creations != 0) return;
     std::unique_ptr<CWnd> owned(object.BelongsToWindow() ? &object : nullptr);
     try {
@@ -262,16 +141,4 @@ void WindowAccess::FinishEnd(CWnd& object) {
     if (owned != nullptr) Deferral::Delete(std::move(owned), window, object.m_treeRoot, object.m_madeAt);
 }
 
-void WindowAccess::Forget(CWnd& object) {
-    RemovePermanent(object.m_hWnd, &object);
-    object.m_hWnd = nullptr;
-    object.m_superProc = nullptr;
-    object.m_routed = false;
-    object.m_moduleState = nullptr;
-}
-
 }  // namespace qv::detail
-
-ExceptionHandler SetExceptionHandler(ExceptionHandler handler) {
-    return std::exchange(qv::detail::CurrentExceptionHandler(), std::move(handler));
-}

@@ -1,0 +1,41 @@
+// What the framework keeps for each thread that has windows. For the framework's own files.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "platform/platform.h"
+
+class CWnd;
+
+namespace qv {
+class CallScope;
+}
+
+namespace qv::detail {
+
+struct HandledMessage {
+    HWND window = nullptr;
+    UINT message = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
+struct ThreadState {
+    HandledMessage current;  // what the innermost window procedure is handling
+    CallScope* innermostCall = nullptr;
+    std::uint64_t moment = 0;      // counts on with every call
+    CWnd* toAttach = nullptr;      // waits for its window's first message
+    CWnd* beingCreated = nullptr;  // attached, its creation not yet finished
+    HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
+    HHOOK focusHook = nullptr;     // while there are dialogs that follow the focus with their frame
+    int focusFollowers = 0;
+    CWnd* mainWindow = nullptr;
+    HWND focusToTell = nullptr;  // came to the focus by a mouse button that is still down
+    // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
+    std::shared_ptr<std::function<bool(int)>> idleHandler = std::make_shared<std::function<bool(int)>>();
+};
+[[nodiscard]] ThreadState& ThisThread();
+
+}  // namespace qv::detail
