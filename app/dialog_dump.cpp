@@ -49,8 +49,8 @@ std::string DumpDialog(const DialogView& view) {
                                {"prompt", ToUtf8(row.prompt)},
                                {"kind", ToUtf8(NameOf(row.kind))},
                                {"value", ToUtf8(ShownValue(row))}};
+            if (row.kind != RowKind::Missing) entry["enabled"] = IsEnabled(row);
             if (row.control != nullptr) {
-                entry["enabled"] = IsWindowEnabled(row.control) != FALSE;
                 entry["focus"] = row.control == focus || IsChild(row.control, focus) != FALSE;
                 entry["rectangle"] = RectOf(row.control);
             }

@@ -40,7 +40,14 @@ HWND FindByClass(HWND parent, const wchar_t* className) {
     return search.found;
 }
 
+RowKind KindOfPlanned(const XLayout::Column& column) {
+    if (column.controlType == XLayout::kCheckBox) return RowKind::Check;
+    if (column.controlType == XLayout::kComboBox) return RowKind::Choice;
+    return column.dataType == XLayout::kText ? RowKind::Text : RowKind::Number;
+}
+
 RowKind KindOf(const XLayout::RowView& row) {
+    if (row.plannedText) return KindOfPlanned(row.column);
     CWnd* control = row.control;
     if (control == nullptr || !control->IsLive()) return RowKind::Missing;
     if (control->IsKindOf(CCheckListBox::kRuntimeClass)) return RowKind::CheckList;
@@ -121,8 +128,8 @@ DialogView DialogView::Look() {
         for (const XLayout::RowView& row : layout->GetRows()) {
             const RowKind kind = KindOf(row);
             view.m_rows.push_back({row.column.name, PlainLabel(row.column.prompt), kind,
-                                   kind == RowKind::Missing ? nullptr : row.control->m_hWnd, &row.column, page,
-                                   parent->m_hWnd});
+                                   row.control != nullptr ? row.control->m_hWnd : nullptr, row.plannedText, &row.column,
+                                   page, parent->m_hWnd});
         }
     }
     return view;
@@ -172,6 +179,11 @@ std::wstring TextOfWindow(HWND window) {
 }
 
 std::wstring ShownValue(const DialogRow& row) {
+    if (row.plannedText) {
+        if (row.kind != RowKind::Choice) return *row.plannedText;
+        const auto entry = std::ranges::find(row.column->items, *row.plannedText, &XLayout::ColumnItem::data);
+        return entry != row.column->items.end() ? entry->text : std::wstring();
+    }
     switch (row.kind) {
         case RowKind::Missing:
             return {};
@@ -190,6 +202,10 @@ std::wstring ShownValue(const DialogRow& row) {
         default:
             return TextOfWindow(row.control);
     }
+}
+
+bool IsEnabled(const DialogRow& row) {
+    return row.plannedText ? !row.column->disabled : IsWindowEnabled(row.control) != FALSE;
 }
 
 HWND FindButton(HWND top, int id) {

@@ -18,7 +18,8 @@ struct DialogRow {
     std::wstring item;    // KEY/NAME
     std::wstring prompt;  // as shown, without the mnemonic's mark
     RowKind kind;
-    HWND control;  // null when it could not be created
+    HWND control;                             // null when it could not be created, and while the row is only planned
+    std::optional<std::wstring> plannedText;  // of a planned row, which has no window before its page is shown
     const XLayout::Column* column;
     int page;         // tab index
     HWND pageWindow;  // visible while the page is in front
@@ -49,6 +50,8 @@ private:
 // What a row shows: a text, "1"/"0", the chosen entry's text, the ticked entries' texts joined with "|", a colour
 // number. A password as its number of characters.
 [[nodiscard]] std::wstring ShownValue(const DialogRow& row);
+// False for a row without a control too.
+[[nodiscard]] bool IsEnabled(const DialogRow& row);
 [[nodiscard]] std::wstring_view NameOf(RowKind kind);
 
 // A button of the dialog by its control id, searched below a top-level window; null when there is none.

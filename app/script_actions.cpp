@@ -97,8 +97,11 @@ std::wstring ScriptActions::Set(const DialogView& view, const ScriptAction& acti
     const DialogRow* row = view.FindRow(action.target);
     if (row == nullptr) return Format(L"there is no item %s", action.target);
     if (row->kind == RowKind::Missing) return Format(L"%s has no control", action.target);
-    if (IsWindowEnabled(row->control) == FALSE) return Format(L"%s may not be changed", action.target);
+    if (!IsEnabled(*row)) return Format(L"%s may not be changed", action.target);
     if (std::wstring problem = ShowPageOf(view, *row); !problem.empty()) return problem;
+    const DialogView shown = DialogView::Look();  // now that the page has its windows
+    row = shown.FindRow(action.target);
+    if (row == nullptr || row->control == nullptr) return Format(L"%s has no control", action.target);
     return User::CanReach(row->control) ? SetRow(*row, action.text) : OutOfReach(row->item);
 }
 
@@ -159,12 +162,14 @@ std::wstring ScriptActions::Press(const DialogView& view, const ScriptAction& ac
         if (active != nullptr) target = FindButton(active, button->number);
         if (target == nullptr) target = FindButton(view.Frame(), button->number);
     } else if (const DialogRow* row = view.FindRow(action.target)) {
-        if (row->control != nullptr) {
+        if (row->kind != RowKind::Missing) {
             if (std::wstring problem = ShowPageOf(view, *row); !problem.empty()) return problem;
         }
-        target = row->control;
+        const DialogView shown = DialogView::Look();  // now that the page has its windows
+        row = shown.FindRow(action.target);
+        if (row != nullptr) target = row->control;
         // A chooser's button is the one in it.
-        if (row->kind == RowKind::Path) target = FindWindowExW(row->control, nullptr, L"Button", nullptr);
+        if (row != nullptr && row->kind == RowKind::Path) target = FindWindowExW(target, nullptr, L"Button", nullptr);
     }
     if (target == nullptr) return Format(L"there is nothing to press for \"%s\"", action.target);
     if (IsWindowEnabled(target) == FALSE) return Format(L"\"%s\" is greyed", action.target);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/platform.h"
 
@@ -32,6 +33,7 @@ struct ThreadState {
     HHOOK focusHook = nullptr;     // while there are dialogs that follow the focus with their frame
     int focusFollowers = 0;
     CWnd* mainWindow = nullptr;
+    std::vector<CWnd*> hooked;   // the windows that have a hook
     HWND focusToTell = nullptr;  // came to the focus by a mouse button that is still down
     // Shared with the calls that are running: a handler may run a loop of its own or put another in its place.
     std::shared_ptr<std::function<bool(int)>> idleHandler = std::make_shared<std::function<bool(int)>>();

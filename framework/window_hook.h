@@ -11,6 +11,9 @@ public:
     virtual bool OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) = 0;
     // The focus came to this descendant: the place to scroll it into view.
     virtual void OnDescendantFocused(HWND descendant) = 0;
+    // The window is about to be seen: it is being shown, or a window around it is, and everything else around it is
+    // shown already. It may be told more than once.
+    virtual void OnShowing() = 0;
 
 protected:
     ~WindowHook() = default;

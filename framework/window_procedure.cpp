@@ -1,12 +1,15 @@
 #include "framework/window_procedure.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "base/module_state.h"
 #include "framework/call_scope.h"
 #include "framework/exceptions.h"
 #include "framework/handle_map.h"
 #include "framework/thread_state.h"
+#include "framework/window_hook.h"
 
 namespace qv::detail {
 namespace {
@@ -31,6 +34,33 @@ LRESULT PassOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         return CallWindowProcW(procedure, window, message, wParam, lParam);
     }
     return DefWindowProcW(window, message, wParam, lParam);
+}
+
+bool IsShown(HWND window) {
+    return (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+// Is everything shown from the window up to, and without, the one around it?
+bool IsShownUpTo(HWND window, HWND around) {
+    while (window != nullptr && window != around) {
+        if (!IsShown(window)) return false;
+        window = GetAncestor(window, GA_PARENT);
+    }
+    return window != nullptr;
+}
+
+// Tells the hooks of a window that is about to be seen and of those inside it (WindowHook::OnShowing). The message
+// comes before the change, whichever way the window is shown.
+void AnnounceShowing(HWND window, const WINDOWPOS& change) {
+    if ((change.flags & SWP_SHOWWINDOW) == 0 || IsShown(window)) return;
+    const HWND around = GetAncestor(window, GA_PARENT);
+    if (around != GetDesktopWindow() && IsWindowVisible(around) == FALSE) return;
+    const std::vector<CWnd*> hooked = ThisThread().hooked;  // each may make windows, and lose others
+    for (CWnd* each : hooked) {
+        const std::vector<CWnd*>& left = ThisThread().hooked;
+        if (std::find(left.begin(), left.end(), each) == left.end()) continue;
+        if (each->m_hWnd != nullptr && IsShownUpTo(each->m_hWnd, window)) each->GetHook()->OnShowing();
+    }
 }
 
 LRESULT AnswerAfterException(HWND window, UINT message) {
@@ -92,6 +122,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     try {
         result = WindowAccess::Dispatch(*object, message, wParam, lParam);
         AnnounceFocus(window, message);
+        if (message == WM_WINDOWPOSCHANGING) AnnounceShowing(window, *reinterpret_cast<const WINDOWPOS*>(lParam));
     } catch (...) {
         ReportException();
         result = AnswerAfterException(window, message);

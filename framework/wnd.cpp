@@ -23,6 +23,7 @@ TemporaryObjects& Temporary() {
 QV_RUNTIME_CLASS_CREATE(CWnd, CCmdTarget)
 
 CWnd::~CWnd() {
+    if (m_hook != nullptr) SetHook(nullptr);
     if (m_hWnd == nullptr) return;
     // A temporary object only borrows its window.
     if (FindPermanent(m_hWnd) != this) return;

@@ -129,7 +129,7 @@ class CWnd : public CCmdTarget {
     // Tells it to every window around the control.
     static void TellOfFocus(HWND control);
     // One at a time; null takes it away. Borrowed: it must be taken away before it goes.
-    void SetHook(WindowHook* hook) noexcept { m_hook = hook; }
+    void SetHook(WindowHook* hook);
     [[nodiscard]] WindowHook* GetHook() const noexcept { return m_hook; }
 
     // --- data exchange -------------------------------------------------------------------------------------------

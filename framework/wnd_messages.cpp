@@ -95,6 +95,13 @@ LRESULT CWnd::Default() {
     return DefWindowProc(message.message, message.wParam, message.lParam);
 }
 
+void CWnd::SetHook(WindowHook* hook) {
+    m_hook = hook;
+    std::vector<CWnd*>& hooked = ThisThread().hooked;
+    std::erase(hooked, this);
+    if (hook != nullptr) hooked.push_back(this);
+}
+
 bool CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     if (message == WM_COMMAND && OnCommand(wParam, lParam)) {
         *result = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/libraries/layout_probe.h"
 #include "host/libraries/layout_row.h"
 #include "host/libraries/layout_scroll.h"
 
@@ -28,6 +29,7 @@ XLayout::XLayout(int) {
 
 XLayout::~XLayout() {
     std::erase(Alive(), this);
+    if (Alive().empty()) qv::ForgetControlMeasures();
 }
 
 void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
@@ -35,6 +37,7 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
     m_byName.clear();
     m_rows.clear();
     m_parent = parent;
+    m_isPlanned = false;
     if (parent == nullptr || !parent->IsLive()) return;
     m_scroll = std::make_unique<PageScroll>(*this, *parent);
 
@@ -47,16 +50,32 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
     }
     m_byName.reserve(m_rows.size());
     const qv::LayoutMetrics metrics(*parent);
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        Row& row = *m_rows[i];
-        m_byName.try_emplace(row.column.name, &row);
-        row.CreatePrompt(*parent, metrics);
-        row.CreateControl(*parent, metrics, ControlId(i));
+    for (const auto& row : m_rows) {
+        m_byName.try_emplace(row->column.name, row.get());
+        row->Plan(metrics);
     }
+    m_isPlanned = true;
     Measure(metrics);
 }
 
+void XLayout::MakeWindows() {
+    if (!m_isPlanned || m_isMaking || m_parent == nullptr || !m_parent->IsLive()) return;
+    m_isMaking = true;
+    const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.lineHeight,
+                                 m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0}};
+    for (std::size_t i = 0; i < m_rows.size() && m_parent->IsLive(); ++i)
+        m_rows[i]->Make(page, ControlId(i));
+    m_isMaking = false;
+    m_isPlanned = false;
+    if (m_ordersTabs) OrderTabs();
+}
+
 void XLayout::SetDefaultTabOrder() {
+    m_ordersTabs = true;
+    if (!m_isPlanned) OrderTabs();
+}
+
+void XLayout::OrderTabs() {
     // Prompts and ordinary controls were created in display order, each at the end of the tab order. Only the windows
     // that were there before them are out of place.
     HWND previous = nullptr;
@@ -89,12 +108,14 @@ XLayout::Column* XLayout::GetColumn(std::wstring_view name) const {
     return row != nullptr ? &row->column : nullptr;
 }
 
-CWnd* XLayout::GetColumnControl(std::wstring_view name) const {
+CWnd* XLayout::GetColumnControl(std::wstring_view name) {
+    MakeWindows();
     Row* const row = Find(name);
     return row != nullptr && row->HasControl() ? row->control : nullptr;
 }
 
-CWnd* XLayout::GetColumnPrompt(std::wstring_view name) const {
+CWnd* XLayout::GetColumnPrompt(std::wstring_view name) {
+    MakeWindows();
     Row* const row = Find(name);
     return row != nullptr && row->HasPrompt() ? row->prompt.get() : nullptr;
 }
@@ -107,8 +128,10 @@ std::vector<XLayout::RowView> XLayout::GetRows() const {
     std::vector<RowView> views;
     views.reserve(m_rows.size());
     for (const auto& row : m_rows) {
-        views.push_back(
-            {row->column, row->HasPrompt() ? row->prompt.get() : nullptr, row->HasControl() ? row->control : nullptr});
+        const bool isPlanned = row->isPlanned && row->CanHaveControl();
+        views.push_back({row->column, row->HasPrompt() ? row->prompt.get() : nullptr,
+                         row->HasControl() ? row->control : nullptr,
+                         isPlanned ? std::optional(row->GetText()) : std::nullopt});
     }
     return views;
 }

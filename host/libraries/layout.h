@@ -2,9 +2,14 @@
 // and knows the current text of every row. It creates prompts and ordinary controls itself; a row whose window pointer
 // is set by then shows that window (a special control) instead. Sizes that callers give are pixels at 96 dpi; the
 // layout scales them. What it shows and hands out are the records of layout_rows.h.
+//
+// A dialog of many pages would spend nearly all of its time on windows that nobody looks at. So rows are only planned
+// at first: measured, placed, and answering with the text that their window would show. Their windows are made all at
+// once, in display order, when the page is about to be seen (WindowHook::OnShowing) or somebody asks for one of them.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,9 +32,9 @@ public:
     XLayout(const XLayout&) = delete;
     XLayout& operator=(const XLayout&) = delete;
 
-    // Creates what is missing on the parent, which outlives the layout (its window need not). The groups are borrowed
-    // and must outlive the layout. A control that cannot be created leaves its row in place, without a control and
-    // excluded from storing.
+    // Plans what is missing on the parent, which outlives the layout (its window need not). The groups are borrowed
+    // and must outlive the layout. A control that cannot be created later leaves its row in place, without a control
+    // and excluded from storing.
     void InitLayoutManager(CWnd* parent, std::vector<Group*> groups);
     // Tab order down the page, in display order (order number, ties in loading order).
     void SetDefaultTabOrder();
@@ -48,15 +53,17 @@ public:
     [[nodiscard]] Column* GetColumn(std::wstring_view name) const override;
     void UpdateControl(std::wstring_view name, std::wstring_view text, void* data, std::wstring_view extra) override;
 
-    // By name; of rows with one name the first. Null when there is none or it has no such window.
-    [[nodiscard]] CWnd* GetColumnControl(std::wstring_view name) const;
-    [[nodiscard]] CWnd* GetColumnPrompt(std::wstring_view name) const;
+    // By name; of rows with one name the first. Null when there is none or it has no such window. Makes the windows.
+    [[nodiscard]] CWnd* GetColumnControl(std::wstring_view name);
+    [[nodiscard]] CWnd* GetColumnPrompt(std::wstring_view name);
 
-    // Every row in display order with its windows, for a host that inspects the dialog.
+    // Every row in display order with its windows, for a host that inspects the dialog. A row that is only planned has
+    // none but says the text that GetReferenceList answers.
     struct RowView {
         const Column& column;
         CWnd* prompt;
         CWnd* control;
+        std::optional<std::wstring> plannedText;
     };
     [[nodiscard]] std::vector<RowView> GetRows() const;
     [[nodiscard]] CWnd* GetParent() const noexcept { return m_parent; }
@@ -78,6 +85,9 @@ private:
         int aroundPage = 0;
     };
     [[nodiscard]] Row* Find(std::wstring_view name) const;
+    // Makes the windows of the rows that are still planned.
+    void MakeWindows();
+    void OrderTabs();
     void Measure(const qv::LayoutMetrics& metrics);
     // From the row's top. The line of text of rows of one line: all prompts and fields stand on it.
     [[nodiscard]] int TextLineTop() const;
@@ -91,6 +101,9 @@ private:
     Measures m_measures;
     POINT m_origin{0, 0};        // of the rows in the page; the page's margins
     unsigned m_arrangement = 0;  // counts the calls that arrange the rows
+    bool m_isPlanned = false;    // windows are still to be made
+    bool m_isMaking = false;
+    bool m_ordersTabs = false;
     std::unique_ptr<PageScroll> m_scroll;
 };
 

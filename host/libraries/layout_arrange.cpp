@@ -1,6 +1,7 @@
 // Where the rows of a layout stand: prompts in one column, controls beside them, growth where a row allows it.
 #include <algorithm>
 
+#include "host/libraries/layout_probe.h"
 #include "host/libraries/layout_row.h"
 #include "host/libraries/layout_scroll.h"
 
@@ -45,14 +46,15 @@ public:
     Mover(const Mover&) = delete;
     Mover& operator=(const Mover&) = delete;
 
-    // extraHeight: counted by the window's height, but not seen (a combo box's list).
-    void Move(const CWnd& window, CRect& place, const CRect& target, int extraHeight) {
+    // The window may be null: not made yet, or refused.
+    void Move(const CWnd* window, CRect& place, const CRect& target) {
         if (::EqualRect(&place, &target) != FALSE) return;
         place = target;
+        if (window == nullptr) return;
         const int x = static_cast<int>(target.left - m_scrolled.x), y = static_cast<int>(target.top - m_scrolled.y);
-        const int cx = target.Width(), cy = target.Height() + extraHeight;
-        if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
-        if (m_batch == nullptr) ::SetWindowPos(window.m_hWnd, nullptr, x, y, cx, cy, m_flags);
+        const int cx = target.Width(), cy = target.Height();
+        if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window->m_hWnd, nullptr, x, y, cx, cy, m_flags);
+        if (m_batch == nullptr) ::SetWindowPos(window->m_hWnd, nullptr, x, y, cx, cy, m_flags);
     }
 
 private:
@@ -78,9 +80,10 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     common = std::min(common, 2 * usual);
     m_measures.columnGap = m_measures.promptWidth > 0 ? metrics.X(kColumnGapUnits) : 0;
 
+    const qv::ControlMeasures controls = qv::MeasureControls(*m_parent, metrics);
     int lineControls = 0;
     for (const auto& row : m_rows) {
-        row->Measure(metrics, common);
+        row->Measure(metrics, controls, common);
         m_measures.controlWidth = std::max(m_measures.controlWidth, row->minWidth);
         if (row->isTall) continue;
         // The line of text is in the middle of the row, whatever its control has above and below it; a pixel that is
@@ -152,18 +155,15 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
     for (const auto& row : m_rows) {
         const int width = std::clamp(room, row->minWidth, row->maxWidth);
         const int height = row->minHeight + (row->isTall ? shares[tall++] : 0);
-        if (row->HasPrompt()) {
-            const int promptTop = top + PromptTop(*row);
-            const CRect place(x - row->promptOutdent, promptTop, x + m_measures.promptWidth,
-                              promptTop + static_cast<int>(row->promptSize.cy));
-            mover.Move(*row->prompt, row->promptPlace, place, 0);
-        }
-        if (row->HasControl()) {
-            const int controlTop = top + ControlTop(*row);
-            const CRect place(controlLeft, controlTop, controlLeft + width, controlTop + height);
-            mover.Move(*row->control, row->controlPlace, place, row->droppedHeight);
-        }
+        const int promptTop = top + PromptTop(*row);
+        mover.Move(row->HasPrompt() ? row->prompt.get() : nullptr, row->promptPlace,
+                   {x - row->promptOutdent, promptTop, x + m_measures.promptWidth,
+                    promptTop + static_cast<int>(row->promptSize.cy)});
+        const int controlTop = top + ControlTop(*row);
+        mover.Move(row->HasControl() ? row->control : nullptr, row->controlPlace,
+                   {controlLeft, controlTop, controlLeft + width, controlTop + height});
         row->place = CRect(x, top, controlLeft + width, top + RowHeight(*row, height));
         top += row->place.Height() + m_measures.rowGap;
     }
+    if (m_isPlanned && m_parent != nullptr && m_parent->IsWindowVisible()) MakeWindows();
 }

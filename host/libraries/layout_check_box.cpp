@@ -90,10 +90,11 @@ LRESULT CheckBoxPrompt::OnPaint(WPARAM, LPARAM) {
     return 0;
 }
 
-bool RowCheckBox::Create(std::wstring_view label, CWnd& prompt, const CWnd& page, UINT id) {
+bool RowCheckBox::Create(std::wstring_view label, CWnd& prompt, const CWnd& page, DWORD style, const RECT& place,
+                         UINT id) {
     m_prompt = &prompt;
-    constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX;
-    return CreateAttached(*this, L"BUTTON", WithoutMnemonic(label), 0, kStyle, CRect(), page, id);
+    return CreateAttached(*this, L"BUTTON", WithoutMnemonic(label), 0, style | WS_TABSTOP | BS_AUTOCHECKBOX, place,
+                          page, id);
 }
 
 const MessageMap* RowCheckBox::GetMessageMap() const {

@@ -34,7 +34,8 @@ private:
 class RowCheckBox : public CButton {
 public:
     // Its text is the label too, so that assistive programs read it; it is too narrow to show any of it.
-    bool Create(std::wstring_view label, CWnd& prompt, const CWnd& page, UINT id);
+    // style: besides what makes it a check box.
+    bool Create(std::wstring_view label, CWnd& prompt, const CWnd& page, DWORD style, const RECT& place, UINT id);
     // Of the box alone, in pixels at 96 dpi.
     static constexpr int kSize = 14;
 

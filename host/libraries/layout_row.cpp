@@ -13,8 +13,8 @@
 
 namespace {
 
-const CRect kNowhere;
 constexpr UINT kStaticId = 0xFFFF;
+constexpr DWORD kRowStyle = WS_VISIBLE;
 constexpr int kDroppedEntries = 12;
 constexpr int kMaxPromptUnits = 200;  // dialog units; longer prompts are broken
 
@@ -23,32 +23,10 @@ constexpr int kDoubleCharacters = 16;
 // A short field still has to look like one.
 constexpr int kMinEditCharacters = 6;
 
-std::unique_ptr<CWnd> CreateEdit(const XLayout::Column& column, CWnd& page, UINT id, const qv::LayoutMetrics& metrics) {
-    auto edit = std::make_unique<CEdit>();
-    // A text of at most no characters: the field takes nothing, and the platform has no such limit.
-    const bool takesNothing = column.dataType == XLayout::kText && column.limit <= 0;
-    const DWORD style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? ES_READONLY : 0);
-    // Of its height from the start: where its text stands is asked before it is placed.
-    const CRect place(0, 0, metrics.X(kMaxPromptUnits), qv::TextFieldHeight(metrics.LineHeight()));
-    if (!qv::CreateAttached(*edit, L"EDIT", column.value, WS_EX_CLIENTEDGE, style, place, page, id)) return nullptr;
-    const int limit = column.dataType == XLayout::kDouble ? kDoubleCharacters : column.limit;
-    if (limit > 0) edit->LimitText(static_cast<UINT>(limit));
-    return edit;
-}
-
-std::unique_ptr<CWnd> CreateCombo(const XLayout::Column& column, CWnd& page, UINT id, HFONT font) {
-    auto combo = std::make_unique<qv::RowComboBox>();
-    constexpr DWORD kStyle = WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
-    if (!qv::CreateAttached(*combo, L"COMBOBOX", {}, 0, kStyle, kNowhere, page, id)) return nullptr;
-    if (font != nullptr) combo->SetFont(font, false);
-    for (const XLayout::ColumnItem& item : column.items)
-        combo->AddString(item.text);
-    return combo;
-}
-
-std::unique_ptr<CWnd> CreateCheckBox(const XLayout::Column& column, CWnd& prompt, CWnd& page, UINT id) {
-    auto box = std::make_unique<qv::RowCheckBox>();
-    return box->Create(column.prompt, prompt, page, id) ? std::move(box) : nullptr;
+CRect Scrolled(const CRect& place, POINT scrolled) {
+    CRect moved = place;
+    ::OffsetRect(&moved, -static_cast<int>(scrolled.x), -static_cast<int>(scrolled.y));
+    return moved;
 }
 
 int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
@@ -57,52 +35,96 @@ int BoundOr(int pixels, int otherwise, const qv::LayoutMetrics& metrics) {
 
 }  // namespace
 
-void XLayout::Row::CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics) {
+void XLayout::Row::Plan(const qv::LayoutMetrics& metrics) {
     promptSize = metrics.LabelSize(column.prompt, metrics.X(kMaxPromptUnits));
     promptSize.cx += metrics.Scale(2);  // a last letter may reach beyond its own width
+    if (!isPlaceholder && column.controlType == kCheckBox) {
+        promptOutdent = metrics.Scale(qv::CheckBoxPrompt::kFrameRoom);
+    }
+    if (!isPlaceholder || !HasControl()) return;
+    if (metrics.Font() != nullptr && control->GetFont() == nullptr) control->SetFont(metrics.Font(), false);
+    // A container of controls is entered through the stops inside it.
+    if ((control->GetExStyle() & WS_EX_CONTROLPARENT) == 0) control->ModifyStyle(0, WS_TABSTOP);
+    if ((control->GetStyle() & WS_VISIBLE) == 0) control->ShowWindow(SW_SHOWNA);
+    NameControl();
+}
+
+void XLayout::Row::Make(const Surroundings& surroundings, UINT id) {
+    isPlanned = false;
+    MakePrompt(surroundings);
+    if (!isPlaceholder) MakeControl(surroundings, id);
+}
+
+void XLayout::Row::MakePrompt(const Surroundings& surroundings) {
     const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
     if (isCheckBox) {
-        promptOutdent = metrics.Scale(qv::CheckBoxPrompt::kFrameRoom);
         prompt = std::make_unique<qv::CheckBoxPrompt>(control, promptOutdent);
     } else {
         prompt = std::make_unique<CStatic>();
     }
     // A group of its own keeps the arrow keys within the row's control.
-    const DWORD style = WS_VISIBLE | WS_GROUP | SS_LEFT | SS_EDITCONTROL | (isCheckBox ? SS_NOTIFY : 0);
-    if (!qv::CreateAttached(*prompt, L"STATIC", column.prompt, 0, style, kNowhere, page, kStaticId)) return;
-    if (metrics.Font() != nullptr) prompt->SetFont(metrics.Font(), false);
-    if (column.disabled) prompt->EnableWindow(false);
+    const DWORD style =
+        kRowStyle | WS_GROUP | SS_LEFT | SS_EDITCONTROL | (isCheckBox ? SS_NOTIFY : 0) | DisabledStyle();
+    const CRect where = Scrolled(promptPlace, surroundings.scrolled);
+    if (!qv::CreateAttached(*prompt, L"STATIC", column.prompt, 0, style, where, surroundings.page, kStaticId)) return;
+    if (surroundings.font != nullptr) prompt->SetFont(surroundings.font, false);
 }
 
-void XLayout::Row::CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id) {
-    if (isPlaceholder) {
-        if (!HasControl()) return;
-        if (metrics.Font() != nullptr && control->GetFont() == nullptr) control->SetFont(metrics.Font(), false);
-        // A container of controls is entered through the stops inside it.
-        if ((control->GetExStyle() & WS_EX_CONTROLPARENT) == 0) control->ModifyStyle(0, WS_TABSTOP);
-        if ((control->GetStyle() & WS_VISIBLE) == 0) control->ShowWindow(SW_SHOWNA);
-        NameControl();
-        return;
-    }
+void XLayout::Row::MakeControl(const Surroundings& surroundings, UINT id) {
     switch (column.controlType) {
         case kEdit:
-            ownControl = CreateEdit(column, page, id, metrics);
+            ownControl = MakeEdit(surroundings, id);
             break;
         case kComboBox:
-            ownControl = CreateCombo(column, page, id, metrics.Font());
+            ownControl = MakeCombo(surroundings, id);
             break;
         case kCheckBox:
-            ownControl = CreateCheckBox(column, *prompt, page, id);
+            ownControl = MakeCheckBox(surroundings, id);
             break;
         default:
             break;
     }
     control = ownControl.get();
-    if (control == nullptr) return;
-    if (metrics.Font() != nullptr && column.controlType != kComboBox) control->SetFont(metrics.Font(), false);
-    if (column.controlType != kEdit) SetText(column.value);  // a field is created with its text
-    NameControl();
-    if (column.disabled) control->EnableWindow(false);
+    latestText.reset();
+    if (control != nullptr) NameControl();
+}
+
+std::unique_ptr<CWnd> XLayout::Row::MakeEdit(const Surroundings& surroundings, UINT id) const {
+    auto edit = std::make_unique<CEdit>();
+    // A text of at most no characters: the field takes nothing, and the platform has no such limit.
+    const bool takesNothing = column.dataType == kText && column.limit <= 0;
+    const DWORD style =
+        kRowStyle | WS_TABSTOP | ES_AUTOHSCROLL | (takesNothing ? DWORD{ES_READONLY} : 0) | DisabledStyle();
+    const CRect where = Scrolled(controlPlace, surroundings.scrolled);
+    if (!qv::CreateAttached(*edit, L"EDIT", PlannedText(), WS_EX_CLIENTEDGE, style, where, surroundings.page, id)) {
+        return nullptr;
+    }
+    if (surroundings.font != nullptr) edit->SetFont(surroundings.font, false);
+    const int limit = column.dataType == kDouble ? kDoubleCharacters : column.limit;
+    if (limit > 0) edit->LimitText(static_cast<UINT>(limit));
+    return edit;
+}
+
+std::unique_ptr<CWnd> XLayout::Row::MakeCombo(const Surroundings& surroundings, UINT id) const {
+    auto combo = std::make_unique<qv::RowComboBox>(droppedHeight);
+    const DWORD style = kRowStyle | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | DisabledStyle();
+    const CRect where = Scrolled(controlPlace, surroundings.scrolled);
+    if (!qv::CreateAttached(*combo, L"COMBOBOX", {}, 0, style, where, surroundings.page, id)) return nullptr;
+    if (surroundings.font != nullptr) combo->SetFont(surroundings.font, false);
+    qv::FitComboHeight(combo->m_hWnd, surroundings.lineHeight);
+    for (const ColumnItem& item : column.items)
+        combo->AddString(item.text);
+    if (const int entry = EntryOf(GivenText()); entry >= 0) combo->SetCurSel(entry);
+    return combo;
+}
+
+std::unique_ptr<CWnd> XLayout::Row::MakeCheckBox(const Surroundings& surroundings, UINT id) const {
+    auto box = std::make_unique<qv::RowCheckBox>();
+    const CRect where = Scrolled(controlPlace, surroundings.scrolled);
+    if (!box->Create(column.prompt, *prompt, surroundings.page, kRowStyle | DisabledStyle(), where, id)) return nullptr;
+    if (surroundings.font != nullptr) box->SetFont(surroundings.font, false);
+    if (GivenText() == L"1") box->SetCheck(BST_CHECKED);
+    return box;
 }
 
 void XLayout::Row::NameControl() {
@@ -128,18 +150,17 @@ bool XLayout::Row::IsOfClass(const wchar_t* wanted) const {
     return qv::EqualIgnoringCase(className.data(), wanted);
 }
 
-void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
+void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, const qv::ControlMeasures& controls, int commonWidth) {
     const int fieldHeight = qv::TextFieldHeight(metrics.LineHeight());
     int width = commonWidth;
     int height = fieldHeight;
     if (!isPlaceholder && column.controlType == kCheckBox) {
         width = metrics.Scale(qv::RowCheckBox::kSize);
         height = std::max(metrics.Y(10), width);
-    } else if (!isPlaceholder && column.controlType == kComboBox && HasControl()) {
-        qv::FitComboHeight(control->m_hWnd, metrics.LineHeight());
-        height = control->GetWindowRect().Height();
+    } else if (!isPlaceholder && column.controlType == kComboBox) {
+        height = controls.comboHeight;
         const int entries = std::clamp(static_cast<int>(column.items.size()), 1, kDroppedEntries);
-        droppedHeight = entries * static_cast<int>(control->SendMessage(CB_GETITEMHEIGHT, 0)) + 2;
+        droppedHeight = entries * controls.comboEntryHeight + 2;
     } else if (!isPlaceholder && column.controlType == kEdit) {
         const int characters = column.dataType == kDouble ? kDoubleCharacters : std::max(column.limit, 0);
         const int each = column.dataType == kText ? metrics.AverageWidth() + 1 : metrics.DigitWidth();
@@ -155,9 +176,9 @@ void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
         minWidth = maxWidth = BoundOr(column.minWidth, width, metrics);
     }
     isTall = GrowsInHeight();
-    const bool isField = isPlaceholder ? IsOfClass(L"EDIT") && (control->GetStyle() & ES_MULTILINE) == 0
-                                       : column.controlType == kEdit && HasControl();
-    const bool isCombo = isPlaceholder ? IsOfClass(L"COMBOBOX") : column.controlType == kComboBox && HasControl();
+    const bool isField =
+        isPlaceholder ? IsOfClass(L"EDIT") && (control->GetStyle() & ES_MULTILINE) == 0 : column.controlType == kEdit;
+    const bool isCombo = !isPlaceholder && column.controlType == kComboBox;
     if (isTall) {
         minHeight = BoundOr(column.minHeight, 3 * metrics.LineHeight(), metrics);
         maxHeight = std::max(minHeight, BoundOr(column.maxHeight, INT_MAX, metrics));
@@ -166,13 +187,12 @@ void XLayout::Row::Measure(const qv::LayoutMetrics& metrics, int commonWidth) {
         // Whatever height was asked for: fields are alike.
         minHeight = maxHeight = fieldHeight;
         if (isPlaceholder) MakeField(fieldHeight);
-        textTop = qv::TextTopInField(control->m_hWnd);
+        textTop = isPlaceholder ? qv::TextTopInField(control->m_hWnd) : controls.fieldTextTop;
     } else {
         // A height that was given for the usual font may not cut a bigger one.
         const int least = isPlaceholder && column.minHeight > 0 ? metrics.LineHeight() + metrics.Scale(10) : 0;
         minHeight = maxHeight = std::max(BoundOr(column.minHeight, height, metrics), least);
-        textTop = isCombo ? qv::TextTopInCombo(control->m_hWnd, metrics.LineHeight())
-                          : (minHeight - metrics.LineHeight()) / 2;
+        textTop = isCombo ? controls.comboTextTop : (minHeight - metrics.LineHeight()) / 2;
     }
 }
 
@@ -191,8 +211,34 @@ int XLayout::Row::FirstEntryTop(int lineHeight) const {
     return static_cast<int>(-frame.top) + std::max(0, (entryHeight - lineHeight) / 2);
 }
 
+const std::wstring& XLayout::Row::GivenText() const {
+    return latestText ? *latestText : column.value;
+}
+
+int XLayout::Row::EntryOf(std::wstring_view data) const {
+    const auto found = std::find_if(column.items.begin(), column.items.end(),
+                                    [&](const ColumnItem& item) { return item.data == data; });
+    return found != column.items.end() ? static_cast<int>(found - column.items.begin()) : -1;
+}
+
+std::wstring XLayout::Row::PlannedText() const {
+    const std::wstring& given = GivenText();
+    switch (column.controlType) {
+        case kCheckBox:
+            return given == L"1" ? L"1" : L"0";
+        case kComboBox:
+            return EntryOf(given) >= 0 ? given : std::wstring();
+        case kEdit:
+            return given.substr(0, given.find(L'\0'));  // a window's text ends there
+        default:
+            return {};
+    }
+}
+
 std::wstring XLayout::Row::GetText() const {
-    if (isPlaceholder || !HasControl()) return {};
+    if (isPlaceholder) return {};
+    if (isPlanned) return PlannedText();
+    if (!HasControl()) return {};
     switch (column.controlType) {
         case kCheckBox:
             return static_cast<const CButton*>(control)->GetCheck() == BST_CHECKED ? L"1" : L"0";
@@ -207,18 +253,19 @@ std::wstring XLayout::Row::GetText() const {
 }
 
 void XLayout::Row::SetText(std::wstring_view text) {
-    if (isPlaceholder || !HasControl()) return;
+    if (isPlaceholder) return;
+    if (isPlanned) {
+        latestText = text;
+        return;
+    }
+    if (!HasControl()) return;
     switch (column.controlType) {
         case kCheckBox:
             static_cast<CButton*>(control)->SetCheck(text == L"1" ? BST_CHECKED : BST_UNCHECKED);
             break;
-        case kComboBox: {
-            const auto found = std::find_if(column.items.begin(), column.items.end(),
-                                            [&](const ColumnItem& item) { return item.data == text; });
-            const bool isEntry = found != column.items.end();
-            static_cast<CComboBox*>(control)->SetCurSel(isEntry ? static_cast<int>(found - column.items.begin()) : -1);
+        case kComboBox:
+            static_cast<CComboBox*>(control)->SetCurSel(EntryOf(text));
             break;
-        }
         default:
             control->SetWindowText(text);
             break;

@@ -3,9 +3,11 @@
 
 #include <climits>
 #include <memory>
+#include <optional>
 
 #include "host/libraries/layout.h"
 #include "host/libraries/layout_metrics.h"
+#include "host/libraries/layout_probe.h"
 
 struct XLayout::Row {
     explicit Row(Column& source) : column(source), control(source.control), isPlaceholder(source.control != nullptr) {}
@@ -19,7 +21,14 @@ struct XLayout::Row {
 
     [[nodiscard]] bool HasControl() const { return control != nullptr && control->IsLive(); }
     [[nodiscard]] bool HasPrompt() const { return prompt != nullptr && prompt->IsLive(); }
-    [[nodiscard]] bool IsExcluded() const { return isPlaceholder || column.disabled || !HasControl(); }
+    // One of the layout's own.
+    [[nodiscard]] bool CanHaveControl() const {
+        return !isPlaceholder &&
+               (column.controlType == kEdit || column.controlType == kComboBox || column.controlType == kCheckBox);
+    }
+    [[nodiscard]] bool IsExcluded() const {
+        return isPlaceholder || column.disabled || !(isPlanned ? CanHaveControl() : HasControl());
+    }
     [[nodiscard]] bool GrowsInWidth() const {
         return column.resizeMode == kResizeWidth || column.resizeMode == kResizeBoth;
     }
@@ -27,12 +36,21 @@ struct XLayout::Row {
     // Case does not count; false without a control.
     [[nodiscard]] bool IsOfClass(const wchar_t* wanted) const;
 
-    void CreatePrompt(CWnd& page, const qv::LayoutMetrics& metrics);
-    // Makes the row's own control; a placeholder has one already and is only shown.
-    void CreateControl(CWnd& page, const qv::LayoutMetrics& metrics, UINT id);
+    // What the windows of a page's rows have in common when they are made.
+    struct Surroundings {
+        CWnd& page;
+        HFONT font;
+        int lineHeight;
+        POINT scrolled;  // how far the rows stand above and to the left of their places
+    };
+
+    // Measures the prompt. A placeholder has its window already: it is shown and named.
+    void Plan(const qv::LayoutMetrics& metrics);
+    void Measure(const qv::LayoutMetrics& metrics, const qv::ControlMeasures& controls, int commonWidth);
+    // Makes prompt and control where they are to stand.
+    void Make(const Surroundings& surroundings, UINT id);
     // Gives the control the prompt as the name that accessibility clients read, where it would have none or another.
     void NameControl();
-    void Measure(const qv::LayoutMetrics& metrics, int commonWidth);
     // Gives a field that the caller has made the frame and the height of the layout's own.
     void MakeField(int height);
     // From the top of a list's frame to the text of its first entry, when it is not scrolled.
@@ -40,6 +58,7 @@ struct XLayout::Row {
     // The width at which a combo box shows its longest entry; 0 for other rows.
     [[nodiscard]] int EntriesWidth(const qv::LayoutMetrics& metrics) const;
 
+    // Of a planned row what its window would answer.
     [[nodiscard]] std::wstring GetText() const;
     void SetText(std::wstring_view text);
 
@@ -48,17 +67,33 @@ struct XLayout::Row {
     std::unique_ptr<CWnd> ownControl;
     CWnd* control;  // the placeholder's or the layout's own; null when there is none
     bool isPlaceholder;
+    bool isPlanned = true;                   // its windows are still to be made
+    std::optional<std::wstring> latestText;  // given to a planned row since it was loaded
 
     // Pixels. Bounds include both ends; an unbounded maximum is INT_MAX.
     SIZE promptSize{0, 0};
     int promptOutdent = 0;  // how far the prompt's window begins before its text, which is what prompts align by
     int minWidth = 0, maxWidth = 0;
     int minHeight = 0, maxHeight = 0;
-    int droppedHeight = 0;  // of a combo box: what its window's height counts for the list
+    int droppedHeight = 0;  // of a combo box's list
     // A control of one line stands so that its text is in the middle of the row; a taller one stands at the top.
     bool isTall = false;
     int textTop = 0;  // from the control's top to its first line of text; its middle, where the control says no other
 
     CRect place;                      // of the whole row
     CRect promptPlace, controlPlace;  // in the page's client area as long as it is not scrolled
+
+private:
+    void MakePrompt(const Surroundings& surroundings);
+    void MakeControl(const Surroundings& surroundings, UINT id);
+    [[nodiscard]] std::unique_ptr<CWnd> MakeEdit(const Surroundings& surroundings, UINT id) const;
+    [[nodiscard]] std::unique_ptr<CWnd> MakeCombo(const Surroundings& surroundings, UINT id) const;
+    [[nodiscard]] std::unique_ptr<CWnd> MakeCheckBox(const Surroundings& surroundings, UINT id) const;
+    [[nodiscard]] DWORD DisabledStyle() const { return column.disabled ? DWORD{WS_DISABLED} : 0; }
+
+    // What a planned row was given to show, whatever its control would make of it.
+    [[nodiscard]] const std::wstring& GivenText() const;
+    [[nodiscard]] std::wstring PlannedText() const;
+    // The first combo box entry with this data, or -1.
+    [[nodiscard]] int EntryOf(std::wstring_view data) const;
 };

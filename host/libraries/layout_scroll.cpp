@@ -4,8 +4,7 @@
 
 #include "host/libraries/layout_row.h"
 
-XLayout::PageScroll::PageScroll(const XLayout& layout, CWnd& page)
-    : m_layout(layout), m_page(page), m_window(page.m_hWnd) {
+XLayout::PageScroll::PageScroll(XLayout& layout, CWnd& page) : m_layout(layout), m_page(page), m_window(page.m_hWnd) {
     m_scroller.SetWindow(&page);
     page.SetHook(this);
 }
@@ -24,6 +23,13 @@ void XLayout::PageScroll::SetContent(SIZE content, int rowDistance) {
 }
 
 bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    // What controls say while they are made is no change of anything.
+    if (message == WM_COMMAND && m_layout.m_isMaking) {
+        *result = 0;
+        return true;
+    }
+    // Drawn before it was told: whatever shows the page is none of ours.
+    if (message == WM_ERASEBKGND || message == WM_PAINT) m_layout.MakeWindows();
     if (m_scroller.HandleMessage(message, wParam, lParam)) {
         *result = 0;
         return true;
@@ -36,6 +42,10 @@ bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lP
         if (works && control == ::GetFocus()) CWnd::TellOfFocus(control);
     }
     return false;
+}
+
+void XLayout::PageScroll::OnShowing() {
+    m_layout.MakeWindows();
 }
 
 void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {

@@ -9,7 +9,7 @@
 class XLayout::PageScroll final : public WindowHook {
 public:
     // Both outlive it; the page's window may go before.
-    PageScroll(const XLayout& layout, CWnd& page);
+    PageScroll(XLayout& layout, CWnd& page);
     ~PageScroll();
     PageScroll(const PageScroll&) = delete;
     PageScroll& operator=(const PageScroll&) = delete;
@@ -22,9 +22,10 @@ public:
 
     bool OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnDescendantFocused(HWND descendant) override;
+    void OnShowing() override;
 
 private:
-    const XLayout& m_layout;
+    XLayout& m_layout;
     CWnd& m_page;
     HWND m_window;
     WindowScroller m_scroller;

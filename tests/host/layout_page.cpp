@@ -23,6 +23,11 @@ LRESULT FontWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
+bool FontWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    ++commands;
+    return CWnd::OnCommand(wParam, lParam);
+}
+
 RowSpec TextRow(std::wstring name, int order) {
     return {.name = std::move(name), .order = order};
 }
@@ -85,12 +90,12 @@ CRect LayoutPage::RectOf(const CWnd& child) const {
     return rect;
 }
 
-CRect LayoutPage::ControlRect(std::wstring_view name) const {
+CRect LayoutPage::ControlRect(std::wstring_view name) {
     const CWnd* const control = layout.GetColumnControl(name);
     return control != nullptr ? RectOf(*control) : CRect();
 }
 
-CRect LayoutPage::PromptRect(std::wstring_view name) const {
+CRect LayoutPage::PromptRect(std::wstring_view name) {
     const CWnd* const prompt = layout.GetColumnPrompt(name);
     return prompt != nullptr ? RectOf(*prompt) : CRect();
 }

@@ -19,6 +19,10 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     std::function<void(int cx, int cy)> onSize;
+    int commands = 0;  // of its controls, as far as nobody took them before
+
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
     HFONT m_font;
@@ -60,8 +64,8 @@ public:
     [[nodiscard]] std::vector<std::wstring> Names() const;
     [[nodiscard]] XLayout::ColumnReference Reference(std::wstring_view name) const;
     // In page client coordinates.
-    [[nodiscard]] CRect ControlRect(std::wstring_view name) const;
-    [[nodiscard]] CRect PromptRect(std::wstring_view name) const;
+    [[nodiscard]] CRect ControlRect(std::wstring_view name);
+    [[nodiscard]] CRect PromptRect(std::wstring_view name);
     [[nodiscard]] CRect RectOf(const CWnd& child) const;
 
     FontWindow window;

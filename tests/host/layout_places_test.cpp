@@ -121,7 +121,9 @@ TEST(LayoutCombo, ListDropsFarEnoughToChooseFrom) {
     page.Add(ComboRow(L"x", L"3", entries));
     page.Show();
     RECT dropped{};
-    page.layout.GetColumnControl(L"x")->SendMessage(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+    CWnd& combo = *page.layout.GetColumnControl(L"x");
+    combo.SendMessage(CB_SHOWDROPDOWN, TRUE);
+    combo.SendMessage(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
     EXPECT_GE(dropped.bottom - dropped.top, page.ControlRect(L"x").Height() + 10 * LineHeight(page));
 }
 

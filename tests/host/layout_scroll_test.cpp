@@ -42,10 +42,10 @@ public:
         CRect common;
         return ::IntersectRect(&common, &client, &rect) != FALSE && ::EqualRect(&common, &rect) != FALSE;
     }
-    [[nodiscard]] CWnd& Control(int row) const { return *layout.GetColumnControl(L"row" + std::to_wstring(row)); }
-    [[nodiscard]] int Top(int row) const { return static_cast<int>(ControlRect(L"row" + std::to_wstring(row)).top); }
+    [[nodiscard]] CWnd& Control(int row) { return *layout.GetColumnControl(L"row" + std::to_wstring(row)); }
+    [[nodiscard]] int Top(int row) { return static_cast<int>(ControlRect(L"row" + std::to_wstring(row)).top); }
     // The distance of two rows.
-    [[nodiscard]] int Step() const { return Top(1) - Top(0); }
+    [[nodiscard]] int Step() { return Top(1) - Top(0); }
 };
 
 TEST(LayoutScroll, BarsComeWhenTheRowsAtTheirLeastDoNotFit) {

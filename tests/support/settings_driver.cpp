@@ -22,6 +22,14 @@ CPropertySheet* FindSheet() {
     return page != nullptr ? DynamicDownCast<CPropertySheet>(page->GetParent()) : nullptr;
 }
 
+std::wstring TextShownFor(const XLayout::Column& column, const std::wstring& text) {
+    if (column.controlType != XLayout::kComboBox) return text;
+    for (const XLayout::ColumnItem& entry : column.items) {
+        if (entry.data == text) return entry.text;
+    }
+    return {};
+}
+
 SettingsFrame* FindFrame() {
     const CWnd* page = AnyPage();
     return page != nullptr ? FindEnclosing<SettingsFrame>(*page) : nullptr;
@@ -90,15 +98,18 @@ std::vector<std::wstring> SettingsDriver::TabTitles() const {
 }
 
 CWnd* SettingsDriver::Control(std::wstring_view itemKey) const {
-    for (const XLayout* layout : qv::LiveLayouts()) {
-        for (const XLayout::RowView& row : layout->GetRows()) {
-            if (row.column.name == itemKey) return row.control;
-        }
+    for (XLayout* layout : qv::LiveLayouts()) {
+        if (CWnd* control = layout->GetColumnControl(itemKey)) return control;
     }
     return nullptr;
 }
 
 std::wstring SettingsDriver::Shown(std::wstring_view itemKey) const {
+    for (const XLayout* layout : qv::LiveLayouts()) {
+        for (const XLayout::RowView& row : layout->GetRows()) {
+            if (row.column.name == itemKey && row.plannedText) return TextShownFor(row.column, *row.plannedText);
+        }
+    }
     CWnd* control = Control(itemKey);
     if (control == nullptr) return L"(no control)";
     if (const auto* combo = DynamicDownCast<CComboBox>(control)) {

@@ -156,6 +156,8 @@ HGDIOBJ GetStockObject(int which);
 DWORD GetObjectType(HGDIOBJ object);
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 BOOL DeleteObject(HGDIOBJ object);
+// Of fonts alone: copies as much of the LOGFONTW as there is room for, and answers with the bytes copied.
+int GetObjectW(HANDLE object, int size, LPVOID buffer);
 COLORREF GetSysColor(int index);
 HBRUSH GetSysColorBrush(int index);
 

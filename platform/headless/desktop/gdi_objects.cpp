@@ -137,6 +137,16 @@ DWORD GetObjectType(HGDIOBJ object) {
     return kTypes[found->what.index()];
 }
 
+int GetObjectW(HANDLE object, int size, LPVOID buffer) {
+    const LOGFONTW* font = FontOf(object);
+    if (font == nullptr || size < 0) return 0;
+    const int whole = static_cast<int>(sizeof *font);
+    if (buffer == nullptr) return whole;
+    const int copied = std::min(size, whole);
+    std::memcpy(buffer, font, static_cast<std::size_t>(copied));
+    return copied;
+}
+
 BOOL DeleteObject(HGDIOBJ object) {
     Table& table = Objects();
     const auto found = table.objects.find(object);
