@@ -126,14 +126,6 @@ int CListBox::SetCurSel(int index) {
     return ToInt(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(index)));
 }
 
-DWORD_PTR CListBox::GetItemData(int index) const {
-    return static_cast<DWORD_PTR>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index)));
-}
-
-int CListBox::SetItemData(int index, DWORD_PTR data) {
-    return ToInt(SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(index), static_cast<LPARAM>(data)));
-}
-
 CRect CListBox::GetItemRect(int index) const {
     CRect rect;
     SendMessage(LB_GETITEMRECT, static_cast<WPARAM>(index), Pointer(static_cast<RECT*>(&rect)));

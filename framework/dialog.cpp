@@ -110,12 +110,12 @@ LRESULT CDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 void CDialog::OnNotShown() {}
 
 bool CDialog::OnInitDialog() {
-    UpdateData(false);
+    UpdateData();
     return true;
 }
 
 void CDialog::OnOK() {
-    if (UpdateData(true)) EndDialog(IDOK);
+    EndDialog(IDOK);
 }
 
 void CDialog::OnCancel() {
