@@ -116,18 +116,6 @@ TEST(ModalDialog, EndsInEveryWay) {
     }
 }
 
-TEST(ModalDialog, QuitMessageEndsItAndReachesTheLoopOutside) {
-    TopWindow top;
-    ModalDialog dialog(&top);
-    EXPECT_EQ(RunWith(dialog, {[] { ::PostQuitMessage(3); }}), IDCANCEL);
-    MSG message{};
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE && message.message != WM_QUIT) {
-        ::DispatchMessageW(&message);
-    }
-    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
-    EXPECT_EQ(message.wParam, 3u);
-}
-
 TEST(ModalDialog, WithoutATemplateIsMinusOneAndFreesTheOwner) {
     TopWindow top;
     CDialog missing(4711, &top);
