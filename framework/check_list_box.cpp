@@ -4,7 +4,7 @@
 
 #include "framework/gdi.h"
 
-QV_RUNTIME_CLASS_CREATE(CCheckListBox, CListBox)
+QV_RUNTIME_CLASS(CCheckListBox, CListBox)
 
 namespace {
 

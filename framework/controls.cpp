@@ -1,11 +1,11 @@
 #include "framework/controls.h"
 
-QV_RUNTIME_CLASS_CREATE(CStatic, CWnd)
-QV_RUNTIME_CLASS_CREATE(CButton, CWnd)
-QV_RUNTIME_CLASS_CREATE(CEdit, CWnd)
-QV_RUNTIME_CLASS_CREATE(CListBox, CWnd)
-QV_RUNTIME_CLASS_CREATE(CComboBox, CWnd)
-QV_RUNTIME_CLASS_CREATE(CTabCtrl, CWnd)
+QV_RUNTIME_CLASS(CStatic, CWnd)
+QV_RUNTIME_CLASS(CButton, CWnd)
+QV_RUNTIME_CLASS(CEdit, CWnd)
+QV_RUNTIME_CLASS(CListBox, CWnd)
+QV_RUNTIME_CLASS(CComboBox, CWnd)
+QV_RUNTIME_CLASS(CTabCtrl, CWnd)
 
 namespace {
 
@@ -124,14 +124,6 @@ int CListBox::GetCurSel() const {
 
 int CListBox::SetCurSel(int index) {
     return ToInt(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(index)));
-}
-
-DWORD_PTR CListBox::GetItemData(int index) const {
-    return static_cast<DWORD_PTR>(SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index)));
-}
-
-int CListBox::SetItemData(int index, DWORD_PTR data) {
-    return ToInt(SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(index), static_cast<LPARAM>(data)));
 }
 
 CRect CListBox::GetItemRect(int index) const {

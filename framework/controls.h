@@ -48,8 +48,6 @@ class CListBox : public CWnd {
     [[nodiscard]] int FindStringExact(int startAfter, const std::wstring& text) const;  // ignores case
     [[nodiscard]] int GetCurSel() const;
     int SetCurSel(int index);
-    [[nodiscard]] DWORD_PTR GetItemData(int index) const;
-    int SetItemData(int index, DWORD_PTR data);
     [[nodiscard]] CRect GetItemRect(int index) const;
 };
 

@@ -8,7 +8,7 @@
 #include "framework/dialog_template.h"
 #include "framework/window_creation.h"
 
-QV_RUNTIME_CLASS_CREATE(CDialog, CWnd)
+QV_RUNTIME_CLASS(CDialog, CWnd)
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_templateId(templateId), m_parent(parent) {}
 
@@ -111,12 +111,12 @@ LRESULT CDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 void CDialog::OnNotShown() {}
 
 bool CDialog::OnInitDialog() {
-    UpdateData(false);
+    UpdateData();
     return true;
 }
 
 void CDialog::OnOK() {
-    if (UpdateData(true)) EndDialog(IDOK);
+    EndDialog(IDOK);
 }
 
 void CDialog::OnCancel() {

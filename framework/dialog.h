@@ -33,7 +33,7 @@ class CDialog : public CWnd {
 
     // True lets the platform set the first focus. May find its window destroyed after whatever it called.
     virtual bool OnInitDialog();
-    virtual void OnOK();      // UpdateData, then EndDialog(IDOK)
+    virtual void OnOK();      // EndDialog(IDOK)
     virtual void OnCancel();  // EndDialog(IDCANCEL)
 
     // Moves the focus as a dialog does: the control is also given the default-button frame or its text selected.

@@ -47,7 +47,7 @@ LRESULT CFormView::OnInitDialogMessage(WPARAM, LPARAM) {
 
 void CFormView::OnInitialUpdate() {
     CScrollView::OnInitialUpdate();
-    UpdateData(false);
+    UpdateData();
 }
 
 bool CFormView::PreTranslateMessage(MSG& message) {

@@ -184,15 +184,6 @@ template <auto Handler>
 MessageEntry ControlReflect(UINT code) {
     return {MessageEntry::Kind::ReflectedCommand, WM_COMMAND, code, 0, &detail::InvokeVoid<Handler>};
 }
-// bool OnChange(): as above; false lets the parent handle the notification too.
-template <auto Handler>
-MessageEntry ControlReflectEx(UINT code) {
-    return {MessageEntry::Kind::ReflectedCommand, WM_COMMAND, code, 0,
-            [](CCmdTarget& target, const MessageArgs&, LRESULT* result) {
-                *result = 0;
-                return static_cast<bool>((detail::Target<Handler>(target).*Handler)());
-            }};
-}
 // LRESULT Handler(WPARAM, LPARAM): WM_CTLCOLOR*, WM_DRAWITEM, WM_MEASUREITEM, WM_HSCROLL, handed back by the parent.
 template <auto Handler>
 MessageEntry MessageReflect(UINT message) {

@@ -31,7 +31,7 @@ bool CPropertyPage::OnSetActive() {
 }
 
 bool CPropertyPage::OnKillActive() {
-    return UpdateData(true);
+    return true;
 }
 
 namespace {

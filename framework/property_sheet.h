@@ -19,7 +19,6 @@ class CPropertyPage : public CDialog {
 
     virtual bool OnSetActive();   // before the page is shown; false refuses
     virtual bool OnKillActive();  // before it is hidden; false keeps it
-    [[nodiscard]] CPropertySheet* GetSheet() const noexcept { return m_sheet; }
 
     // A page has no end of its own: both are the enclosing top-level dialog's.
     void OnOK() override;

@@ -20,7 +20,7 @@ TemporaryObjects& Temporary() {
 
 }  // namespace
 
-QV_RUNTIME_CLASS_CREATE(CWnd, CCmdTarget)
+QV_RUNTIME_CLASS(CWnd, CCmdTarget)
 
 CWnd::~CWnd() {
     if (m_hook != nullptr) SetHook(nullptr);

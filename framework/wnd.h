@@ -134,8 +134,7 @@ class CWnd : public CCmdTarget {
 
     // --- data exchange -------------------------------------------------------------------------------------------
     virtual void DoDataExchange(CDataExchange& exchange);
-    // save: from controls into members; false when an exchange failed.
-    bool UpdateData(bool save = true);
+    void UpdateData();
 
     // --- accessibility: by default answered by the window's standard accessible object -------------------------------
     // The name that accessibility clients read, for a window that does not show it itself and that the platform finds

@@ -36,18 +36,6 @@ std::string Item(const std::string& attributes) {
     return Tree(R"("pages": { "1": "One" }, "k": { "n": { "pagenumber": 1, )" + attributes + " } }");
 }
 
-TEST_F(BadDefinitions, UnusableFilesAreRefusedInOneLine) {
-    for (const char* content : {"settings = 1", "[]"}) {
-        folder.Write(L"definitions.json", content);
-        Run("press ok");
-        EXPECT_NE(problem.find(L"definitions.json"), std::wstring::npos) << problem;
-        EXPECT_EQ(problem.find(L'\n'), std::wstring::npos) << "one line";
-    }
-    options.definitions = folder.At(L"nowhere.json");
-    Run("press ok");
-    EXPECT_NE(problem.find(L"there is no such file"), std::wstring::npos) << problem;
-}
-
 TEST_F(BadDefinitions, TreesWithNothingToShowAreToldInABox) {
     for (const std::string& content :
          {std::string("{}"), Tree(""), Tree(R"("k": { "n": { "type": 1 } })"), Tree(R"("pages": {})"),

@@ -95,15 +95,15 @@ protected:
         const std::int32_t page = PageOf(itemKey);
         if (page < 0) return L"(not shown)";
         const std::wstring before = Shown(itemKey);
-        const std::size_t boxes = m_boxes.size();
+        const std::size_t said = boxes.size();
         XLayout& layout = m_pages.at(page)->GetLayout();
         layout.UpdateControl(itemKey, text, nullptr, {});
         const bool accepted = Model().ValidateInputs(*m_pages.at(page), *Page(page));
         layout.UpdateControl(itemKey, before, nullptr, {});
-        if (accepted || m_boxes.size() != boxes + 1) return L"(accepted)";
-        const std::wstring said = OnOneLine(m_boxes.back().text);
-        m_boxes.pop_back();
-        return said;
+        if (accepted || boxes.size() != said + 1) return L"(accepted)";
+        const std::wstring reason = OnOneLine(boxes.back().text);
+        boxes.pop_back();
+        return reason;
     }
     std::wstring Tabs() {
         std::list<PageEntry> pages;
@@ -133,9 +133,9 @@ TEST_P(DefinitionsPage, ExampleDoesWhatThePageSays) {
     Load();
     if (HasFatalFailure()) return;
     std::vector<std::wstring> said;
-    for (const auto& box : m_boxes)
+    for (const auto& box : boxes)
         said.push_back(OnOneLine(box.text));
-    m_boxes.clear();
+    boxes.clear();
     for (const std::wstring& claim : GetParam().claims) {
         SCOPED_TRACE(qv::ToUtf8(claim));
         if (const auto shows = Match(claim, L"`*` shows `*`."); !shows.empty()) {
@@ -162,7 +162,7 @@ TEST_P(DefinitionsPage, ExampleDoesWhatThePageSays) {
     }
     for (const std::wstring& text : said)
         ADD_FAILURE() << "a box that the page does not mention: " << qv::ToUtf8(text);
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Reference, DefinitionsPage,

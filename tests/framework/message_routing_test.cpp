@@ -7,24 +7,7 @@
 namespace {
 
 constexpr UINT kButton = 101;
-constexpr UINT kEdit = 102;
 constexpr UINT kPrivateMessage = WM_USER + 7;
-
-// A button that may keep its click to itself.
-class ReflectingButton : public CButton {
-public:
-    bool keep = true;
-    int clicks = 0;
-    const MessageMap* GetMessageMap() const override {
-        static const MessageMap map{CButton::GetThisMessageMap(),
-                                    {on::ControlReflectEx<&ReflectingButton::OnClicked>(BN_CLICKED)}};
-        return &map;
-    }
-    bool OnClicked() {
-        ++clicks;
-        return keep;
-    }
-};
 
 class Parent : public TopWindow {
 public:
@@ -35,7 +18,6 @@ public:
                                     {
                                         on::Message<&Parent::OnPrivate>(kPrivateMessage),
                                         on::Command<&Parent::OnButton>(kButton),
-                                        on::Control<&Parent::OnEditChanged>(EN_CHANGE, kEdit),
                                         on::Size<&Parent::OnSize>(),
                                     }};
         return &map;
@@ -45,7 +27,6 @@ public:
         return static_cast<LRESULT>(wParam) + lParam;
     }
     void OnButton() { log += L"button;"; }
-    void OnEditChanged() { log += L"edit;"; }
     void OnSize(UINT type, int cx, int cy) {
         TopWindow::OnSize(type, cx, cy);
         clientSize = {cx, cy};
@@ -80,30 +61,6 @@ TEST(MessageMap, DecodesSizesBeyondFifteenBits) {
     window.SendMessage(WM_SIZE, SIZE_RESTORED, MAKELPARAM(40000, 50000));
     EXPECT_EQ(window.clientSize.cx, 40000);
     EXPECT_EQ(window.clientSize.cy, 50000);
-}
-
-TEST(Reflection, SenderDecidesWhetherItsParentHearsOfAClick) {
-    Parent window;
-    ReflectingButton button;
-    ASSERT_TRUE(button.Create(L"b", WS_VISIBLE | BS_PUSHBUTTON, {0, 0, 50, 20}, &window, kButton));
-    ASSERT_TRUE(MakeUser().Click(button.m_hWnd));
-    EXPECT_EQ(button.clicks, 1);
-    EXPECT_EQ(window.log, L"");
-    button.keep = false;
-    ASSERT_TRUE(MakeUser().Click(button.m_hWnd));
-    EXPECT_EQ(button.clicks, 2);
-    EXPECT_EQ(window.log, L"button;");
-}
-
-TEST(Notification, ArrivesAfterAProgrammaticChangeOfText) {
-    Parent window;
-    CEdit edit;
-    ASSERT_TRUE(edit.Create(WS_VISIBLE, {0, 0, 50, 20}, &window, kEdit));
-    edit.SetWindowText(L"new");
-    EXPECT_EQ(window.log, L"edit;");
-    ASSERT_TRUE(MakeUser().Focus(edit.m_hWnd));
-    ASSERT_TRUE(MakeUser().Type(L"x"));
-    EXPECT_EQ(window.log, L"edit;edit;");
 }
 
 // A control that colours itself in its parent's place.
@@ -151,14 +108,11 @@ TEST(WindowProcedure, ReportsAnExceptionAndAnswersZero) {
     EXPECT_TRUE(window.IsLive());
 }
 
-TEST(RuntimeClass, KnowsItsAncestorsAndMakesInstances) {
+TEST(RuntimeClass, KnowsItsAncestors) {
     CCheckListBox list;
     CListBox plain;
     EXPECT_NE(DynamicDownCast<CListBox>(&list), nullptr);
     EXPECT_EQ(DynamicDownCast<CCheckListBox>(static_cast<CObject*>(&plain)), nullptr);
-    const std::unique_ptr<CObject> made(CEdit::kRuntimeClass.CreateObject());
-    ASSERT_NE(made, nullptr);
-    EXPECT_EQ(made->GetRuntimeClass(), &CEdit::kRuntimeClass);
 }
 
 }  // namespace

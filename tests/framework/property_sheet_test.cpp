@@ -137,7 +137,6 @@ TEST_F(SheetOfPages, SurvivesItsPagesAndTheySurviveIt) {
         ASSERT_TRUE(shortLived.Create(&top, WS_VISIBLE));
     }
     EXPECT_EQ(extra->m_hWnd, nullptr);
-    EXPECT_EQ(extra->GetSheet(), nullptr);
     sheet.AddPage(extra.get());
     ASSERT_TRUE(Create());
     extra.reset();

@@ -81,25 +81,6 @@ TEST_F(ScrollView, ScrollsItsContentAndStopsAtTheEnds) {
     }
 }
 
-TEST_F(ScrollView, GrowingBackShowsTheStartAgain) {
-    view->SetScrollSizes({100, 400});
-    view->ScrollToPosition({0, 300});
-    view->MoveWindow(0, 0, 200, 400);
-    EXPECT_EQ(view->GetScrollPosition().y, 0);
-    EXPECT_EQ(ChildRect().top, 0);
-}
-
-TEST_F(ScrollView, BringsAFocusedControlIntoView) {
-    view->SetScrollSizes({100, 400});
-    child.MoveWindow(0, 250, 40, 20);
-    view->OnDescendantFocused(child.m_hWnd);
-    EXPECT_EQ(view->GetScrollPosition().y, 170) << "no further than needed";
-    EXPECT_EQ(ChildRect().bottom, 100);
-    view->ScrollToPosition({0, 290});
-    view->OnDescendantFocused(child.m_hWnd);
-    EXPECT_EQ(ChildRect().top, 0);
-}
-
 // However the focus comes to it: by a key, a click or a call.
 TEST_F(ScrollView, HearsOfEveryFocusOnceTheMouseButtonIsUp) {
     view->SetScrollSizes({100, 400});

@@ -3,7 +3,6 @@
 #include "base/com.h"
 #include "base/module_state.h"
 #include "framework/controls.h"
-#include "framework/data_exchange.h"
 #include "framework/gdi.h"
 #include "tests/framework/test_windows.h"
 
@@ -195,40 +194,6 @@ TEST(ModuleState, WindowHandlesItsMessagesInTheStateItWasMadeIn) {
     EXPECT_EQ(seen, marker);
     EXPECT_EQ(GetResourceHandle(), host.resources);
     component.resources = nullptr;
-}
-
-class ExchangingDialog : public CDialog {
-public:
-    CEdit edit;
-    std::wstring text = L"start";
-    int check = 1;
-    void DoDataExchange(CDataExchange& exchange) override {
-        CDialog::DoDataExchange(exchange);
-        DDX_Control(exchange, 10, edit);
-        DDX_Text(exchange, 10, text);
-        DDX_Check(exchange, 11, check);
-        if (exchange.IsSaving() && text.empty()) exchange.Fail(10);
-    }
-};
-
-TEST(DataExchange, RunsBothWaysAndAFailureFocusesTheControl) {
-    TopWindow top;
-    const Builder layout = Builder(WS_POPUP | WS_VISIBLE, 100, 80)
-                               .Add(Builder::Edit, 10, WS_TABSTOP, L"", 5, 5)
-                               .Add(Builder::Button, 11, WS_TABSTOP | BS_AUTOCHECKBOX, L"c", 5, 25);
-    ExchangingDialog dialog;
-    ASSERT_TRUE(dialog.CreateIndirect(layout.Bytes(), &top));
-    EXPECT_EQ(dialog.edit.GetWindowText(), L"start");
-    EXPECT_EQ(::IsDlgButtonChecked(dialog.m_hWnd, 11), 1u);
-    dialog.edit.SetWindowText(L"changed");
-    ::CheckDlgButton(dialog.m_hWnd, 11, 0);
-    EXPECT_TRUE(dialog.UpdateData());
-    EXPECT_EQ(dialog.text, L"changed");
-    EXPECT_EQ(dialog.check, 0);
-    dialog.edit.SetWindowText(L"");
-    ::SetFocus(dialog.GetDlgItem(11)->m_hWnd);
-    EXPECT_FALSE(dialog.UpdateData());
-    EXPECT_EQ(::GetFocus(), dialog.edit.m_hWnd);
 }
 
 TEST(Accessibility, GivesAWindowTheNameItWasGivenForAsLongAsItLives) {

@@ -1,4 +1,4 @@
-// Identifiers, classes, task memory and modules.
+// Modules: where they lie, and what cannot be found.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,20 +7,6 @@
 #include "platform/platform.h"
 
 namespace {
-
-const GUID kSome = {0x12345678, 0x9ABC, 0xDEF0, {0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF}};
-
-class Com : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_GE(CoInitialize(nullptr), 0); }
-    void TearDown() override { CoUninitialize(); }
-};
-
-TEST_F(Com, UnknownClassesAreNotRegistered) {
-    void* object = &object;
-    EXPECT_EQ(REGDB_E_CLASSNOTREG, CoCreateInstance(kSome, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, &object));
-    EXPECT_EQ(nullptr, object);
-}
 
 TEST(Modules, AreFoundByNameAddressAndFile) {
     const HMODULE program = GetModuleHandleW(nullptr);

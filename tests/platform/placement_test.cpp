@@ -174,17 +174,6 @@ TEST_F(Placement, ApplyingARecordSetsRectangleAndState) {
     EXPECT_FALSE(SetWindowPlacement(top, &placement));
 }
 
-TEST_F(Placement, CreationFailsWithAReason) {
-    const auto create = [](const wchar_t* windowClass, DWORD style, HWND parent) {
-        return CreateWindowExW(0, windowClass, L"", style, 0, 0, 1, 1, parent, nullptr, nullptr, nullptr);
-    };
-    EXPECT_EQ(create(L"NoSuchClass", WS_POPUP, nullptr), nullptr);
-    EXPECT_EQ(create(L"Static", WS_CHILD, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{1406});
-    EXPECT_EQ(create(L"Static", WS_CHILD, reinterpret_cast<HWND>(UINT_PTR{0xFFFE})), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{1400});
-}
-
 TEST_F(Placement, StaleHandlesAreRecognised) {
     const HWND window = Make("gone", WS_POPUP);
     DestroyWindow(window);

@@ -127,12 +127,6 @@ LRESULT ComboBox::HandleContent(UINT message, WPARAM wParam, LPARAM lParam) {
         case CB_GETLBTEXTLEN:
             if (!m_items.Holds(index)) return CB_ERR;
             return m_items[index].Length(HasStrings());
-        case CB_GETITEMDATA:
-            return m_items.Holds(index) ? static_cast<LRESULT>(m_items[index].data) : CB_ERR;
-        case CB_SETITEMDATA:
-            if (!m_items.Holds(index)) return CB_ERR;
-            m_items[index].data = static_cast<ULONG_PTR>(lParam);
-            return TRUE;
         case CB_FINDSTRING:
             return m_items.FindPrefix(index, reinterpret_cast<LPCWSTR>(lParam));
         case CB_FINDSTRINGEXACT:

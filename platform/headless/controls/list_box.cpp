@@ -46,12 +46,6 @@ LRESULT ListBox::HandleContent(UINT message, WPARAM wParam, LPARAM lParam) {
             return GetText(index, reinterpret_cast<LPVOID>(lParam));
         case LB_GETTEXTLEN:
             return GetTextLength(index);
-        case LB_GETITEMDATA:
-            return m_items.Holds(index) ? static_cast<LRESULT>(m_items[index].data) : LB_ERR;
-        case LB_SETITEMDATA:
-            if (!m_items.Holds(index)) return LB_ERR;
-            m_items[index].data = static_cast<ULONG_PTR>(lParam);
-            return TRUE;
         case LB_FINDSTRING:
             return m_items.FindPrefix(index, reinterpret_cast<LPCWSTR>(lParam));
         case LB_FINDSTRINGEXACT:

@@ -130,10 +130,6 @@ HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
     return from->handle;
 }
 
-BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text) {
-    return SetWindowTextW(GetDlgItem(dialog, id), text);
-}
-
 UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int room) {
     const HWND control = GetDlgItem(dialog, id);
     if (!control) {
@@ -146,11 +142,6 @@ UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int room) {
 LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND control = GetDlgItem(dialog, id);
     return control ? SendMessageW(control, message, wParam, lParam) : 0;
-}
-
-BOOL CheckDlgButton(HWND dialog, int id, UINT check) {
-    SendDlgItemMessageW(dialog, id, BM_SETCHECK, check, 0);
-    return GetDlgItem(dialog, id) != nullptr;
 }
 
 UINT IsDlgButtonChecked(HWND dialog, int id) {

@@ -3,6 +3,7 @@
 #include "framework/call_scope.h"
 #include "qvclient/qvsettingsdialog/resources/resource_ids.h"
 
+// Hosts make views by their run-time classes.
 QV_RUNTIME_CLASS_CREATE(XFormViewDlg, CFormView)
 
 XFormViewDlg::XFormViewDlg() : CFormView(IDD_SETTINGS_FORMVIEW) {}

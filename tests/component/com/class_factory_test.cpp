@@ -15,6 +15,24 @@ TEST_F(ComponentDll, OneObjectAnswersForItsThreeInterfaces) {
     EXPECT_EQ(manager->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
 }
 
+TEST_F(ComponentDll, RefusalsLeaveANullResultAndNoLock) {
+    auto* const stale = reinterpret_cast<void*>(0x1234);
+    void* out = stale;
+    EXPECT_EQ(GetClassObject(IID_IQVSettingsDialogManager, IID_IClassFactory, &out), CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_EQ(out, nullptr);
+    out = stale;
+    EXPECT_EQ(GetClassObject(CLSID_QVSettingsDialogManager, IID_ITPFObject, &out), E_NOINTERFACE);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(GetClassObject(CLSID_QVSettingsDialogManager, IID_IUnknown, nullptr), E_POINTER);
+
+    out = stale;
+    EXPECT_EQ(Factory()->CreateInstance(nullptr, IID_IDispatch, &out), E_NOINTERFACE);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(Factory()->CreateInstance(nullptr, IID_ITPFObject, nullptr), E_POINTER);
+    EXPECT_EQ(Factory()->CreateInstance(hostObject.Get(), IID_IUnknown, &out), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(CanUnloadNow(), S_OK);
+}
+
 TEST_F(ComponentDll, UnloadsOnlyWhenNothingOfItIsAlive) {
     EXPECT_EQ(CanUnloadNow(), S_OK);
     {

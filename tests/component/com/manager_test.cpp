@@ -266,19 +266,22 @@ TEST_F(Manager, SurvivesBeingReleasedWhileItsDialogIsOpen) {
 class CallersStore final : public qvtest::StackObject<IQVSettingsDialogDataIO> {
 public:
     CallersStore() : StackObject(IID_IQVSettingsDialogDataIO) {}
-    HRESULT STDMETHODCALLTYPE GetData(BSTR, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE) override {
+    HRESULT STDMETHODCALLTYPE GetData(BSTR, BSTR name, USHORT type, VARIANT* value, SESSIONDATATYPE scope) override {
         EXPECT_EQ(type, VT_BSTR);
+        EXPECT_TRUE(scope == SDT_userDataDB || qv::TextOf(name) != L"name");
         if (qv::TextOf(name) != L"name") return E_FAIL;
         value->vt = VT_BSTR;
         value->bstrVal = SysAllocString(L"from the caller");
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE) override {
-        calls.push_back(qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" + qv::TextOf(value.bstrVal));
+    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) override {
+        EXPECT_EQ(value.vt, VT_BSTR);
+        calls.push_back(std::to_wstring(scope) + L" " + qv::TextOf(key) + L"/" + qv::TextOf(name) + L"=" +
+                        qv::TextOf(value.bstrVal));
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE, BSTR, BSTR name) override {
-        calls.push_back(L"save " + qv::TextOf(name));
+    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) override {
+        calls.push_back(std::to_wstring(scope) + L" save " + qv::TextOf(key) + L"/" + qv::TextOf(name));
         return S_OK;
     }
     std::vector<std::wstring> calls;
@@ -286,7 +289,7 @@ public:
 
 TEST_F(Manager, ACallersStoreTakesTheValues) {
     host.DefinePage(L"1", L"General");
-    host.DefineItem(L"common/name", 3, 1);
+    host.DefineItem(L"common/name", 3, 1, {{L"globaldata", L"2"}});
     const auto manager = CreateConnected();
     CallersStore store;
     InDialog(
@@ -296,7 +299,7 @@ TEST_F(Manager, ACallersStoreTakesTheValues) {
             driver.Type(L"common/name", L"back");
         },
         IDOK, &store);
-    EXPECT_EQ(store.calls, (std::vector<std::wstring>{L"common/name=back", L"save name"}));
+    EXPECT_EQ(store.calls, (std::vector<std::wstring>{L"2 common/name=back", L"2 save common/name"}));
     EXPECT_EQ(store.references, 0U);
     EXPECT_TRUE(host.session->CallsOf(SessionOperation::WriteData).empty());
 }

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "framework/gdi.h"
 #include "qvclient/qvsettingsdialog/controls/search_controls.h"
+#include "qvclient/qvsettingsdialog/controls/special_item.h"
 #include "tests/component/controls/controls_fixture.h"
 #include "tests/support/temporary_folder.h"
 
@@ -151,6 +152,16 @@ TEST_F(Choosers, TranslateTheirTextsButNotThePlatforms) {
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_EQ(requests[0].title, L"Ordner");
     EXPECT_EQ(requests[0].okText, L"Nehmen");
+}
+
+TEST_F(Choosers, ReportUnderTheLabelOfTheirItem) {
+    SpecialItem item;
+    item.kind = SpecialControlKind::File;
+    item.value = missing;
+    item.label = L"Label";
+    item.checkPath = true;
+    const auto chooser = qv::MakeSpecialControl(std::move(item));
+    EXPECT_EQ(TakeBox(), L"Checking initvalue:Label\n" + FileReason(missing));
 }
 
 TEST_F(Choosers, BrowsingStartsAtTheFieldsTextAndReportsAChoice) {

@@ -227,19 +227,6 @@ TEST_F(DialogButton, ShowsItsTranslatedCaptionAndKeepsItsValueInvisible) {
     EXPECT_EQ(button.GetValue(), L"default");
 }
 
-TEST_F(DialogButton, IsStoredOnlyUnderAWholeKey) {
-    XDialogButton button(10);
-    std::wstring key = L"?";
-    std::wstring name = L"?";
-    EXPECT_FALSE(button.GetStorageKey(key, name));
-    button.SetStorageKey(L"a/b", L"");
-    EXPECT_FALSE(button.GetStorageKey(key, name));
-    button.SetStorageKey(L"a/b", L"name");
-    EXPECT_TRUE(button.GetStorageKey(key, name));
-    EXPECT_EQ(key, L"a/b");
-    EXPECT_EQ(name, L"name");
-}
-
 TEST(ModuleHost, KeepsTheFirstHostUntilItIsCleared) {
     FakeHost first;
     FakeHost second;

@@ -72,6 +72,9 @@ TEST_F(Sizes, EveryResizeThatLeavesABarGoesBackToTheStart) {
 
 // To screen readers an ordinary window, which a click does not activate.
 TEST_F(Sizes, TheViewIsAWindowLikeOthers) {
+    const std::unique_ptr<CObject> made(XFormViewDlg::kRuntimeClass.CreateObject());
+    EXPECT_NE(DynamicDownCast<XFormViewDlg>(made.get()), nullptr) << "made by its run-time class";
+    EXPECT_EQ(CButton::kRuntimeClass.CreateObject(), nullptr);
     InDialog([this] {
         const auto frame = reinterpret_cast<WPARAM>(driver.Frame().m_hWnd);
         EXPECT_EQ(View().SendMessage(WM_MOUSEACTIVATE, frame, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)), MA_NOACTIVATE);

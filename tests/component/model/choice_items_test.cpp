@@ -1,4 +1,3 @@
-#include "host/libraries/translation.h"
 #include "tests/component/model/model_fixture.h"
 
 namespace {
@@ -32,10 +31,10 @@ TEST_P(StringItem, ShowsCutsAndReports) {
         EXPECT_EQ(*registered, *c.registeredDefault);
     }
     if (c.message.empty()) {
-        EXPECT_TRUE(m_boxes.empty()) << ::testing::PrintToString(m_boxes);
+        EXPECT_TRUE(boxes.empty()) << ::testing::PrintToString(boxes);
     } else {
-        EXPECT_EQ(OnlyText(m_boxes), c.message);
-        EXPECT_EQ(m_boxes.at(0).caption, L"A label");
+        EXPECT_EQ(OnlyText(boxes), c.message);
+        EXPECT_EQ(boxes.at(0).caption, L"A label");
     }
     EXPECT_EQ(Page()->FindRange(L"common/text"), nullptr);
 }
@@ -135,7 +134,7 @@ TEST_P(ListItem, OffersItsEntriesAndSelectsTheValue) {
     attributes.emplace_back(L"type", L"4");
     Define(L"common/list", attributes, c.stored);
     const qv::LayoutRows::Column* row = Row(L"common/list");
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
     if (c.dropped) {
         EXPECT_EQ(row, nullptr);
         EXPECT_EQ(Page(), nullptr);
@@ -182,10 +181,9 @@ INSTANTIATE_TEST_SUITE_P(
     kCaseName);
 
 TEST_F(ModelTest, ListEntriesAndLabelsAreTranslatedAndDataIsNot) {
-    qv::Dictionary before = qv::SetDictionary({{L"Alpha", L"Alfa"}, {L"A label", L"Etikett"}, {L"a", L"wrong"}});
+    const qvtest::ScopedDictionary dictionary({{L"Alpha", L"Alfa"}, {L"A label", L"Etikett"}, {L"a", L"wrong"}});
     Define(L"common/list", {{L"type", L"4"}, {L"value1", L"a|Alpha"}}, L"a");
     const qv::LayoutRows::Column* row = Row(L"common/list");
-    qv::SetDictionary(std::move(before));
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->prompt, L"Etikett");
     ASSERT_EQ(row->items.size(), 1U);

@@ -49,7 +49,7 @@ TEST_P(ControlItem, MakesAPlaceholderRowAndAControl) {
     EXPECT_EQ(*Page()->FindScope(L"common/item"), SDT_userDataDB);
     // The control keeps its default itself.
     EXPECT_EQ(DefaultOf(L"common/item"), nullptr);
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 TEST_P(ControlItem, IsReadOnlyWithoutTheRightAndHasNoDefaultOrPlaceItWasNotGiven) {

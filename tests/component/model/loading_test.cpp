@@ -1,5 +1,4 @@
 #include "base/text.h"
-#include "host/libraries/translation.h"
 #include "tests/component/model/model_fixture.h"
 
 namespace {
@@ -50,29 +49,14 @@ TEST_F(ModelTest, WithoutItsManagersItHasNothingAndGrantsNothing) {
     EXPECT_FALSE(model.HasRight(L"Change settings/User data"));
 }
 
-TEST_F(ModelTest, ReleasesItsManagersWithItself) {
-    Define(L"common/flag", {{L"type", L"0"}, {L"functiongroup", L"0"}}, L"1");
-    auto* session = m_session.Get();
-    session->AddRef();
-    const ULONG before = session->Release();
-    {
-        XConstructionSet model(kRoot, SDT_machineData, nullptr, m_session.Get(), m_rights.Get());
-        std::map<std::int32_t, PageRecord*> items;
-        EXPECT_TRUE(model.LoadItems(items));
-    }
-    session->AddRef();
-    EXPECT_EQ(session->Release(), before);
-}
-
 // --- pages -------------------------------------------------------------------------------------------------------
 
 TEST_F(ModelTest, PagesAreSortedByNumberAndKeepTheirOrderWithinOne) {
-    qv::Dictionary before = qv::SetDictionary({{L"General", L"Allgemein"}});
+    const qvtest::ScopedDictionary dictionary(qv::Dictionary{{L"General", L"Allgemein"}});
     DefinePages({{L"2", L"Files"}, {L"1", L"General"}, {L"01", L"Also one"}, {L"-3", L"First"}, {L"x", L"Zero"}});
     std::list<PageEntry> pages;
     EXPECT_TRUE(Model().HasSettings());
     EXPECT_TRUE(Model().LoadPages(pages));
-    qv::SetDictionary(std::move(before));
     EXPECT_EQ(Pages(pages),
               (Pairs{{L"-3", L"First"}, {L"0", L"Zero"}, {L"1", L"Also one"}, {L"1", L"Allgemein"}, {L"2", L"Files"}}));
 }
@@ -401,33 +385,6 @@ TEST_F(OddHost, AValueThatIsNoTextIsAFailedReadAndANullTextAnEmptyOne) {
         ASSERT_NE(row, nullptr);
         EXPECT_EQ(row->value, c.shown) << c.type;
     }
-}
-
-TEST_F(OddHost, HugeTextsAndManyAttributesAreTaken) {
-    const std::wstring huge(1'000'000, L'x');
-    m_odd->names = {L"root/common/" + huge};
-    m_odd->pairs = {L"type", L"4"};
-    for (int i = 20'000; i > 0; --i) {
-        m_odd->pairs.emplace_back(qv::Format(L"value%d", i));
-        m_odd->pairs.emplace_back(L"data|text");
-    }
-    m_odd->pairs.emplace_back(huge);
-    m_odd->pairs.emplace_back(huge);
-    const qv::LayoutRows::Column* row = FirstRow();
-    ASSERT_NE(row, nullptr);
-    EXPECT_EQ(row->name.size(), huge.size() + 7);
-    EXPECT_EQ(row->items.size(), 20'000U);
-}
-
-// Nobody is left to see what would be loaded, nor the boxes of what cannot be.
-TEST_F(ModelTest, LoadingEndsWhenItIsNotToGoOn) {
-    for (const auto* key : {L"common/a", L"common/b", L"common/c"})
-        Define(key, {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"upperbound", L"2"}}, L"9");
-    std::map<std::int32_t, PageRecord*> items;
-    EXPECT_FALSE(Model().LoadItems(items, [this] { return m_boxes.empty(); }));
-    EXPECT_TRUE(items.empty());
-    EXPECT_EQ(m_boxes.size(), 1U);
-    EXPECT_EQ(m_session->CallsOf(SessionOperation::EnumValues).size(), 1U);
 }
 
 }  // namespace

@@ -4,17 +4,6 @@
 
 #include "base/text.h"
 
-ModelTest::ModelTest() {
-    m_sinkBefore = qv::SetMessageBoxSink([this](const qv::MessageBoxCall& call) {
-        m_boxes.push_back(call);
-        return IDOK;
-    });
-}
-
-ModelTest::~ModelTest() {
-    qv::SetMessageBoxSink(std::move(m_sinkBefore));
-}
-
 void ModelTest::Define(std::wstring_view itemKey, const Pairs& attributes) {
     const std::wstring path = std::wstring(kRoot) + L'/' + std::wstring(itemKey);
     const auto has = [&](std::wstring_view name) {

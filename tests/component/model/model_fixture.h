@@ -1,4 +1,4 @@
-// The settings model on an in-memory host: a definition tree, stored values, rights, and a recorder for message boxes.
+// The settings model on an in-memory host: a definition tree, stored values, rights, and a recorder of message boxes.
 // A test defines items, then asks for what became of them.
 #pragma once
 
@@ -12,22 +12,19 @@
 #include <utility>
 #include <vector>
 
-#include "host/libraries/message_box.h"
 #include "host/services/multi_user_manager.h"
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
 #include "tests/support/memory_session_data.h"
+#include "tests/support/recorders.h"
 
 using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
 
 // Names the rows of a table of cases by their first field.
 inline constexpr auto kCaseName = [](const auto& tested) { return std::string(tested.param.name); };
 
-class ModelTest : public ::testing::Test {
+class ModelTest : public ::testing::Test, protected qvtest::MessageBoxRecorder {
 protected:
     static constexpr const wchar_t* kRoot = L"option-configuration";
-
-    ModelTest();
-    ~ModelTest() override;
 
     // itemKey: below the root, "common/recentfiles". "pagenumber" 1 and "label" are added when the attributes do not
     // have them.
@@ -50,12 +47,10 @@ protected:
     IQVSettingsDialogDataIO* m_dataIO = nullptr;
     std::int32_t m_controlPath = SDT_machineData;
     qv::ControlFactory m_makeControl = qv::MakeSpecialControl;
-    std::vector<qv::MessageBoxCall> m_boxes;
 
 private:
     const Item* Find(std::wstring_view itemKey);
 
-    qv::MessageBoxSink m_sinkBefore;
     std::unique_ptr<XConstructionSet> m_model;
     std::optional<std::map<std::int32_t, PageRecord*>> m_items;
 };

@@ -1,5 +1,4 @@
 #include "base/text.h"
-#include "host/libraries/numbers.h"
 #include "tests/component/model/model_fixture.h"
 
 namespace {
@@ -145,12 +144,12 @@ TEST_P(NumericItem, ShowsRegistersAndReports) {
         EXPECT_EQ(*registered, *c.registeredDefault);
     }
     if (c.message.empty()) {
-        EXPECT_TRUE(m_boxes.empty()) << ::testing::PrintToString(m_boxes);
+        EXPECT_TRUE(boxes.empty()) << ::testing::PrintToString(boxes);
     } else {
-        EXPECT_EQ(OnlyText(m_boxes), c.message);
-        EXPECT_EQ(m_boxes.at(0).caption, L"Count");
-        EXPECT_EQ(m_boxes.at(0).kind, qv::MessageBoxCall::Kind::Info);
-        EXPECT_EQ(m_boxes.at(0).owner, GetActiveWindow());
+        EXPECT_EQ(OnlyText(boxes), c.message);
+        EXPECT_EQ(boxes.at(0).caption, L"Count");
+        EXPECT_EQ(boxes.at(0).kind, qv::MessageBoxCall::Kind::Info);
+        EXPECT_EQ(boxes.at(0).owner, GetActiveWindow());
     }
     EXPECT_TRUE(m_session->CallsOf(qv::SessionOperation::WriteData).empty());
 }
@@ -209,37 +208,12 @@ TEST_F(ModelTest, RealItemKeepsItsBoundsInRowAndRangeTable) {
 }
 
 TEST_F(ModelTest, RealsAreReadInTheNotationOfTheLocale) {
-    const qv::NumberLocale before = qv::SetNumberLocale({true, L",", L"."});
+    const qvtest::ScopedNumberLocale comma({true, L",", L"."});
     Define(L"common/real", {{L"type", L"2"}, {L"lowerbound", L"1,5"}}, L"2,5");
     const qv::LayoutRows::Column* row = Row(L"common/real");
-    qv::SetNumberLocale(before);
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->value, L"2.500000");
     EXPECT_EQ(row->lowerReal, 1.5);
-}
-
-TEST(Range, IsComparedAtThreeSignificantDigits) {
-    struct {
-        const char* name;
-        RangePair range;
-        double value;
-        bool belowUpper;
-        bool aboveLower;
-    } const cases[] = {
-        {"equal at three digits", {0, 1}, 1.004, true, true},
-        {"above", {0, 1}, 1.006, false, true},
-        {"a thousand and four", {0, 1000}, 1004, true, true},
-        {"a thousand and ten", {0, 1000}, 1010, false, true},
-        {"just below", {1000, 2000}, 999.9, true, true},
-        {"below", {1000, 2000}, 998, true, false},
-        {"negative", {-1, 0}, -1.006, true, false},
-        {"rounded beyond the largest number", {0, 1.7976931348623157e308}, 1.7976931348623157e308, true, true},
-        {"smallest number", {4.9406564584124654e-324, 1}, 0, true, false},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(CheckUpperBound(c.range, c.value), c.belowUpper) << c.name;
-        EXPECT_EQ(CheckLowerBound(c.range, c.value), c.aboveLower) << c.name;
-    }
 }
 
 }  // namespace

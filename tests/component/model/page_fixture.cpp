@@ -20,7 +20,6 @@ bool FakePage::RefuseInput(const Column& row, std::wstring_view reason) {
 
 void FakePage::ReportFailedSave(std::wstring_view text) {
     failedSaves.emplace_back(text);
-    if (atFailedSave) atFailedSave();
 }
 
 std::vector<FakePage::ColumnReference> FakePage::GetReferenceList() const {

@@ -13,7 +13,7 @@ class FakePage final : public SettingsPage, public qv::LayoutRows {
 public:
     explicit FakePage(const PageRecord& record);
 
-    bool IsThere() const override { return isThere; }
+    bool IsThere() const override { return true; }
     qv::LayoutRows& GetLayout() override { return *this; }
     bool RefuseInput(const Column& row, std::wstring_view reason) override;
     void RefuseInput(SpecialControl& control) override { refusedControls.push_back(&control); }
@@ -29,11 +29,9 @@ public:
     // As a row whose control the platform refused.
     void TakeControlOf(std::wstring_view itemKey);
 
-    bool isThere = true;
     std::vector<std::wstring> refusals;  // item key, then the reason in the next line
     std::vector<SpecialControl*> refusedControls;
     std::vector<std::wstring> failedSaves;
-    std::function<void()> atFailedSave;
 
 private:
     struct Row {

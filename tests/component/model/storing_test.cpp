@@ -1,17 +1,8 @@
-#include "base/com_module.h"
-#include "base/text.h"
-#include "host/libraries/numbers.h"
 #include "tests/component/model/page_fixture.h"
 
 namespace {
 
 using Texts = std::vector<std::wstring>;
-
-class StoredPage : public PageTest {
-protected:
-    ~StoredPage() override { qv::SetNumberLocale(std::move(m_localeBefore)); }
-    qv::NumberLocale m_localeBefore = qv::GetNumberLocale();
-};
 
 struct StoreCase {
     const char* name;
@@ -26,18 +17,18 @@ const qv::NumberLocale kPoint{true, L".", L","};
 const qv::NumberLocale kComma{true, L",", L"."};
 const qv::NumberLocale kUnknown{false, L".", L","};
 
-class StoredRow : public StoredPage, public ::testing::WithParamInterface<StoreCase> {};
+class StoredRow : public PageTest, public ::testing::WithParamInterface<StoreCase> {};
 
 TEST_P(StoredRow, IsWrittenAsTextAndSaved) {
     const StoreCase& c = GetParam();
     Define(c.itemKey, c.attributes);
     Shown().Enter(c.itemKey, c.entered);
-    qv::SetNumberLocale(c.locale);
+    const qvtest::ScopedNumberLocale locale(c.locale);
     EXPECT_TRUE(Store());
     const auto place = std::wstring(c.itemKey);
     EXPECT_EQ(Written(), Texts{L"4 " + place + L"=" + c.stored});
     EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::SaveData).size(), 1U);
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -59,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
         StoreCase{"OtherEmptyNumber", L"common/NumberOfRecentItems", {{L"type", L"1"}}, L"", L"", kPoint}),
     kCaseName);
 
-TEST_F(StoredPage, RowsComeFirstInTheirOrderThenControlsByKind) {
+TEST_F(PageTest, RowsComeFirstInTheirOrderThenControlsByKind) {
     Define(L"a/colour", {{L"type", L"8"}}, L"255");
     Define(L"a/later", {{L"type", L"3"}, {L"ordernumber", L"2"}, {L"globaldata", L"3"}, {L"default", L"x"}});
     Define(L"a/list", {{L"type", L"5"}, {L"value1", L"a|Alpha"}, {L"value2", L"b|Beta"}, {L"value3", L"c|Gamma"}},
@@ -75,10 +66,10 @@ TEST_F(StoredPage, RowsComeFirstInTheirOrderThenControlsByKind) {
     EXPECT_EQ(Written(),
               (Texts{L"4 a/first=1", L"1 a/later=x", L"4 a/colour=255", L"4 b/colour=7", L"4 a/list=a|c",
                      L"4 a/password=5ec1", L"3 a/folder=C:\\Data", L"2 a/file=C:\\x.txt", L"4 a/button=text"}));
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(StoredPage, RefusedRowsAndControlsAreNotStored) {
+TEST_F(PageTest, RefusedRowsAndControlsAreNotStored) {
     m_rights->Refuse(L"Change settings/Machine data");
     for (const auto* type : {L"0", L"1", L"3", L"5", L"6", L"7", L"8", L"9", L"10"}) {
         Define(std::wstring(L"common/item") + type, {{L"type", type}, {L"functiongroup", L"1"}});
@@ -87,7 +78,7 @@ TEST_F(StoredPage, RefusedRowsAndControlsAreNotStored) {
     EXPECT_EQ(Written(), Texts{});
 }
 
-TEST_F(StoredPage, ItemsWithoutAPlaceAreNotStored) {
+TEST_F(PageTest, ItemsWithoutAPlaceAreNotStored) {
     for (const auto* type : {L"0", L"8"}) {
         const std::wstring path = std::wstring(kRoot) + L"/one/two/three" + type;
         m_session->Define(path, L"type", type);
@@ -97,7 +88,7 @@ TEST_F(StoredPage, ItemsWithoutAPlaceAreNotStored) {
     EXPECT_EQ(Written(), Texts{});
 }
 
-TEST_F(StoredPage, AControlWithoutAWindowIsNeitherStoredNorReset) {
+TEST_F(PageTest, AControlWithoutAWindowIsNeitherStoredNorReset) {
     Define(L"common/colour", {{L"type", L"8"}, {L"default", L"1"}}, L"255");
     Define(L"common/folder", {{L"type", L"7"}, {L"default", L"C:\\"}}, L"D:\\");
     Shown();
@@ -111,7 +102,7 @@ TEST_F(StoredPage, AControlWithoutAWindowIsNeitherStoredNorReset) {
     EXPECT_EQ(Written(), Texts{});
 }
 
-TEST_F(StoredPage, ARowWithoutAControlIsNeitherCheckedNorStored) {
+TEST_F(PageTest, ARowWithoutAControlIsNeitherCheckedNorStored) {
     Define(L"common/number", {{L"type", L"1"}, {L"lowerbound", L"1"}, {L"default", L"5"}});
     Define(L"common/text", {{L"type", L"3"}}, L"x");
     Shown().Enter(L"common/number", L"0");
@@ -122,7 +113,7 @@ TEST_F(StoredPage, ARowWithoutAControlIsNeitherCheckedNorStored) {
     EXPECT_EQ(Written(), Texts{L"4 common/text=x"});
 }
 
-TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
+TEST_F(PageTest, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
     // Loaded items always have a scope: this page is made by hand.
     PageRecord record;
     const auto add = [&record](const wchar_t* name, std::optional<SESSIONDATATYPE> scope, bool disabled = false) {
@@ -136,6 +127,7 @@ TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
     add(L"a/disabled", SDT_userDataDB, true);
     add(L"a/after", {});
     add(L"noplace", SDT_machineData);
+    add(L"noname/", {});
     add(L"a/last", {});
     FakePage page(record);
     EXPECT_TRUE(Model().StoreSettings(page, record));
@@ -144,7 +136,7 @@ TEST_F(StoredPage, ARowWithoutAScopeIsStoredWhereTheOneBeforeItWas) {
 }
 
 // The first one that has something answers for all: what is written is one value, whichever row shows it.
-TEST_F(StoredPage, RowsWithOneKeyShareScopeAndRange) {
+TEST_F(PageTest, RowsWithOneKeyShareScopeAndRange) {
     PageRecord record;
     const auto add = [&record](ItemFacts facts, const wchar_t* value) {
         auto row = std::make_unique<qv::LayoutRows::Column>(L"a/same");
@@ -173,7 +165,7 @@ struct FaultCase {
     const wchar_t* message;  // null: none
 };
 
-class StoreFault : public StoredPage, public ::testing::WithParamInterface<FaultCase> {};
+class StoreFault : public PageTest, public ::testing::WithParamInterface<FaultCase> {};
 
 TEST_P(StoreFault, IsReportedOnlyWhenSavingFailsAndStopsNothing) {
     const FaultCase& c = GetParam();
@@ -196,105 +188,5 @@ INSTANTIATE_TEST_SUITE_P(
                       FaultCase{"SaveElsewhere", false, L"3", L"Can't store data."},
                       FaultCase{"Write", true, L"1", nullptr}),
     kCaseName);
-
-struct GoneCase {
-    const char* name;
-    qv::SessionOperation during;
-    std::vector<std::wstring> written;
-    std::size_t saves;
-};
-
-class StoredPageGoneMeanwhile : public StoredPage, public ::testing::WithParamInterface<GoneCase> {};
-
-TEST_P(StoredPageGoneMeanwhile, SavesWhatWasWrittenAndWritesNoMore) {
-    const GoneCase& c = GetParam();
-    Define(L"a/first", {{L"type", L"3"}, {L"default", L"x"}, {L"ordernumber", L"1"}});
-    Define(L"a/second", {{L"type", L"3"}, {L"default", L"y"}, {L"ordernumber", L"2"}});
-    Define(L"a/colour", {{L"type", L"8"}}, L"5");
-    Shown();
-    m_session->SetFault([&](const qv::SessionCall& call) {
-        const bool isThere = call.name == L"first" || call.name == L"colour";
-        if (call.operation == c.during && isThere && m_session->CallsOf(c.during).size() == c.written.size()) {
-            Shown().isThere = false;
-            Control(SpecialControlKind::Colour).hasWindow = false;
-        }
-        return S_OK;
-    });
-    EXPECT_TRUE(Store());
-    EXPECT_EQ(Written(), c.written);
-    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::SaveData).size(), c.saves);
-    EXPECT_TRUE(m_boxes.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StoredPageGoneMeanwhile,
-    ::testing::Values(GoneCase{"WhileARowIsWritten", qv::SessionOperation::WriteData, {L"4 a/first=x"}, 1},
-                      GoneCase{"WhileARowIsSaved", qv::SessionOperation::SaveData, {L"4 a/first=x"}, 1},
-                      GoneCase{"WhileTheLastControlIsWritten",
-                               qv::SessionOperation::WriteData,
-                               {L"4 a/first=x", L"4 a/second=y", L"4 a/colour=5"},
-                               3}),
-    kCaseName);
-
-TEST_F(StoredPage, BehindTheMessageOfAFailedSaveStoringEndsToo) {
-    Define(L"a/first", {{L"type", L"3"}}, L"x");
-    Define(L"a/second", {{L"type", L"3"}}, L"y");
-    Shown().atFailedSave = [this] { Shown().isThere = false; };
-    m_session->FailNth(qv::SessionOperation::SaveData, 1);
-    EXPECT_TRUE(Store());
-    EXPECT_EQ(m_session->CallsOf(qv::SessionOperation::WriteData).size(), 1U);
-}
-
-// A caller's own store: keeps one text and records the calls.
-class CallersStore final : public qv::ComObjectRoot, public IQVSettingsDialogDataIO {
-public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return InternalAddRef(); }
-    ULONG STDMETHODCALLTYPE Release() override { return InternalRelease(); }
-    HRESULT STDMETHODCALLTYPE GetData(BSTR key, BSTR name, USHORT type, VARIANT* value,
-                                      SESSIONDATATYPE scope) override {
-        calls.push_back(qv::Format(L"get %d %d %s/%s", static_cast<int>(type), static_cast<int>(scope), qv::TextOf(key),
-                                   qv::TextOf(name)));
-        value->vt = VT_BSTR;
-        value->bstrVal = qv::Bstr(L"callers").Detach();
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE WriteData(BSTR key, BSTR name, VARIANT value, SESSIONDATATYPE scope) override {
-        EXPECT_EQ(value.vt, VT_BSTR);
-        calls.push_back(qv::Format(L"write %d %s/%s=%s", static_cast<int>(scope), qv::TextOf(key), qv::TextOf(name),
-                                   qv::TextOf(value.bstrVal)));
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE SaveData(SESSIONDATATYPE scope, BSTR key, BSTR name) override {
-        calls.push_back(qv::Format(L"save %d %s/%s", static_cast<int>(scope), qv::TextOf(key), qv::TextOf(name)));
-        return S_OK;
-    }
-    Texts calls;
-};
-
-TEST_F(StoredPage, ACallersStoreTakesThePlaceOfTheSessionDataForValuesOnly) {
-    const qv::ComPtr<CallersStore> store(new CallersStore);
-    m_dataIO = store.Get();
-    Define(L"a/text", {{L"type", L"3"}, {L"globaldata", L"2"}});
-    EXPECT_EQ(Shown().Shown(L"a/text"), L"callers");
-    EXPECT_TRUE(Store());
-    EXPECT_EQ(store->calls, (Texts{L"get 8 2 a/text", L"write 2 a/text=callers", L"save 2 a/text"}));
-    EXPECT_TRUE(m_session->Calls().empty());
-}
-
-TEST_F(StoredPage, WithoutSessionDataACallersStoreIsNotAskedEither) {
-    const qv::ComPtr<CallersStore> store(new CallersStore);
-    Define(L"a/text", {{L"type", L"3"}}, L"x");
-    XConstructionSet model(kRoot, SDT_machineData, store.Get(), nullptr, nullptr);
-    std::wstring text;
-    EXPECT_FALSE(model.ReadString(L"option-configuration/a/text", SDT_userData, text));
-    EXPECT_FALSE(model.StoreSettings(Shown(), *Page()));
-    EXPECT_EQ(store->calls, Texts{});
-    EXPECT_EQ(Written(), Texts{});
-    EXPECT_TRUE(m_boxes.empty());
-}
 
 }  // namespace

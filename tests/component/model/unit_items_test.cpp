@@ -1,5 +1,3 @@
-#include "host/libraries/translation.h"
-#include "host/libraries/units.h"
 #include "tests/component/model/model_fixture.h"
 
 namespace {
@@ -10,16 +8,12 @@ protected:
         auto database = std::make_unique<XUAAdmin>();
         database->AddCategory(XUACategory(L"length", {L"mm", std::nullopt, L"inch"}));
         database->AddCategory(XUACategory(L" padded ", {L"x"}));
-        m_databaseBefore = qv::SetUnitDatabase(std::move(database));
-        m_dictionaryBefore = qv::SetUnitDictionary(nullptr);
-    }
-    ~UnitItem() override {
-        qv::SetUnitDatabase(std::move(m_databaseBefore));
-        qv::SetUnitDictionary(std::move(m_dictionaryBefore));
+        qv::SetUnitDatabase(std::move(database));
     }
 
-    std::unique_ptr<XUAAdmin> m_databaseBefore;
-    std::unique_ptr<XLMTranslDict> m_dictionaryBefore;
+private:
+    qvtest::ScopedUnits m_units{nullptr};
+    qvtest::Scoped<&qv::SetUnitDictionary> m_names{nullptr};
 };
 
 TEST_F(UnitItem, OffersTheCategorysUnitsCountingEmptyPlaces) {
@@ -35,7 +29,7 @@ TEST_F(UnitItem, OffersTheCategorysUnitsCountingEmptyPlaces) {
     EXPECT_EQ(row->items[1].data, L"inch");
     EXPECT_EQ(row->items[1].index, 2);
     EXPECT_EQ(*DefaultOf(L"common/unit"), L"mm");
-    EXPECT_TRUE(m_boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(UnitItem, BlanksBelongToTheCategorysNameButNotToItsDefault) {
@@ -45,7 +39,7 @@ TEST_F(UnitItem, BlanksBelongToTheCategorysNameButNotToItsDefault) {
     EXPECT_EQ(Row(L"common/unit")->value, L"x");
     // A blank makes it another attribute, so this one names no category.
     EXPECT_EQ(Row(L"common/blank"), nullptr);
-    EXPECT_EQ(m_boxes.size(), 1U);
+    EXPECT_EQ(boxes.size(), 1U);
 }
 
 TEST_F(UnitItem, ShowsTranslatedNamesAndComparesTheRealOnes) {
@@ -72,12 +66,12 @@ TEST_F(UnitItem, IsLeftOutWithAnErrorWhenItsUnitsAreUnknown) {
         {"blanks belong to the category's name", true, {{L"unitcategory", L"padded"}}, L"Kategorie fehlt", L"2548"},
         {"no database", false, {{L"unitcategory", L"length"}}, L"Datenbank fehlt", L"2537"},
     };
-    qv::Dictionary before = qv::SetDictionary(
+    const qvtest::ScopedDictionary dictionary(
         {{L"No unit-database!", L"Datenbank fehlt"}, {L"Unit category not found!", L"Kategorie fehlt"}});
     int number = 0;
     for (const auto& c : cases) {
         if (!c.database) qv::SetUnitDatabase(nullptr);
-        m_boxes.clear();
+        boxes.clear();
         auto session = qv::MemorySessionData::Create();
         const std::wstring path = std::wstring(kRoot) + L"/common/unit" + std::to_wstring(++number);
         session->Define(path, L"type", L"14");
@@ -87,13 +81,12 @@ TEST_F(UnitItem, IsLeftOutWithAnErrorWhenItsUnitsAreUnknown) {
         std::map<std::int32_t, PageRecord*> items;
         EXPECT_TRUE(model.LoadItems(items)) << c.name;
         EXPECT_TRUE(items.empty()) << c.name;
-        ASSERT_EQ(m_boxes.size(), 1U) << c.name;
-        EXPECT_EQ(m_boxes[0].kind, qv::MessageBoxCall::Kind::Error) << c.name;
+        ASSERT_EQ(boxes.size(), 1U) << c.name;
+        EXPECT_EQ(boxes[0].kind, qv::MessageBoxCall::Kind::Error) << c.name;
         for (const std::wstring part : {c.message, c.number, L"XConstructionSet::DrawUnitComboBox"}) {
-            EXPECT_NE(m_boxes[0].text.find(part), std::wstring::npos) << c.name << ": " << m_boxes[0].text.size();
+            EXPECT_NE(boxes[0].text.find(part), std::wstring::npos) << c.name << ": " << boxes[0].text.size();
         }
     }
-    qv::SetDictionary(std::move(before));
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include "base/text.h"
-#include "host/libraries/numbers.h"
 #include "tests/component/model/page_fixture.h"
 
 namespace {
@@ -41,6 +39,9 @@ INSTANTIATE_TEST_SUITE_P(
         InputCase{"RealBelow", L"2", L"0.5", L"2.25", L"-0.125", L"Range[0.5, 2.25]\nActValue = -0.125"},
         InputCase{"RealSameAtThreeDigits", L"2", L"0", L"1", L"1.004", nullptr},
         InputCase{"RealAboveAtThreeDigits", L"2", L"0", L"1", L"1.006", L"Range[0, 1]\nActValue = 1.006"},
+        InputCase{"RealJustBelow", L"2", L"1000", L"2000", L"999.9", nullptr},
+        InputCase{"RealBelowAtThreeDigits", L"2", L"1000", L"2000", L"998", L"Range[1000, 2000]\nActValue = 998"},
+        InputCase{"RealNegative", L"2", L"-1", L"0", L"-1.006", L"Range[-1, 0]\nActValue = -1.006"},
         InputCase{"TextIsZeroAndInside", L"2", L"-1", L"1", L"abc", nullptr},
         // Whole numbers show their low 32 bits only; those beyond 64 bits count as having a fraction.
         InputCase{"WholeBeyond32Bits", L"2", L"0", L"1", L"4294967297", L"Range[0, 1]\nActValue = 1"},
@@ -97,9 +98,8 @@ TEST_F(PageTest, DefaultsComeBackIntoRowsWithTheirSeparatorNormalised) {
     Define(L"common/list", {{L"type", L"4"}, {L"default", L"b"}, {L"value1", L"a|A"}, {L"value2", L"b|B"}}, L"a");
     Define(L"common/flag", {{L"type", L"0"}, {L"default", L"1"}}, L"0");
     Define(L"common/none", {{L"type", L"1"}}, L"6");
-    const qv::NumberLocale before = qv::SetNumberLocale({true, L",", L"."});
+    const qvtest::ScopedNumberLocale comma({true, L",", L"."});
     Reset();
-    qv::SetNumberLocale(before);
     EXPECT_EQ(Shown().Shown(L"common/real"), L"1.5");
     EXPECT_EQ(Shown().Shown(L"common/text"), L"1,5");
     EXPECT_EQ(Shown().Shown(L"common/list"), L"b");

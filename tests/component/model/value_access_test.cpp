@@ -102,25 +102,4 @@ TEST_F(ModelTest, APathLeadsToItsValueOnlyWithTwoSegmentsBelowTheFirst) {
     }
 }
 
-TEST(ItemKey, IsSplitAtItsLastSlash) {
-    struct {
-        std::wstring_view itemKey;
-        std::optional<std::pair<std::wstring_view, std::wstring_view>> place;
-    } const cases[] = {
-        {L"a/name", {{L"a", L"name"}}},
-        {L"a/b/name", {{L"a/b", L"name"}}},
-        {L"/name", {{L"", L"name"}}},
-        {L"name", {}},
-        {L"a/b/", {}},
-        {L"", {}},
-    };
-    for (const auto& c : cases) {
-        const auto place = qv::SplitItemKey(c.itemKey);
-        ASSERT_EQ(place.has_value(), c.place.has_value()) << ::testing::PrintToString(std::wstring(c.itemKey));
-        if (!place) continue;
-        EXPECT_EQ(place->key, c.place->first);
-        EXPECT_EQ(place->name, c.place->second);
-    }
-}
-
 }  // namespace
