@@ -12,7 +12,6 @@
 #include "host/libraries/layout_rows.h"
 #include "qvclient/qvsettingsdialog/controls/special_item.h"
 #include "qvclient/qvsettingsdialog/model/range.h"
-#include "qvclient/qvsettingsdialog/model/settings_path.h"
 
 struct ItemFacts {
     std::optional<SESSIONDATATYPE> scope = {};     // every item that was loaded has one
@@ -21,9 +20,8 @@ struct ItemFacts {
 };
 
 struct Item {
-    qv::LayoutRows::Column& row;  // its name is the item key
+    qv::LayoutRows::Column& row;  // its name is the item key, which says where the value is stored
     ItemFacts facts;
-    std::optional<qv::KeyAndName> place;  // where its value is stored; views into the row's name
     SpecialControl* control = nullptr;    // null: the layout's own control holds the value
 };
 

@@ -51,13 +51,12 @@ void AttributeMap::Assign(const qv::StringBlock& pairs) {
     m_foldedNames.clear();
     const std::size_t count = pairs.Count();
     m_attributes.reserve(count);
+    const auto less = [](const Attribute& a, const Attribute& b) { return a.name < b.name; };
+    bool ascending = true;
     for (std::size_t i = 0; i < count; ++i) {
         m_attributes.push_back({ViewOf(pairs.At(2 * i)), ViewOf(pairs.At(2 * i + 1))});
+        ascending = ascending && (i == 0 || less(m_attributes[i - 1], m_attributes[i]));
     }
-
-    const auto less = [](const Attribute& a, const Attribute& b) { return a.name < b.name; };
-    const auto notLess = [&less](const Attribute& a, const Attribute& b) { return !less(a, b); };
-    const bool ascending = std::adjacent_find(m_attributes.begin(), m_attributes.end(), notLess) == m_attributes.end();
     if (!ascending) {  // most hosts answer in order
         std::stable_sort(m_attributes.begin(), m_attributes.end(), less);
         m_attributes.erase(std::unique(m_attributes.begin(), m_attributes.end(),
@@ -67,14 +66,21 @@ void AttributeMap::Assign(const qv::StringBlock& pairs) {
 
     // Folded only now: the order is that of the names as they were written.
     for (Attribute& attribute : m_attributes) {
-        if (!IsLowerAscii(attribute.name)) attribute.name = m_foldedNames.emplace_back(qv::ToLower(attribute.name));
+        attribute.asWritten = FindAttributeName(attribute.name);
+        if (attribute.asWritten == AttributeName::Other && !IsLowerAscii(attribute.name)) {
+            attribute.name = m_foldedNames.emplace_back(qv::ToLower(attribute.name));
+            attribute.asWritten = FindAttributeName(attribute.name);
+        }
+        const std::wstring_view trimmed = qv::TrimView(attribute.name);
+        const bool hasBlanks = trimmed.size() != attribute.name.size();
+        attribute.withoutBlanks = hasBlanks ? FindAttributeName(trimmed) : attribute.asWritten;
     }
 }
 
 std::optional<std::wstring_view> FindDefault(const AttributeMap& attributes) {
     std::optional<std::wstring_view> found;
     for (const Attribute& pair : attributes.All()) {
-        if (FindAttributeName(qv::TrimView(pair.name)) == AttributeName::Default) found = qv::TrimView(pair.text);
+        if (pair.withoutBlanks == AttributeName::Default) found = qv::TrimView(pair.text);
     }
     return found;
 }

@@ -58,8 +58,10 @@ struct AttributeNameRow {
 [[nodiscard]] AttributeName FindAttributeName(std::wstring_view lowerName) noexcept;
 
 struct Attribute {
-    std::wstring_view name;  // lower case, blanks kept
+    std::wstring_view name;  // blanks kept; lower case, but for names of entries
     std::wstring_view text;
+    AttributeName asWritten = AttributeName::Other;      // what the name stands for
+    AttributeName withoutBlanks = AttributeName::Other;  // the same of the name without the blanks around it
 };
 
 // Name and text pairs in ascending order of the names as they were written. The texts are views into the block of

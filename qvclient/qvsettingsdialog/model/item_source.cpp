@@ -1,5 +1,7 @@
 #include "qvclient/qvsettingsdialog/model/item_source.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "qvclient/qvsettingsdialog/model/range.h"
 #include "qvclient/qvsettingsdialog/model/settings_path.h"
@@ -18,6 +20,10 @@ constexpr ScopeRow kScopeTable[] = {
     {SDT_userDataDB, L"Change settings/User DB data"},
     {SDT_globalData, L"Change settings/Global data"},
 };
+
+std::wstring_view ViewOf(const Bstr& text) {
+    return {text.Get(), SysStringLen(text.Get())};
+}
 
 }  // namespace
 
@@ -45,9 +51,13 @@ std::optional<SESSIONDATATYPE> ItemSource::FindScope(std::int32_t scopeCode) {
 Variant ItemSource::ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope) {
     const auto path = SplitValuePath(definitionName);
     if (!path || !m_values) return {};
-    const Bstr key(path->key);
+    // Taken out for the time of the call, in which the host may lead back here.
+    Bstr key = std::exchange(m_latestKey, Bstr());
+    if (key.Get() == nullptr || ViewOf(key) != path->key) key = Bstr(path->key);
     const Bstr name(path->name);
-    return m_values->Read(key.Get(), name.Get(), scope);
+    Variant value = m_values->Read(key.Get(), name.Get(), scope);
+    m_latestKey = std::move(key);
+    return value;
 }
 
 bool ItemSource::ReadString(std::wstring_view definitionName, SESSIONDATATYPE scope, std::wstring& value) {
@@ -61,7 +71,12 @@ bool ItemSource::ReadString(std::wstring_view definitionName, SESSIONDATATYPE sc
 
 bool ItemSource::ReadInteger(std::wstring_view definitionName, SESSIONDATATYPE scope, std::int32_t& value) {
     Variant stored = ReadText(definitionName, scope);
-    if (stored.Text().value_or(std::wstring_view()).empty()) return false;
+    const std::wstring_view text = stored.Text().value_or(std::wstring_view());
+    if (text.empty()) return false;
+    if (const auto number = PlainInteger(text)) {
+        value = *number;
+        return true;
+    }
     // deliberate: a text that the conversion refuses is a successful read of 0, not a reason to show the default.
     value = stored.ChangeType(VT_I4) == S_OK ? static_cast<std::int32_t>(stored.Get().lVal) : 0;
     return true;

@@ -50,6 +50,7 @@ private:
     [[nodiscard]] Variant ReadText(std::wstring_view definitionName, SESSIONDATATYPE scope);
 
     std::array<Bstr, kScopeCodes> m_rightNames;  // by scope code, ready to be asked with
+    Bstr m_latestKey;                            // most items are stored below the key of the item before
 };
 
 }  // namespace qv

@@ -24,7 +24,7 @@ template <class ReadValue, class Own>
                                   const Own& own) {
     const bool trims = definition.type.blanks == Blanks::Trim;
     for (const Attribute& pair : definition.attributes.All()) {
-        const AttributeName attribute = FindAttributeName(trims ? TrimView(pair.name) : pair.name);
+        const AttributeName attribute = trims ? pair.withoutBlanks : pair.asWritten;
         if (!definition.type.knows.Has(attribute)) continue;
         const std::wstring_view text = trims ? TrimView(pair.text) : pair.text;
         switch (own(attribute, text)) {

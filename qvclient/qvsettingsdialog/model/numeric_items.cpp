@@ -84,11 +84,10 @@ bool LoadIntegerEdit(const Definition& definition, LoadedItem& item) {
     if (!WalkAttributes(definition, draft, readValue, own)) return false;
     CorrectInteger(draft, lower, upper);
 
-    const auto digits = std::max(IntegerToText(lower).size(), IntegerToText(upper).size());
     FillPlainItem(definition, draft, item, std::move(draft.value));
     item.row->lower = lower;
     item.row->upper = upper;
-    item.row->limit = static_cast<int>(digits);
+    item.row->limit = std::max(IntegerLength(lower), IntegerLength(upper));
     item.facts.range = RangePair(lower, upper);
     return true;
 }

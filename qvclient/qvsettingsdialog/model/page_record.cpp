@@ -19,7 +19,7 @@ void PageRecord::AddItem(std::unique_ptr<LayoutRows::Column> row, ItemFacts fact
                                                                std::wstring(), false, true));
     }
     row->index = m_items.size();
-    m_items.push_back({.row = *row, .facts = std::move(facts), .place = qv::SplitItemKey(row->name)});
+    m_items.push_back({.row = *row, .facts = std::move(facts)});
     m_groups[kGroupNumber - 1]->columns.push_back(std::move(row));
 }
 

@@ -34,7 +34,19 @@ double RoundForComparison(double value) {
     return rounded;
 }
 
+std::optional<std::int32_t> PlainInteger(std::wstring_view text) {
+    constexpr std::size_t kSurelyFitting = 9;
+    if (text.empty() || text.size() > kSurelyFitting) return std::nullopt;
+    std::int32_t number = 0;
+    for (const wchar_t c : text) {
+        if (c < L'0' || c > L'9') return std::nullopt;
+        number = number * 10 + static_cast<std::int32_t>(c - L'0');
+    }
+    return number;
+}
+
 double TextToDouble(std::wstring_view text) {
+    if (const auto number = PlainInteger(text)) return *number;
     double value = 0;
     return String2Double(text, value) ? value : ParseDouble(text);
 }
@@ -58,7 +70,13 @@ std::wstring IntegerToText(std::int32_t value) {
     return std::wstring(std::begin(digits), written.ptr);
 }
 
+int IntegerLength(std::int32_t value) {
+    char digits[16];
+    return static_cast<int>(std::to_chars(std::begin(digits), std::end(digits), value).ptr - std::begin(digits));
+}
+
 std::int64_t CodePageInteger(std::wstring_view text) {
+    if (const auto number = PlainInteger(text)) return *number;
     // Nearly every text is plain ASCII, the same in any code page.
     if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return static_cast<std::uint32_t>(c) < 0x80; })) {
         return LeadingInteger64(text);

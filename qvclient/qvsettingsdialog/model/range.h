@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,8 @@ namespace qv {
 // The number that "%5.2e" would show: three significant digits.
 [[nodiscard]] double RoundForComparison(double value);
 
+// A text of one to nine digits and nothing else, which every way to read a number reads alike.
+[[nodiscard]] std::optional<std::int32_t> PlainInteger(std::wstring_view text);
 // By the host's number conversion, or by the C library's rules where that refuses: text without a number gives 0.
 [[nodiscard]] double TextToDouble(std::wstring_view text);
 // format: a printf form for one double.
@@ -27,6 +30,8 @@ namespace qv {
 // As "%f" shows it: six decimal places.
 [[nodiscard]] std::wstring FixedToText(double value);
 [[nodiscard]] std::wstring IntegerToText(std::int32_t value);
+// How many characters that has.
+[[nodiscard]] int IntegerLength(std::int32_t value);
 // The leading decimal integer of a text in the process's code page (text without a number counts as 0): bounds,
 // defaults and lengths are read so. Characters that the code page does not have count as those which it puts in their
 // place; on Western machines full-width digits are digits.

@@ -1,6 +1,7 @@
 // Storing a page: first what its rows show, then what its special controls hold, each into its own data scope.
 #include "qvclient/qvsettingsdialog/model/construction_set.h"
 #include "qvclient/qvsettingsdialog/model/range.h"
+#include "qvclient/qvsettingsdialog/model/settings_path.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ bool XConstructionSet::StoreSettings(SettingsPage& page, PageRecord& record) {
         if (text.empty() && reference.name == kRecentItems) text = L"0";
         if (!reference.row.IsFreeText()) qv::NormaliseSeparator(text);
         take(record.SharedOf(reference.row).scope);
-        if (const auto& place = record.Items().at(reference.row.index).place) {
+        if (const auto place = qv::SplitItemKey(reference.name)) {
             WriteAndSave(place->key, place->name, text, scope, page);
         }
     }
