@@ -47,7 +47,7 @@ RowKind KindOfPlanned(const XLayout::Column& column) {
 }
 
 RowKind KindOf(const XLayout::RowView& row) {
-    if (row.plannedText) return KindOfPlanned(row.column);
+    if (row.willShow) return KindOfPlanned(row.column);
     CWnd* control = row.control;
     if (control == nullptr || !control->IsLive()) return RowKind::Missing;
     if (control->IsKindOf(CCheckListBox::kRuntimeClass)) return RowKind::CheckList;
@@ -128,7 +128,7 @@ DialogView DialogView::Look() {
         for (const XLayout::RowView& row : layout->GetRows()) {
             const RowKind kind = KindOf(row);
             view.m_rows.push_back({row.column.name, PlainLabel(row.column.prompt), kind,
-                                   row.control != nullptr ? row.control->m_hWnd : nullptr, row.plannedText, &row.column,
+                                   row.control != nullptr ? row.control->m_hWnd : nullptr, row.willShow, &row.column,
                                    page, parent->m_hWnd});
         }
     }
@@ -179,11 +179,7 @@ std::wstring TextOfWindow(HWND window) {
 }
 
 std::wstring ShownValue(const DialogRow& row) {
-    if (row.plannedText) {
-        if (row.kind != RowKind::Choice) return *row.plannedText;
-        const auto entry = std::ranges::find(row.column->items, *row.plannedText, &XLayout::ColumnItem::data);
-        return entry != row.column->items.end() ? entry->text : std::wstring();
-    }
+    if (row.willShow) return *row.willShow;
     switch (row.kind) {
         case RowKind::Missing:
             return {};
@@ -205,7 +201,7 @@ std::wstring ShownValue(const DialogRow& row) {
 }
 
 bool IsEnabled(const DialogRow& row) {
-    return row.plannedText ? !row.column->disabled : IsWindowEnabled(row.control) != FALSE;
+    return row.willShow ? !row.column->disabled : IsWindowEnabled(row.control) != FALSE;
 }
 
 HWND FindButton(HWND top, int id) {

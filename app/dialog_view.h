@@ -18,8 +18,8 @@ struct DialogRow {
     std::wstring item;    // KEY/NAME
     std::wstring prompt;  // as shown, without the mnemonic's mark
     RowKind kind;
-    HWND control;                             // null when it could not be created, and while the row is only planned
-    std::optional<std::wstring> plannedText;  // of a planned row, which has no window before its page is shown
+    HWND control;  // null when it could not be created, and before the page of an ordinary row is shown
+    std::optional<std::wstring> willShow;  // of a row that has no window before its page is shown
     const XLayout::Column* column;
     int page;         // tab index
     HWND pageWindow;  // visible while the page is in front

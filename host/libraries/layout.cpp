@@ -61,7 +61,8 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
 void XLayout::MakeWindows() {
     if (!m_isPlanned || m_isMaking || m_parent == nullptr || !m_parent->IsLive()) return;
     m_isMaking = true;
-    const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.lineHeight,
+    Arrange();
+    const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.comboFieldHeight,
                                  m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0}};
     for (std::size_t i = 0; i < m_rows.size() && m_parent->IsLive(); ++i)
         m_rows[i]->Make(page, ControlId(i));
@@ -131,7 +132,7 @@ std::vector<XLayout::RowView> XLayout::GetRows() const {
         const bool isPlanned = row->isPlanned && row->CanHaveControl();
         views.push_back({row->column, row->HasPrompt() ? row->prompt.get() : nullptr,
                          row->HasControl() ? row->control : nullptr,
-                         isPlanned ? std::optional(row->GetText()) : std::nullopt});
+                         isPlanned ? std::optional(row->GetShownText()) : std::nullopt});
     }
     return views;
 }

@@ -58,12 +58,12 @@ public:
     [[nodiscard]] CWnd* GetColumnPrompt(std::wstring_view name);
 
     // Every row in display order with its windows, for a host that inspects the dialog. A row that is only planned has
-    // none but says the text that GetReferenceList answers.
+    // none, but says what it will show: a text, "1" or "0", the chosen entry's text.
     struct RowView {
         const Column& column;
         CWnd* prompt;
         CWnd* control;
-        std::optional<std::wstring> plannedText;
+        std::optional<std::wstring> willShow;
     };
     [[nodiscard]] std::vector<RowView> GetRows() const;
     [[nodiscard]] CWnd* GetParent() const noexcept { return m_parent; }
@@ -77,6 +77,7 @@ private:
         int columnGap = 0;
         int controlWidth = 0;  // the widest control's least width
         int lineHeight = 0;
+        int comboFieldHeight = 0;   // as in qv::ControlMeasures
         int lineControlHeight = 0;  // of an ordinary row: every control of one line has room in it
         int rowGap = 0;
         int height = 0;  // of all rows at their least
@@ -87,6 +88,8 @@ private:
     [[nodiscard]] Row* Find(std::wstring_view name) const;
     // Makes the windows of the rows that are still planned.
     void MakeWindows();
+    // Places the rows in the latest rectangle that RecalcLayout was given.
+    void Arrange();
     void OrderTabs();
     void Measure(const qv::LayoutMetrics& metrics);
     // From the row's top. The line of text of rows of one line: all prompts and fields stand on it.
@@ -99,7 +102,7 @@ private:
     std::vector<std::unique_ptr<Row>> m_rows;  // in display order
     std::unordered_map<std::wstring_view, Row*> m_byName;
     Measures m_measures;
-    POINT m_origin{0, 0};        // of the rows in the page; the page's margins
+    CRect m_room;                // for the rows, in the page's client area; its left and top are the page's margins
     unsigned m_arrangement = 0;  // counts the calls that arrange the rows
     bool m_isPlanned = false;    // windows are still to be made
     bool m_isMaking = false;

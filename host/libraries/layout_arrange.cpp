@@ -81,6 +81,7 @@ void XLayout::Measure(const qv::LayoutMetrics& metrics) {
     m_measures.columnGap = m_measures.promptWidth > 0 ? metrics.X(kColumnGapUnits) : 0;
 
     const qv::ControlMeasures controls = qv::MeasureControls(*m_parent, metrics);
+    m_measures.comboFieldHeight = controls.comboFieldHeight;
     int lineControls = 0;
     for (const auto& row : m_rows) {
         row->Measure(metrics, controls, common);
@@ -133,7 +134,17 @@ bool XLayout::CanResizeHeight() const {
 }
 
 void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
-    m_origin = {x, y};
+    m_room = CRect(x, y, x + cx, y + cy);
+    if (!m_isPlanned || m_isMaking) {
+        Arrange();
+    } else if (m_parent != nullptr && m_parent->IsWindowVisible()) {
+        MakeWindows();
+    }
+    // Else nobody can see yet where the rows stand, and the page's size will change until somebody can.
+}
+
+void XLayout::Arrange() {
+    const int x = static_cast<int>(m_room.left), y = static_cast<int>(m_room.top);
     if (m_scroll != nullptr) {
         // A page whose bars come or go has another size and arranges its rows for that one before this goes on.
         const unsigned turn = ++m_arrangement;
@@ -145,11 +156,11 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
     for (const auto& row : m_rows) {
         if (row->isTall) rooms.push_back(row->maxHeight - row->minHeight);
     }
-    const std::vector<int> shares = ShareHeight(cy - m_measures.height, rooms);
+    const std::vector<int> shares = ShareHeight(m_room.Height() - m_measures.height, rooms);
 
     Mover mover(2 * m_rows.size(), m_parent, m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0});
     const int controlLeft = x + m_measures.promptWidth + m_measures.columnGap;
-    const int room = cx - m_measures.promptWidth - m_measures.columnGap;
+    const int room = m_room.Width() - m_measures.promptWidth - m_measures.columnGap;
     int top = y;
     std::size_t tall = 0;
     for (const auto& row : m_rows) {
@@ -165,5 +176,4 @@ void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
         row->place = CRect(x, top, controlLeft + width, top + RowHeight(*row, height));
         top += row->place.Height() + m_measures.rowGap;
     }
-    if (m_isPlanned && m_parent != nullptr && m_parent->IsWindowVisible()) MakeWindows();
 }

@@ -1,6 +1,8 @@
 #include "host/libraries/layout_probe.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <optional>
 
 #include "framework/controls.h"
@@ -28,6 +30,9 @@ std::optional<Known>& LastKnown() {
 Key KeyOf(const LayoutMetrics& metrics) {
     Key key{};
     ::GetObjectW(metrics.Font(), sizeof key.font, &key.font);
+    // Behind the end of the name stands whatever was there.
+    std::fill(std::find(std::begin(key.font.lfFaceName), std::end(key.font.lfFaceName), L'\0'),
+              std::end(key.font.lfFaceName), L'\0');
     key.dpi = metrics.Scale(96);
     return key;
 }
@@ -48,7 +53,10 @@ bool AskCombo(const CWnd& page, const LayoutMetrics& metrics, ControlMeasures& m
     const CRect place(0, 0, 100, TextFieldHeight(metrics.LineHeight()));
     if (!CreateAttached(combo, L"COMBOBOX", {}, 0, WS_VSCROLL | CBS_DROPDOWNLIST, place, page, kNoId)) return false;
     if (metrics.Font() != nullptr) combo.SetFont(metrics.Font(), false);
+    const LRESULT ownHeight = combo.SendMessage(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
     FitComboHeight(combo.m_hWnd, metrics.LineHeight());
+    const LRESULT fieldHeight = combo.SendMessage(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+    measures.comboFieldHeight = fieldHeight != ownHeight ? static_cast<int>(fieldHeight) : 0;
     measures.comboHeight = combo.GetWindowRect().Height();
     measures.comboTextTop = TextTopInCombo(combo.m_hWnd, metrics.LineHeight());
     measures.comboEntryHeight = static_cast<int>(combo.SendMessage(CB_GETITEMHEIGHT, 0));
@@ -64,7 +72,7 @@ ControlMeasures MeasureControls(const CWnd& page, const LayoutMetrics& metrics) 
 
     const int height = TextFieldHeight(metrics.LineHeight());
     const int textTop = (height - metrics.LineHeight()) / 2;
-    ControlMeasures measures{textTop, height, textTop, metrics.LineHeight()};
+    ControlMeasures measures{textTop, height, textTop, metrics.LineHeight(), 0};
     const bool isField = AskField(page, metrics, measures);
     const bool isCombo = AskCombo(page, metrics, measures);
     if (isField && isCombo) known = Known{key, measures};

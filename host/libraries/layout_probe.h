@@ -13,6 +13,7 @@ struct ControlMeasures {
     int comboHeight;   // of a closed combo box
     int comboTextTop;
     int comboEntryHeight;  // of one entry of its list
+    int comboFieldHeight;  // what a combo box has to be told to be as high as that; 0: it is by itself
 };
 
 // Of controls on this page. Asked of the platform once for every font and resolution. What the platform refuses to make

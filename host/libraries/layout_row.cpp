@@ -111,7 +111,9 @@ std::unique_ptr<CWnd> XLayout::Row::MakeCombo(const Surroundings& surroundings, 
     const CRect where = Scrolled(controlPlace, surroundings.scrolled);
     if (!qv::CreateAttached(*combo, L"COMBOBOX", {}, 0, style, where, surroundings.page, id)) return nullptr;
     if (surroundings.font != nullptr) combo->SetFont(surroundings.font, false);
-    qv::FitComboHeight(combo->m_hWnd, surroundings.lineHeight);
+    if (surroundings.comboFieldHeight != 0) {
+        combo->SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), surroundings.comboFieldHeight);
+    }
     for (const ColumnItem& item : column.items)
         combo->AddString(item.text);
     if (const int entry = EntryOf(GivenText()); entry >= 0) combo->SetCurSel(entry);
@@ -233,6 +235,12 @@ std::wstring XLayout::Row::PlannedText() const {
         default:
             return {};
     }
+}
+
+std::wstring XLayout::Row::GetShownText() const {
+    if (column.controlType != kComboBox) return PlannedText();
+    const int entry = EntryOf(GivenText());
+    return entry >= 0 ? column.items[static_cast<std::size_t>(entry)].text : std::wstring();
 }
 
 std::wstring XLayout::Row::GetText() const {

@@ -40,8 +40,8 @@ struct XLayout::Row {
     struct Surroundings {
         CWnd& page;
         HFONT font;
-        int lineHeight;
-        POINT scrolled;  // how far the rows stand above and to the left of their places
+        int comboFieldHeight;  // as in qv::ControlMeasures
+        POINT scrolled;        // how far the rows stand above and to the left of their places
     };
 
     // Measures the prompt. A placeholder has its window already: it is shown and named.
@@ -61,6 +61,8 @@ struct XLayout::Row {
     // Of a planned row what its window would answer.
     [[nodiscard]] std::wstring GetText() const;
     void SetText(std::wstring_view text);
+    // Of a planned row: as GetText, but of a combo box the entry as it is seen.
+    [[nodiscard]] std::wstring GetShownText() const;
 
     Column& column;
     std::unique_ptr<CStatic> prompt;

@@ -59,7 +59,7 @@ void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {
 
     // The row with its prompt, and at either end the page's margin, as far as there is room; the control before all.
     CRect wanted = (*found)->place;
-    ::InflateRect(&wanted, static_cast<int>(m_layout.m_origin.x), static_cast<int>(m_layout.m_origin.y));
+    ::InflateRect(&wanted, static_cast<int>(m_layout.m_room.left), static_cast<int>(m_layout.m_room.top));
     const CRect client = m_page.GetClientRect();
     CRect part;
     ::GetWindowRect(descendant, &part);

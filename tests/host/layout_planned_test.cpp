@@ -87,13 +87,16 @@ TEST(PlannedRows, HaveNoWindowsForWhoeverAsksAboutDataOrSizes) {
     page.layout.UpdateControl(L"text", L"2", nullptr, L"");
     EXPECT_NE(page.layout.GetColumn(L"text"), nullptr);
     const auto rows = page.layout.GetRows();
-    EXPECT_EQ(rows.at(0).plannedText, L"2");
+    EXPECT_EQ(rows.at(0).willShow, L"2");
     EXPECT_EQ(rows.at(0).control, nullptr);
-    EXPECT_EQ(rows.at(7).plannedText, std::nullopt) << "a row that will never have a control";
+    EXPECT_EQ(rows.at(5).willShow, L"First");
+    page.layout.UpdateControl(L"combo", L"unknown", nullptr, L"");
+    EXPECT_EQ(page.layout.GetRows().at(5).willShow, L"") << "nothing is chosen, though an entry has empty data";
+    EXPECT_EQ(rows.at(7).willShow, std::nullopt) << "a row that will never have a control";
     EXPECT_EQ(CountWindows(page.window), 0);
 
     ASSERT_NE(page.layout.GetColumnControl(L"text"), nullptr);
-    EXPECT_EQ(page.layout.GetRows().at(0).plannedText, std::nullopt);
+    EXPECT_EQ(page.layout.GetRows().at(0).willShow, std::nullopt);
     EXPECT_EQ(page.layout.GetMinHeight(), height) << "the windows are as high as was foreseen";
 }
 

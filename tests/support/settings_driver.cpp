@@ -22,14 +22,6 @@ CPropertySheet* FindSheet() {
     return page != nullptr ? DynamicDownCast<CPropertySheet>(page->GetParent()) : nullptr;
 }
 
-std::wstring TextShownFor(const XLayout::Column& column, const std::wstring& text) {
-    if (column.controlType != XLayout::kComboBox) return text;
-    for (const XLayout::ColumnItem& entry : column.items) {
-        if (entry.data == text) return entry.text;
-    }
-    return {};
-}
-
 SettingsFrame* FindFrame() {
     const CWnd* page = AnyPage();
     return page != nullptr ? FindEnclosing<SettingsFrame>(*page) : nullptr;
@@ -107,7 +99,7 @@ CWnd* SettingsDriver::Control(std::wstring_view itemKey) const {
 std::wstring SettingsDriver::Shown(std::wstring_view itemKey) const {
     for (const XLayout* layout : qv::LiveLayouts()) {
         for (const XLayout::RowView& row : layout->GetRows()) {
-            if (row.column.name == itemKey && row.plannedText) return TextShownFor(row.column, *row.plannedText);
+            if (row.column.name == itemKey && row.willShow) return *row.willShow;
         }
     }
     CWnd* control = Control(itemKey);
