@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <utility>
+#include <vector>
 
 #include "framework/dialog.h"
 #include "framework/thread_state.h"
@@ -39,19 +40,29 @@ HWND DialogAround(HWND window) {
     return DynamicDownCast<CDialog>(CWnd::FromHandlePermanent(top)) != nullptr ? top : nullptr;
 }
 
-BOOL CALLBACK UnframeOthers(HWND window, LPARAM framed) noexcept {
-    // The style alone tells most windows of a large page apart; other classes use the same bits for something else.
-    const auto type = static_cast<DWORD>(::GetWindowLongW(window, GWL_STYLE)) & BS_TYPEMASK;
-    if (type == BS_DEFPUSHBUTTON && window != reinterpret_cast<HWND>(framed) &&
-        (::SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0) {
-        ::SendMessageW(window, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
-    }
+BOOL CALLBACK AddPushButton(HWND window, LPARAM buttons) noexcept {
+    if (IsPushButton(window)) reinterpret_cast<std::vector<HWND>*>(buttons)->push_back(window);
     return TRUE;
+}
+
+// Looking through all windows of a large dialog takes its time, and the focus changes with every key: it is done again
+// only when windows have come since. Some may have gone.
+std::vector<HWND> PushButtonsIn(HWND dialog) {
+    FoundButtons& found = ThisThread().foundButtons;
+    if (found.dialog != dialog || found.attachments != ThisThread().attachments) {
+        found = {dialog, ThisThread().attachments, {}};
+        ::EnumChildWindows(dialog, &AddPushButton, reinterpret_cast<LPARAM>(&found.buttons));
+    }
+    return found.buttons;
 }
 
 void FrameOnly(HWND dialog, HWND focus) {
     HWND framed = focus != dialog && IsPushButton(focus) ? focus : DefaultButtonOf(dialog);
-    ::EnumChildWindows(dialog, &UnframeOthers, reinterpret_cast<LPARAM>(framed));
+    for (HWND button : PushButtonsIn(dialog)) {
+        const bool isFramed = button != framed && ::IsChild(dialog, button) != FALSE &&
+                              (::SendMessageW(button, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;
+        if (isFramed) ::SendMessageW(button, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+    }
     if (framed != nullptr && (::SendMessageW(framed, WM_GETDLGCODE, 0, 0) & DLGC_UNDEFPUSHBUTTON) != 0) {
         ::SendMessageW(framed, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
     }

@@ -23,6 +23,13 @@ struct HandledMessage {
     LPARAM lParam = 0;
 };
 
+// The push buttons of a top-level dialog, as they were found last.
+struct FoundButtons {
+    HWND dialog = nullptr;
+    std::uint64_t attachments = 0;  // ThreadState's at that time
+    std::vector<HWND> buttons;
+};
+
 struct ThreadState {
     HandledMessage current;  // what the innermost window procedure is handling
     CallScope* innermostCall = nullptr;
@@ -32,6 +39,8 @@ struct ThreadState {
     HHOOK creationHook = nullptr;  // tells of the window that toAttach waits for; null once it is there
     HHOOK focusHook = nullptr;     // while there are dialogs that follow the focus with their frame
     int focusFollowers = 0;
+    std::uint64_t attachments = 0;  // counts the windows that got an object
+    FoundButtons foundButtons;
     CWnd* mainWindow = nullptr;
     std::vector<CWnd*> hooked;   // the windows that have a hook
     HWND focusToTell = nullptr;  // came to the focus by a mouse button that is still down

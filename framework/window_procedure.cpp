@@ -140,6 +140,7 @@ void WindowAccess::AttachRouted(CWnd& object, HWND window) {
     object.m_moduleState = &GetModuleState();
     object.m_madeAt = Deferral::Now();
     AddPermanent(window, &object);
+    ++ThisThread().attachments;
     const auto old = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
     if (old == &WindowProcedure) {
         object.m_superProc = nullptr;

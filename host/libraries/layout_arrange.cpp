@@ -35,8 +35,7 @@ std::vector<int> ShareHeight(int extra, const std::vector<int>& rooms) {
 class Mover {
 public:
     // scrolled: how far the rows stand above and to the left of their places.
-    Mover(std::size_t windows, const CWnd* page, POINT scrolled)
-        : m_batch(::BeginDeferWindowPos(static_cast<int>(windows))), m_scrolled(scrolled) {
+    Mover(std::size_t windows, const CWnd* page, POINT scrolled) : m_windows(windows), m_scrolled(scrolled) {
         // What nobody sees is drawn as a whole when it is shown.
         if (page != nullptr && !page->IsWindowVisible()) m_flags |= SWP_NOREDRAW | SWP_NOCOPYBITS;
     }
@@ -53,13 +52,17 @@ public:
         if (window == nullptr) return;
         const int x = static_cast<int>(target.left - m_scrolled.x), y = static_cast<int>(target.top - m_scrolled.y);
         const int cx = target.Width(), cy = target.Height();
+        if (!m_hasBegun) m_batch = ::BeginDeferWindowPos(static_cast<int>(m_windows));
+        m_hasBegun = true;
         if (m_batch != nullptr) m_batch = ::DeferWindowPos(m_batch, window->m_hWnd, nullptr, x, y, cx, cy, m_flags);
         if (m_batch == nullptr) ::SetWindowPos(window->m_hWnd, nullptr, x, y, cx, cy, m_flags);
     }
 
 private:
-    HDWP m_batch;
+    std::size_t m_windows;
     POINT m_scrolled;
+    bool m_hasBegun = false;  // most pages are arranged without anything to move
+    HDWP m_batch = nullptr;
     UINT m_flags = SWP_NOZORDER | SWP_NOACTIVATE;
 };
 

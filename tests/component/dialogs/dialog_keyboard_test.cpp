@@ -119,6 +119,17 @@ TEST_F(DialogKeyboard, PagingKeysSwitchPagesFromAnywhere) {
 
 // The platform moves frames by itself after the focus, in ways that differ from one to the next; here the control that
 // loses it does, or the one that is typed into.
+TEST_F(DialogKeyboard, AButtonThatComesLaterIsNotFramedForLong) {
+    InDialog([&] {
+        user.Focus(Row(L"common/count"));
+        CButton late;
+        ASSERT_TRUE(late.Create(L"Late", WS_VISIBLE | BS_DEFPUSHBUTTON, CRect(0, 0, 10, 10), &Dialog(), 4711));
+        user.Press(VK_TAB);
+        ExpectFramed(Button(IDOK));
+        EXPECT_EQ(late.GetStyle() & BS_TYPEMASK, DWORD{BS_PUSHBUTTON});
+    });
+}
+
 TEST_F(DialogKeyboard, WhatOthersFrameOnTheWayIsTakenBack) {
     static HWND s_stray;
     static WNDPROC s_below;
