@@ -123,7 +123,9 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*
         });
     };
     // Never truncated on opening: others may not share it.
-    file.descriptor = qv::headless::OpenAtOnce(*native, mode | (creates ? O_CREAT : 0), 0666);
+    const int making = (creates ? O_CREAT : 0) | (disposition == CREATE_NEW ? O_EXCL : 0);
+    file.descriptor = qv::headless::OpenAtOnce(*native, mode | making, 0666);
+    if (file.descriptor < 0 && errno == EEXIST) return Fail(ERROR_FILE_EXISTS, INVALID_HANDLE_VALUE);
     if (file.descriptor < 0 || ::fstat(file.descriptor, &status) != 0) {
         FailWithErrno(*native);
         return INVALID_HANDLE_VALUE;
@@ -133,6 +135,11 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*
     const int lockKind = share == 0 ? LOCK_EX : LOCK_SH;
     if (conflicts() ||
         (S_ISREG(status.st_mode) && ::flock(file.descriptor, lockKind | LOCK_NB) != 0 && errno == EWOULDBLOCK)) {
+        ::close(file.descriptor);
+        return Fail(ERROR_SHARING_VIOLATION, INVALID_HANDLE_VALUE);
+    }
+    // Another process has deleted it between the opening and the lock.
+    if (::fstat(file.descriptor, &status) == 0 && status.st_nlink == 0) {
         ::close(file.descriptor);
         return Fail(ERROR_SHARING_VIOLATION, INVALID_HANDLE_VALUE);
     }
@@ -227,8 +234,9 @@ BOOL CloseHandle(HANDLE handle) {
     const std::lock_guard lock(Table().mutex);
     const auto file = Find(handle);
     if (file == Table().files.end()) return Fail(ERROR_INVALID_HANDLE, FALSE);
-    ::close(file->descriptor);
+    // In this order: whoever opens it in between must not get a file that is deleted then.
     if (file->deleteOnClose) ::unlink(file->path.c_str());
+    ::close(file->descriptor);
     Table().files.erase(file);
     return TRUE;
 }
