@@ -12,7 +12,9 @@
 #include <memory>
 #include <mutex>
 
+#include "platform/headless/base/countdown.h"
 #include "platform/headless/base/paths.h"
+#include "platform/headless/doors/faults.h"
 
 namespace qv::headless {
 namespace {
@@ -31,6 +33,10 @@ struct OpenFiles {
     std::mutex mutex;
     std::list<OpenFile> files;
 };
+
+std::optional<std::size_t> g_diskLimit;
+Countdown g_cutFault;
+LONG g_cutError = 0;
 
 OpenFiles& Table() {
     static OpenFiles s_files;
@@ -59,6 +65,15 @@ Result Fail(LONG code, Result result) {
 }
 
 }  // namespace
+
+void LimitDisk(std::optional<std::size_t> bytes) noexcept {
+    g_diskLimit = bytes;
+}
+
+void FailSetEndOfFile(unsigned n, LONG code) noexcept {
+    g_cutError = code;
+    g_cutFault.Arm(n);
+}
 
 int OpenAtOnce(const std::string& path, int flags, unsigned mode) noexcept {
     const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
@@ -90,6 +105,9 @@ bool MayDelete(const std::string& path) {
 using qv::headless::Fail;
 using qv::headless::FailWithErrno;
 using qv::headless::Find;
+using qv::headless::g_cutError;
+using qv::headless::g_cutFault;
+using qv::headless::g_diskLimit;
 using qv::headless::OpenFile;
 using qv::headless::Table;
 
@@ -181,10 +199,13 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD size, DWORD* written, OVERLA
     if ((file->access & GENERIC_WRITE) == 0) return Fail(ERROR_ACCESS_DENIED, FALSE);
     DWORD total = 0;
     while (total < size) {
-        const auto count = ::write(file->descriptor, static_cast<const std::byte*>(buffer) + total, size - total);
+        const std::size_t fits = std::min<std::size_t>(size - total, g_diskLimit.value_or(size));
+        if (fits == 0) return Fail(ERROR_DISK_FULL, FALSE);
+        const auto count = ::write(file->descriptor, static_cast<const std::byte*>(buffer) + total, fits);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return FailWithErrno(file->path);
         total += static_cast<DWORD>(count);
+        if (g_diskLimit) *g_diskLimit -= static_cast<std::size_t>(count);
         if (written != nullptr) *written = total;
     }
     return TRUE;
@@ -226,6 +247,7 @@ BOOL SetEndOfFile(HANDLE handle) {
     const auto file = Find(handle);
     if (file == Table().files.end()) return Fail(ERROR_INVALID_HANDLE, FALSE);
     if ((file->access & GENERIC_WRITE) == 0) return Fail(ERROR_ACCESS_DENIED, FALSE);
+    if (g_cutFault.Strikes()) return Fail(g_cutError, FALSE);
     const auto at = ::lseek(file->descriptor, 0, SEEK_CUR);
     return at >= 0 && ::ftruncate(file->descriptor, at) == 0 ? TRUE : FailWithErrno(file->path);
 }
