@@ -6,7 +6,6 @@
 #include "host/libraries/browser_settings.h"
 #include "host/services/data_files.h"
 #include "host/services/dialog_service.h"
-#include "host/services/file_session_data.h"
 #include "host/services/host_object.h"
 #include "host/services/multi_user_manager.h"
 
@@ -84,12 +83,12 @@ bool SampleHost::Start(const Options& options, std::wstring& problem) {
     const ComPtr<IMultiUserManager> user = LoadUser(options, problem);
     if (!problem.empty()) return false;
 
-    const ComPtr<FileSessionData> sessionData = FileSessionData::Create(options.data, m_report);
-    sessionData->Definitions() = m_definitions;
-    OfferManual(sessionData->Definitions(), options);
-    ReadBrowserSettingsFrom(sessionData.Get());
+    m_sessionData = FileSessionData::Create(options.data, m_report);
+    m_sessionData->Definitions() = m_definitions;
+    OfferManual(m_sessionData->Definitions(), options);
+    ReadBrowserSettingsFrom(m_sessionData.Get());
     m_hasBrowserSettings = XQVBrowserSettings::GetBrowserSettingsObject() != nullptr;
-    const ComPtr<HostObject> host = HostObject::Create(sessionData.Get(), user, &DialogService::Create);
+    const ComPtr<HostObject> host = HostObject::Create(m_sessionData.Get(), user, &DialogService::Create);
     return m_component.Connect(host.Get(), problem);
 }
 
@@ -101,7 +100,9 @@ SampleHost::~SampleHost() {
 bool SampleHost::ChangeSettings(std::vector<std::wstring>& changes) {
     changes.clear();
     const StoredValues before = ReadStoredValues(m_data);
-    if (!m_component.ChangeSettings()) return false;
+    const bool isTaken = m_component.ChangeSettings();
+    m_sessionData->Fold();
+    if (!isTaken) return false;
     changes = DescribeChanges(before, ReadStoredValues(m_data), m_definitions, kOptionKey);
     return true;
 }

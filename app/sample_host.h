@@ -9,6 +9,7 @@
 #include "app/component.h"
 #include "app/options.h"
 #include "host/interfaces/multi_user.h"
+#include "host/services/file_session_data.h"
 #include "host/services/scope_data.h"
 
 namespace qv {
@@ -33,6 +34,7 @@ private:
 
     std::function<void(const std::wstring&)> m_report;
     std::wstring m_data;
+    ComPtr<FileSessionData> m_sessionData;
     bool m_hasBrowserSettings = false;
     ScopeData m_definitions;
     SettingsComponent m_component;

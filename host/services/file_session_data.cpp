@@ -65,6 +65,12 @@ void CopyUnsaved(const ScopeData& current, const ScopeData& saved, ScopeData& ta
     }
 }
 
+// Open while this program, and no other, may replace the document. Nobody waits: what is not folded now is folded
+// later.
+OpenFile TakeTurn(const std::wstring& path) {
+    return {path + L".folding", GENERIC_WRITE, 0, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE};
+}
+
 }  // namespace
 
 ComPtr<FileSessionData> FileSessionData::Create(std::wstring folder, ProblemReport report) {
@@ -78,7 +84,7 @@ std::wstring FileSessionData::PathOf(SESSIONDATATYPE scope) const {
     return {};
 }
 
-bool FileSessionData::ReadFile(const std::wstring& path, ScopeData& data) {
+bool FileSessionData::ReadDocument(const std::wstring& path, ScopeData& data) {
     std::string bytes;
     switch (ReadWholeFile(path, bytes)) {
         case ReadResult::Missing:
@@ -107,14 +113,62 @@ bool FileSessionData::ReadFile(const std::wstring& path, ScopeData& data) {
     return true;
 }
 
+bool FileSessionData::FoldInto(const std::wstring& path, ScopeData& data, Journal& journal) {
+    const Journal::Contents contents = journal.Apply(data);
+    if (!contents.isRead || (contents.records != 0 && !ReplaceWholeFile(path, FormatScope(data)))) {
+        Report(path + L": values saved last could not be put into the file; they are kept in " +
+               FileNameOf(journal.Path()));
+        return false;
+    }
+    if (!contents.isDamaged) {
+        journal.Remove();
+        return true;
+    }
+    const std::wstring name = FileNameOf(journal.Path());
+    const std::wstring aside = journal.SetAside();
+    Report(path + L": some of the values saved last are lost, as " + name + L" is damaged; it " +
+           (aside.empty() ? L"could not be set aside" : L"was kept as " + FileNameOf(aside)));
+    return true;
+}
+
+bool FileSessionData::Fold() {
+    bool isDone = true;
+    for (auto& [scope, file] : m_files) {
+        if (!file.journal.IsOpen()) continue;
+        const std::wstring path = PathOf(scope);
+        const OpenFile turn = TakeTurn(path);
+        ScopeData data;
+        isDone = turn.IsOpen() && ReadDocument(path, data) && FoldInto(path, data, file.journal) && isDone;
+    }
+    return isDone;
+}
+
+FileSessionData::~FileSessionData() {
+    try {
+        Fold();
+    } catch (...) {  // The journal is still there for the next load.
+    }
+}
+
 HRESULT FileSessionData::Load(SESSIONDATATYPE scope) {
     const std::wstring path = PathOf(scope);
     if (path.empty()) return S_OK;
     ScopeFile& file = m_files[scope];
     file.isLoaded = true;
     ScopeData fresh;
-    file.isReadable = ReadFile(path, fresh);
+    const std::vector<std::wstring> journals = Journal::Beside(path);
+    const OpenFile turn = journals.empty() ? OpenFile() : TakeTurn(path);
+    file.isReadable = ReadDocument(path, fresh);
     if (!file.isReadable && fresh.IsEmpty()) return S_OK;
+    if (file.isReadable && turn.IsOpen()) {
+        if (file.journal.IsOpen()) FoldInto(path, fresh, file.journal);
+        for (const std::wstring& each : journals) {
+            if (Journal abandoned = Journal::Claim(each); abandoned.IsOpen()) FoldInto(path, fresh, abandoned);
+        }
+    }
+    // What other programs will fold, or nobody can now, is there to be seen.
+    for (const std::wstring& each : journals)
+        Journal::Peek(each, fresh);
     ScopeData current = fresh;
     CopyUnsaved(file.current, file.saved, current);
     file.saved = std::move(fresh);
@@ -137,11 +191,9 @@ HRESULT FileSessionData::Save(SESSIONDATATYPE scope, std::wstring_view key, std:
     const std::wstring* const old = file.saved.Find(key, name);
     if (old != nullptr && *old == text) return S_OK;
 
-    // Only this value: others that were written stay unsaved until they are saved themselves.
-    ScopeData changed = file.saved;
-    changed.Set(key, name, text);
-    if (!ReplaceWholeFile(path, FormatScope(changed))) return HRESULT_FROM_WIN32(ERROR_WRITE_FAULT);
-    file.saved = std::move(changed);
+    if (!file.journal.IsOpen()) file.journal = Journal::Start(path);
+    if (!file.journal.IsOpen() || !file.journal.Append(key, name, text)) return HRESULT_FROM_WIN32(ERROR_WRITE_FAULT);
+    file.saved.Set(key, name, text);
     return S_OK;
 }
 

@@ -148,4 +148,8 @@ std::string FormatJson(const JsonNode& root) {
     return ToJson(root).dump(2) + "\n";
 }
 
+std::string FormatJsonLine(const JsonNode& root) {
+    return ToJson(root).dump();
+}
+
 }  // namespace qv

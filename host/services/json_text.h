@@ -26,5 +26,7 @@ struct JsonNode {
 [[nodiscard]] bool ParseJson(std::string_view bytes, JsonNode& root, std::wstring& problem);
 // Two blanks an indent, a line break at the end, UTF-8.
 [[nodiscard]] std::string FormatJson(const JsonNode& root);
+// The same on one line, without its end.
+[[nodiscard]] std::string FormatJsonLine(const JsonNode& root);
 
 }  // namespace qv

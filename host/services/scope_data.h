@@ -17,10 +17,19 @@ public:
         std::wstring text;
     };
 
-    // Null when there is no such value. Valid until the next change.
+    struct Key {
+        std::wstring path;
+        std::wstring lowerPath;
+        std::vector<Value> values;
+        std::unordered_map<std::wstring, std::size_t> byName;  // lower case to index in values
+
+        // Null when there is no such value.
+        [[nodiscard]] const std::wstring* Find(std::wstring_view name) const;
+    };
+
+    // Null when there is no such key or value. Valid until the next change.
+    [[nodiscard]] const Key* FindKey(std::wstring_view key) const;
     [[nodiscard]] const std::wstring* Find(std::wstring_view key, std::wstring_view name) const;
-    // Null when there is no such key.
-    [[nodiscard]] const std::vector<Value>* FindValues(std::wstring_view key) const;
     // A value that is there keeps its place and the spelling of its name.
     void Set(std::wstring_view key, std::wstring_view name, std::wstring_view text);
     // Makes the key known, also without values.
@@ -31,20 +40,19 @@ public:
     // Paths below key, spelled as they were first given. Children: the next segment of every key below; Everything:
     // keys at any depth that hold values. An empty key is the root.
     [[nodiscard]] std::vector<std::wstring> KeysBelow(std::wstring_view key, Depth depth) const;
+    // Whether KeysBelow lists this path, asked for something above it.
+    [[nodiscard]] bool Lists(std::wstring_view path, Depth depth) const;
 
-    struct Key {
-        std::wstring path;
-        std::vector<Value> values;
-        std::unordered_map<std::wstring, std::size_t> byName;  // lower case to index in values
-    };
     [[nodiscard]] const std::vector<Key>& Keys() const noexcept { return m_keys; }
 
 private:
-    [[nodiscard]] const Key* FindKey(std::wstring_view key) const;
     Key& KeyFor(std::wstring_view key);
+    void EnterPath(std::wstring_view path, const std::wstring& lowerPath);
 
     std::vector<Key> m_keys;
     std::unordered_map<std::wstring, std::size_t> m_byPath;  // lower case to index in m_keys
+    // Every key and every path above one, in lower case, to its children as they are spelled.
+    std::unordered_map<std::wstring, std::vector<std::wstring>> m_children;
 };
 
 // A key without separators at its ends.

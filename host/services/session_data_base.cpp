@@ -1,7 +1,8 @@
 #include "host/services/session_data_base.h"
 
+#include <algorithm>
 #include <array>
-#include <unordered_set>
+#include <iterator>
 
 #include "base/com.h"
 #include "base/com_guard.h"
@@ -65,11 +66,18 @@ HRESULT SessionDataBase::EnumSubKeys(BSTR key, LONG flag, ULONG* count, BSTR** n
         const std::wstring path = TextOf(key);
         const auto depth = flag == 0 ? ScopeData::Depth::Children : ScopeData::Depth::Everything;
         std::vector<std::wstring> found;
-        std::unordered_set<std::wstring> seen;
+        std::vector<const ScopeData*> asked;
         for (const ScopeData* source : Sources(scope)) {
-            for (std::wstring& name : source->KeysBelow(path, depth)) {
-                if (seen.insert(ToLower(name)).second) found.push_back(std::move(name));
-            }
+            std::vector<std::wstring> below = source->KeysBelow(path, depth);
+            if (below.empty()) continue;
+            // A source names nothing twice; only another can have named it.
+            const auto isFound = [&](const std::wstring& name) {
+                return std::any_of(asked.begin(), asked.end(),
+                                   [&](const ScopeData* earlier) { return earlier->Lists(name, depth); });
+            };
+            std::erase_if(below, isFound);
+            std::move(below.begin(), below.end(), std::back_inserter(found));
+            asked.push_back(source);
         }
         return HandOut(found, static_cast<ULONG>(found.size()), count, names);
     });
@@ -79,20 +87,20 @@ HRESULT SessionDataBase::EnumValues(BSTR key, ULONG* count, BSTR** namesAndTexts
     if (count == nullptr || namesAndTexts == nullptr) return E_POINTER;
     return Guarded([&] {
         const std::wstring path = TextOf(key);
-        bool isKnown = false;
+        std::vector<const ScopeData::Key*> asked;
         std::vector<std::wstring> pairs;
-        std::unordered_set<std::wstring> seen;
         for (const ScopeData* source : Sources(scope)) {
-            const auto* const values = source->FindValues(path);
-            if (values == nullptr) continue;
-            isKnown = true;
-            for (const auto& value : *values) {
-                if (!seen.insert(ToLower(value.name)).second) continue;
+            const ScopeData::Key* const found = source->FindKey(path);
+            if (found == nullptr) continue;
+            for (const auto& value : found->values) {
+                const auto hasIt = [&](const ScopeData::Key* earlier) { return earlier->Find(value.name) != nullptr; };
+                if (std::any_of(asked.begin(), asked.end(), hasIt)) continue;
                 pairs.push_back(value.name);
                 pairs.push_back(value.text);
             }
+            asked.push_back(found);
         }
-        if (!isKnown) return kNotFound;
+        if (asked.empty()) return kNotFound;
         return HandOut(pairs, static_cast<ULONG>(pairs.size() / 2), count, namesAndTexts);
     });
 }

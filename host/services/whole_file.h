@@ -17,6 +17,9 @@ enum class ReadResult { Done, Missing, Failed };
 // empty when it could not be renamed.
 [[nodiscard]] std::wstring SetFileAside(const std::wstring& path);
 
+// Makes the folder that the file is to lie in, where it is missing (but not its parent). Whether it is there is told by
+// the file.
+void MakeFolderOf(const std::wstring& path);
 // The last part of a path.
 [[nodiscard]] std::wstring FileNameOf(const std::wstring& path);
 

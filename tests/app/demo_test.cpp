@@ -31,7 +31,7 @@ TEST_F(Demo, EveryPageAndItemOfTheFileIsShown) {
     }
     const auto dump = Shown();
     EXPECT_EQ(problem, L"");
-    EXPECT_EQ(dump["pages"].size(), definitions.FindValues(root + L"pages")->size());
+    EXPECT_EQ(dump["pages"].size(), definitions.FindKey(root + L"pages")->values.size());
     std::set<std::string> shown;
     for (const auto& page : dump["pages"]) {
         for (const auto& row : page["rows"]) {

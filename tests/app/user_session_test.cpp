@@ -1,4 +1,6 @@
 // What a person does in the dialog, from the files that the host starts with to the files that it leaves.
+#include <algorithm>
+
 #include "tests/app/sample_host_fixture.h"
 
 namespace {
@@ -26,6 +28,8 @@ TEST_F(UserSession, StoresChangesInEveryScopeAndShowsThemTheNextTime) {
     EXPECT_EQ(Stored(L"machine", "station", "height"), L"12.5") << "what is typed is not reformatted";
     EXPECT_EQ(Stored(L"userdb", "team", "open"), L"0");
     EXPECT_EQ(Stored(L"global", "network", "port"), L"8080");
+    EXPECT_EQ(std::count(changes.begin(), changes.end(), L"user person/name = \"Ada\" (was \"Mira, 2,5\")"), 1)
+        << "told when the dialog is closed, while the program goes on";
 
     Run(DumpAction() + "press cancel");
     EXPECT_EQ(problem, L"");

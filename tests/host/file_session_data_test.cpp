@@ -1,28 +1,8 @@
-#include "host/services/file_session_data.h"
-
-#include <gtest/gtest.h>
-
-#include "tests/host/session_caller.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/host/session_files.h"
 
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class SessionFiles : public testing::Test {
-protected:
-    // A manager as a fresh start of the program would have it.
-    qv::ComPtr<qv::FileSessionData> Start() {
-        return qv::FileSessionData::Create(m_folder.Path(),
-                                           [this](const std::wstring& problem) { m_problems.push_back(problem); });
-    }
-    std::optional<std::wstring> ReadAfresh(SESSIONDATATYPE scope, std::wstring_view key, std::wstring_view name) {
-        const auto data = Start();
-        return SessionCaller(*data.Get()).Read(scope, key, name);
-    }
-    qvtest::TemporaryFolder m_folder;
-    Texts m_problems;
-};
+using SessionFiles = qvtest::SessionFiles;
 
 TEST_F(SessionFiles, SavedValueOutlivesTheProgramAndAWrittenOneDoesNot) {
     const std::pair<SESSIONDATATYPE, const wchar_t*> scopes[] = {{SDT_userData, L"user.json"},
@@ -104,21 +84,6 @@ TEST_F(SessionFiles, NumbersAndBooleansAreTakenAsTheirText) {
     EXPECT_EQ(SessionCaller(*data.Get()).Values(L"k", SDT_userData),
               (Texts{L"i", L"-12", L"f", L"1.50e3", L"b", L"true", L"big", L"18446744073709551615"}));
     EXPECT_TRUE(m_problems.empty());
-}
-
-TEST_F(SessionFiles, FailedSaveIsAnsweredAndLeavesTheOldFile) {
-    const auto data = Start();
-    SessionCaller caller(*data.Get());
-    ASSERT_TRUE(caller.Store(SDT_userData, L"k", L"v", L"old"));
-    const std::string before = m_folder.Read(L"user.json");
-    // A folder stands where the new file has to be written.
-    ASSERT_NE(::CreateDirectoryW(m_folder.At(L"user.json.new").c_str(), nullptr), FALSE);
-    EXPECT_EQ(caller.Write(SDT_userData, L"k", L"v", L"new"), S_OK);
-    EXPECT_NE(caller.Save(SDT_userData, L"k", L"v"), S_OK);
-    EXPECT_EQ(m_folder.Read(L"user.json"), before);
-    ::RemoveDirectoryW(m_folder.At(L"user.json.new").c_str());
-    EXPECT_EQ(caller.Save(SDT_userData, L"k", L"v"), S_OK) << "and can be repeated";
-    EXPECT_EQ(ReadAfresh(SDT_userData, L"k", L"v"), L"new");
 }
 
 TEST_F(SessionFiles, FileThatCannotBeReadIsNeverReplaced) {

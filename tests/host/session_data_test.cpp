@@ -54,6 +54,16 @@ TEST_F(SessionData, DefinitionsAreListedByChildrenOrByEveryKeyWithValues) {
     EXPECT_EQ(m_caller.Values(L"options/none"), std::nullopt) << "unknown";
 }
 
+TEST_F(SessionData, KeyOfSeveralSourcesIsListedOnceAsTheFirstSpellsIt) {
+    m_data->Define(L"options/common/b", L"type", L"1");
+    m_data->Define(L"options/files/c", L"type", L"1");
+    m_data->Put(SDT_machineData, L"Options/Common/B", L"v", L"1");
+    m_data->Put(SDT_userData, L"options/COMMON/d", L"v", L"1");
+    EXPECT_EQ(m_caller.SubKeys(L"options", 0, SDT_allData), (Texts{L"options/COMMON", L"options/files"}));
+    EXPECT_EQ(m_caller.SubKeys(L"options", 1, SDT_allData),
+              (Texts{L"options/COMMON/d", L"Options/Common/B", L"options/files/c"}));
+}
+
 TEST_F(SessionData, WriteIsSeenAtOnceAndPermanentOnlyWhenSaved) {
     ASSERT_EQ(m_caller.Write(SDT_userData, L"k", L"v", L"new"), S_OK);
     EXPECT_EQ(m_caller.Read(SDT_userData, L"k", L"v"), L"new");

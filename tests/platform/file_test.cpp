@@ -85,6 +85,8 @@ TEST_F(Files, OpenByTheirDisposition) {
     const Case cases[] = {
         {"always, missing", CREATE_ALWAYS, false, ERROR_SUCCESS},
         {"always, there", CREATE_ALWAYS, true, ERROR_ALREADY_EXISTS},
+        {"new, missing", CREATE_NEW, false, ERROR_SUCCESS},
+        {"new, there", CREATE_NEW, true, ERROR_FILE_EXISTS},
         {"existing, missing", OPEN_EXISTING, false, ERROR_FILE_NOT_FOUND},
         {"existing, there", OPEN_EXISTING, true, ERROR_SUCCESS},
     };
@@ -156,6 +158,40 @@ TEST_F(Files, AreSharedAsTheirHoldersAllow) {
         EXPECT_EQ(Code(ERROR_SHARING_VIOLATION), GetLastError());
         CloseHandle(first);
     }
+}
+
+TEST_F(Files, AreCutWhereTheyStandAndReadOnFromThere) {
+    const HANDLE file = Open(L"f", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, CREATE_NEW);
+    ASSERT_NE(INVALID_HANDLE_VALUE, file);
+    const auto moveTo = [file](LONGLONG position) {
+        LARGE_INTEGER distance;
+        distance.QuadPart = position;
+        return SetFilePointerEx(file, distance, nullptr, FILE_BEGIN);
+    };
+    DWORD count = 0;
+    EXPECT_TRUE(WriteFile(file, "abcdef", 6, &count, nullptr));
+    EXPECT_TRUE(moveTo(3) && SetEndOfFile(file));
+    EXPECT_TRUE(WriteFile(file, "X", 1, &count, nullptr));
+    EXPECT_TRUE(moveTo(1));
+    char bytes[8] = {};
+    EXPECT_TRUE(ReadFile(file, bytes, sizeof(bytes), &count, nullptr));
+    EXPECT_EQ("bcX", std::string(bytes, count));
+    CloseHandle(file);
+    EXPECT_EQ("abcX", Read(L"f"));
+}
+
+TEST_F(Files, AreDeletedOnClosingWhereThatWasAskedFor) {
+    const auto open = [this] {
+        return CreateFileW(At(L"f").c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE,
+                           nullptr);
+    };
+    const HANDLE first = open();
+    ASSERT_NE(INVALID_HANDLE_VALUE, first);
+    EXPECT_EQ(INVALID_HANDLE_VALUE, open());
+    EXPECT_EQ(Code(ERROR_SHARING_VIOLATION), GetLastError());
+    EXPECT_TRUE(IsThere(L"f"));
+    CloseHandle(first);
+    EXPECT_FALSE(IsThere(L"f"));
 }
 
 TEST_F(Files, AreReplacedWhole) {

@@ -12,7 +12,9 @@
 #include <memory>
 #include <mutex>
 
+#include "platform/headless/base/countdown.h"
 #include "platform/headless/base/paths.h"
+#include "platform/headless/doors/faults.h"
 
 namespace qv::headless {
 namespace {
@@ -31,6 +33,10 @@ struct OpenFiles {
     std::mutex mutex;
     std::list<OpenFile> files;
 };
+
+std::optional<std::size_t> g_diskLimit;
+Countdown g_cutFault;
+LONG g_cutError = 0;
 
 OpenFiles& Table() {
     static OpenFiles s_files;
@@ -59,6 +65,15 @@ Result Fail(LONG code, Result result) {
 }
 
 }  // namespace
+
+void LimitDisk(std::optional<std::size_t> bytes) noexcept {
+    g_diskLimit = bytes;
+}
+
+void FailSetEndOfFile(unsigned n, LONG code) noexcept {
+    g_cutError = code;
+    g_cutFault.Arm(n);
+}
 
 int OpenAtOnce(const std::string& path, int flags, unsigned mode) noexcept {
     const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
@@ -90,6 +105,9 @@ bool MayDelete(const std::string& path) {
 using qv::headless::Fail;
 using qv::headless::FailWithErrno;
 using qv::headless::Find;
+using qv::headless::g_cutError;
+using qv::headless::g_cutFault;
+using qv::headless::g_diskLimit;
 using qv::headless::OpenFile;
 using qv::headless::Table;
 
@@ -123,7 +141,9 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*
         });
     };
     // Never truncated on opening: others may not share it.
-    file.descriptor = qv::headless::OpenAtOnce(*native, mode | (creates ? O_CREAT : 0), 0666);
+    const int making = (creates ? O_CREAT : 0) | (disposition == CREATE_NEW ? O_EXCL : 0);
+    file.descriptor = qv::headless::OpenAtOnce(*native, mode | making, 0666);
+    if (file.descriptor < 0 && errno == EEXIST) return Fail(ERROR_FILE_EXISTS, INVALID_HANDLE_VALUE);
     if (file.descriptor < 0 || ::fstat(file.descriptor, &status) != 0) {
         FailWithErrno(*native);
         return INVALID_HANDLE_VALUE;
@@ -133,6 +153,11 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*
     const int lockKind = share == 0 ? LOCK_EX : LOCK_SH;
     if (conflicts() ||
         (S_ISREG(status.st_mode) && ::flock(file.descriptor, lockKind | LOCK_NB) != 0 && errno == EWOULDBLOCK)) {
+        ::close(file.descriptor);
+        return Fail(ERROR_SHARING_VIOLATION, INVALID_HANDLE_VALUE);
+    }
+    // Another process has deleted it between the opening and the lock.
+    if (::fstat(file.descriptor, &status) == 0 && status.st_nlink == 0) {
         ::close(file.descriptor);
         return Fail(ERROR_SHARING_VIOLATION, INVALID_HANDLE_VALUE);
     }
@@ -174,10 +199,13 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD size, DWORD* written, OVERLA
     if ((file->access & GENERIC_WRITE) == 0) return Fail(ERROR_ACCESS_DENIED, FALSE);
     DWORD total = 0;
     while (total < size) {
-        const auto count = ::write(file->descriptor, static_cast<const std::byte*>(buffer) + total, size - total);
+        const std::size_t fits = std::min<std::size_t>(size - total, g_diskLimit.value_or(size));
+        if (fits == 0) return Fail(ERROR_DISK_FULL, FALSE);
+        const auto count = ::write(file->descriptor, static_cast<const std::byte*>(buffer) + total, fits);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return FailWithErrno(file->path);
         total += static_cast<DWORD>(count);
+        if (g_diskLimit) *g_diskLimit -= static_cast<std::size_t>(count);
         if (written != nullptr) *written = total;
     }
     return TRUE;
@@ -219,6 +247,7 @@ BOOL SetEndOfFile(HANDLE handle) {
     const auto file = Find(handle);
     if (file == Table().files.end()) return Fail(ERROR_INVALID_HANDLE, FALSE);
     if ((file->access & GENERIC_WRITE) == 0) return Fail(ERROR_ACCESS_DENIED, FALSE);
+    if (g_cutFault.Strikes()) return Fail(g_cutError, FALSE);
     const auto at = ::lseek(file->descriptor, 0, SEEK_CUR);
     return at >= 0 && ::ftruncate(file->descriptor, at) == 0 ? TRUE : FailWithErrno(file->path);
 }
@@ -227,8 +256,9 @@ BOOL CloseHandle(HANDLE handle) {
     const std::lock_guard lock(Table().mutex);
     const auto file = Find(handle);
     if (file == Table().files.end()) return Fail(ERROR_INVALID_HANDLE, FALSE);
-    ::close(file->descriptor);
+    // In this order: whoever opens it in between must not get a file that is deleted then.
     if (file->deleteOnClose) ::unlink(file->path.c_str());
+    ::close(file->descriptor);
     Table().files.erase(file);
     return TRUE;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "platform/headless/base/types.h"
@@ -23,5 +24,11 @@ void ResetRegistry();
 
 // The n-th question from now (1 = the next) for the file name of a module fails with the code, once. 0 takes it back.
 void FailModuleFileName(unsigned n, LONG code) noexcept;
+
+// The disk takes so many bytes from now on, over all files: a write that goes beyond writes what still fits and fails
+// as on a full disk. Nothing: as much as it really takes.
+void LimitDisk(std::optional<std::size_t> bytes) noexcept;
+// The n-th SetEndOfFile from now (1 = the next) fails with the code, once. 0 takes it back.
+void FailSetEndOfFile(unsigned n, LONG code) noexcept;
 
 }  // namespace qv::headless
