@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "app/component.h"
+#include "app/dialog_view.h"
 #include "base/module_state.h"
 #include "base/text.h"
 #include "bench/bare_dialog.h"
@@ -68,23 +69,6 @@ HWND Frame() {
         }
     }
     return nullptr;
-}
-
-HWND ButtonOf(HWND frame, int id) {
-    struct Wanted {
-        int id;
-        HWND found;
-    } wanted{id, nullptr};
-    EnumChildWindows(
-        frame,
-        [](HWND window, LPARAM param) -> BOOL {
-            auto& button = *reinterpret_cast<Wanted*>(param);
-            if (GetDlgCtrlID(window) != button.id || (GetWindowLongW(window, GWL_STYLE) & WS_TABSTOP) == 0) return TRUE;
-            button.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&wanted));
-    return wanted.found;
 }
 
 // Milliseconds of every step, in the order in which steps were first timed.
@@ -199,8 +183,8 @@ private:
                                           place.bottom - place.top - 40, SWP_NOMOVE | SWP_NOZORDER);
                          }});
         // Default counts as a change, so that Apply has something to do.
-        steps.push_back({"default", [] { SendMessageW(ButtonOf(Frame(), 127), BM_CLICK, 0, 0); }});
-        steps.push_back({"apply to files", [] { SendMessageW(ButtonOf(Frame(), 128), BM_CLICK, 0, 0); }});
+        steps.push_back({"default", [] { SendMessageW(qv::FindButton(Frame(), 127), BM_CLICK, 0, 0); }});
+        steps.push_back({"apply to files", [] { SendMessageW(qv::FindButton(Frame(), 128), BM_CLICK, 0, 0); }});
         steps.push_back({"close", [] { PostMessageW(Frame(), WM_CLOSE, 0, 0); }});
 
         const double heapBefore = bench::HeapBytes();

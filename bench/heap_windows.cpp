@@ -1,9 +1,8 @@
-// clang-format off
-#include <windows.h>
-#include <psapi.h>
-// clang-format on
-
 #include "bench/heap.h"
+#include "platform/platform.h"
+
+// Wants the declarations above.
+#include <psapi.h>
 
 double bench::HeapBytes() {
     PROCESS_MEMORY_COUNTERS_EX counters{};

@@ -22,7 +22,7 @@ struct ItemFacts {
 struct Item {
     qv::LayoutRows::Column& row;  // its name is the item key, which says where the value is stored
     ItemFacts facts;
-    SpecialControl* control = nullptr;    // null: the layout's own control holds the value
+    SpecialControl* control = nullptr;  // null: the layout's own control holds the value
 };
 
 namespace qv {
