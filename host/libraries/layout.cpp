@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/window_hook.h"
 #include "host/libraries/layout_probe.h"
 #include "host/libraries/layout_row.h"
 #include "host/libraries/layout_scroll.h"
@@ -23,6 +24,39 @@ UINT ControlId(std::size_t index) {
 
 }  // namespace
 
+// What the layout hears of its page.
+class XLayout::PageHook final : public WindowHook {
+public:
+    // Both outlive it; the page's window may go before.
+    PageHook(XLayout& layout, CWnd& page) : m_layout(layout), m_page(page), m_window(page.m_hWnd) {
+        page.SetHook(this);
+    }
+    ~PageHook() {
+        if (CWnd* page = CWnd::FromHandlePermanent(m_window); page == &m_page && page->GetHook() == this) {
+            page->SetHook(nullptr);
+        }
+    }
+    PageHook(const PageHook&) = delete;
+    PageHook& operator=(const PageHook&) = delete;
+
+    bool OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        // Drawn before it was told: whatever shows the page is none of ours.
+        if (message == WM_ERASEBKGND || message == WM_PAINT) m_layout.MakeWindows();
+        // What controls say while they are made is no change of anything.
+        const bool isUsedUp =
+            (message == WM_COMMAND && m_layout.m_isMaking) || m_layout.m_scroll->HandleMessage(message, wParam, lParam);
+        if (isUsedUp) *result = 0;
+        return isUsedUp;
+    }
+    void OnDescendantFocused(HWND descendant) override { m_layout.m_scroll->BringIntoView(descendant); }
+    void OnShowing() override { m_layout.MakeWindows(); }
+
+private:
+    XLayout& m_layout;
+    CWnd& m_page;
+    HWND m_window;
+};
+
 XLayout::XLayout(int) {
     Alive().push_back(this);
 }
@@ -33,6 +67,7 @@ XLayout::~XLayout() {
 }
 
 void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
+    m_hook.reset();
     m_scroll.reset();
     m_byName.clear();
     m_rows.clear();
@@ -40,6 +75,7 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
     m_isPlanned = false;
     if (parent == nullptr || !parent->IsLive()) return;
     m_scroll = std::make_unique<PageScroll>(*this, *parent);
+    m_hook = std::make_unique<PageHook>(*this, *parent);
 
     for (Group* group : groups) {
         const auto first = static_cast<std::ptrdiff_t>(m_rows.size());

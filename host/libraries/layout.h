@@ -71,6 +71,7 @@ public:
 private:
     struct Row;
     class PageScroll;
+    class PageHook;
     // What the rows of a page have in common, in pixels.
     struct Measures {
         int promptWidth = 0;
@@ -108,6 +109,7 @@ private:
     bool m_isMaking = false;
     bool m_ordersTabs = false;
     std::unique_ptr<PageScroll> m_scroll;
+    std::unique_ptr<PageHook> m_hook;
 };
 
 namespace qv {

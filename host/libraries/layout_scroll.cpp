@@ -4,15 +4,8 @@
 
 #include "host/libraries/layout_row.h"
 
-XLayout::PageScroll::PageScroll(XLayout& layout, CWnd& page) : m_layout(layout), m_page(page), m_window(page.m_hWnd) {
+XLayout::PageScroll::PageScroll(const XLayout& layout, CWnd& page) : m_layout(layout), m_page(page) {
     m_scroller.SetWindow(&page);
-    page.SetHook(this);
-}
-
-XLayout::PageScroll::~PageScroll() {
-    if (CWnd* page = CWnd::FromHandlePermanent(m_window); page == &m_page && page->GetHook() == this) {
-        page->SetHook(nullptr);
-    }
 }
 
 void XLayout::PageScroll::SetContent(SIZE content, int rowDistance) {
@@ -22,18 +15,8 @@ void XLayout::PageScroll::SetContent(SIZE content, int rowDistance) {
     m_scroller.SetSizes(content, {step(client.Width()), step(client.Height())}, {rowDistance, rowDistance});
 }
 
-bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    // What controls say while they are made is no change of anything.
-    if (message == WM_COMMAND && m_layout.m_isMaking) {
-        *result = 0;
-        return true;
-    }
-    // Drawn before it was told: whatever shows the page is none of ours.
-    if (message == WM_ERASEBKGND || message == WM_PAINT) m_layout.MakeWindows();
-    if (m_scroller.HandleMessage(message, wParam, lParam)) {
-        *result = 0;
-        return true;
-    }
+bool XLayout::PageScroll::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (m_scroller.HandleMessage(message, wParam, lParam)) return true;
     // Whoever types into a control that has been scrolled away wants to see it.
     if (message == WM_COMMAND && lParam != 0) {
         const auto control = reinterpret_cast<HWND>(lParam);
@@ -44,16 +27,12 @@ bool XLayout::PageScroll::OnHookedMessage(UINT message, WPARAM wParam, LPARAM lP
     return false;
 }
 
-void XLayout::PageScroll::OnShowing() {
-    m_layout.MakeWindows();
-}
-
-void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {
+void XLayout::PageScroll::BringIntoView(HWND control) {
     // An open list would stay where it is while its box moves.
-    if (::SendMessageW(descendant, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
+    if (::SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
     const auto& rows = m_layout.m_rows;
-    const auto found = std::find_if(rows.begin(), rows.end(), [descendant](const auto& row) {
-        return row->HasControl() && row->control->m_hWnd == descendant;
+    const auto found = std::find_if(rows.begin(), rows.end(), [control](const auto& row) {
+        return row->HasControl() && row->control->m_hWnd == control;
     });
     if (found == rows.end()) return;
 
@@ -62,7 +41,7 @@ void XLayout::PageScroll::OnDescendantFocused(HWND descendant) {
     ::InflateRect(&wanted, static_cast<int>(m_layout.m_room.left), static_cast<int>(m_layout.m_room.top));
     const CRect client = m_page.GetClientRect();
     CRect part;
-    ::GetWindowRect(descendant, &part);
+    ::GetWindowRect(control, &part);
     m_page.ScreenToClient(part);
     const POINT position = m_scroller.Position();
     ::OffsetRect(&wanted, -static_cast<int>(position.x), -static_cast<int>(position.y));

@@ -2,15 +2,13 @@
 // that has the focus brought into view. Used by the layout alone.
 #pragma once
 
-#include "framework/window_hook.h"
 #include "framework/window_scroller.h"
 #include "host/libraries/layout.h"
 
-class XLayout::PageScroll final : public WindowHook {
+class XLayout::PageScroll {
 public:
     // Both outlive it; the page's window may go before.
-    PageScroll(XLayout& layout, CWnd& page);
-    ~PageScroll();
+    PageScroll(const XLayout& layout, CWnd& page);
     PageScroll(const PageScroll&) = delete;
     PageScroll& operator=(const PageScroll&) = delete;
 
@@ -19,14 +17,13 @@ public:
     void SetContent(SIZE content, int rowDistance);
     // How far the rows are moved up and to the left.
     [[nodiscard]] POINT Position() const noexcept { return m_scroller.Position(); }
-
-    bool OnHookedMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
-    void OnDescendantFocused(HWND descendant) override;
-    void OnShowing() override;
+    // The page's messages; true when one is used up.
+    bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    // Brings a row's control into view, with its row as far as there is room. Other windows are passed over.
+    void BringIntoView(HWND control);
 
 private:
-    XLayout& m_layout;
+    const XLayout& m_layout;
     CWnd& m_page;
-    HWND m_window;
     WindowScroller m_scroller;
 };
