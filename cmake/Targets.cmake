@@ -31,6 +31,10 @@ function(qv_test name)
     target_link_libraries(${name} PRIVATE qv_options ${ARG_LINK} GTest::gtest GTest::gtest_main)
     # Tests are compiled more often than they run long: optimising their checks costs more than it gives.
     target_compile_options(${name} PRIVATE -O0)
+    # What every test includes is half of what compiling it costs.
+    if(NOT WIN32)
+        target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
+    endif()
     if(WIN32)
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES TIMEOUT 600)
