@@ -122,7 +122,8 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     try {
         result = WindowAccess::Dispatch(*object, message, wParam, lParam);
         AnnounceFocus(window, message);
-        if (message == WM_WINDOWPOSCHANGING) AnnounceShowing(window, *reinterpret_cast<const WINDOWPOS*>(lParam));
+        if (message == WM_WINDOWPOSCHANGING && lParam != 0)
+            AnnounceShowing(window, *reinterpret_cast<const WINDOWPOS*>(lParam));
     } catch (...) {
         ReportException();
         result = AnswerAfterException(window, message);

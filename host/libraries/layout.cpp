@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/raised_flag.h"
 #include "framework/window_hook.h"
 #include "host/libraries/layout_probe.h"
 #include "host/libraries/layout_row.h"
@@ -96,13 +97,14 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
 
 void XLayout::MakeWindows() {
     if (!m_isPlanned || m_isMaking || m_parent == nullptr || !m_parent->IsLive()) return;
-    m_isMaking = true;
+    const qv::RaisedFlag making(m_isMaking);
     Arrange();
     const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.comboFieldHeight,
                                  m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0}};
-    for (std::size_t i = 0; i < m_rows.size() && m_parent->IsLive(); ++i)
-        m_rows[i]->Make(page, ControlId(i));
-    m_isMaking = false;
+    for (std::size_t i = 0; i < m_rows.size() && m_parent->IsLive(); ++i) {
+        // Some are made already where an earlier time ended early, for want of memory.
+        if (m_rows[i]->isPlanned) m_rows[i]->Make(page, ControlId(i));
+    }
     m_isPlanned = false;
     if (m_ordersTabs) OrderTabs();
 }
