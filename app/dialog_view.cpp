@@ -135,6 +135,11 @@ DialogView DialogView::Look() {
     return view;
 }
 
+void DialogView::GiveWindows(std::wstring_view item) {
+    for (XLayout* layout : LiveLayouts())
+        static_cast<void>(layout->GetColumnControl(item));
+}
+
 int DialogView::PageCount() const {
     return m_tabs == nullptr ? 0 : static_cast<int>(SendMessageW(m_tabs, TCM_GETITEMCOUNT, 0, 0));
 }

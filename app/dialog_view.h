@@ -29,6 +29,8 @@ class DialogView {
 public:
     // What stands on the screen now. Empty (IsOpen false) when no settings dialog is there.
     [[nodiscard]] static DialogView Look();
+    // Sees to it that the item's row has its windows, which a page may keep for later.
+    static void GiveWindows(std::wstring_view item);
 
     [[nodiscard]] bool IsOpen() const { return m_frame != nullptr; }
     [[nodiscard]] HWND Frame() const { return m_frame; }

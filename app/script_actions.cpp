@@ -99,7 +99,8 @@ std::wstring ScriptActions::Set(const DialogView& view, const ScriptAction& acti
     if (row->kind == RowKind::Missing) return Format(L"%s has no control", action.target);
     if (!IsEnabled(*row)) return Format(L"%s may not be changed", action.target);
     if (std::wstring problem = ShowPageOf(view, *row); !problem.empty()) return problem;
-    const DialogView shown = DialogView::Look();  // now that the page has its windows
+    DialogView::GiveWindows(action.target);
+    const DialogView shown = DialogView::Look();
     row = shown.FindRow(action.target);
     if (row == nullptr || row->control == nullptr) return Format(L"%s has no control", action.target);
     return User::CanReach(row->control) ? SetRow(*row, action.text) : OutOfReach(row->item);
@@ -165,7 +166,8 @@ std::wstring ScriptActions::Press(const DialogView& view, const ScriptAction& ac
         if (row->kind != RowKind::Missing) {
             if (std::wstring problem = ShowPageOf(view, *row); !problem.empty()) return problem;
         }
-        const DialogView shown = DialogView::Look();  // now that the page has its windows
+        DialogView::GiveWindows(action.target);
+        const DialogView shown = DialogView::Look();
         row = shown.FindRow(action.target);
         if (row != nullptr) target = row->control;
         // A chooser's button is the one in it.

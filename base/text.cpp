@@ -59,6 +59,13 @@ std::wstring PlainLabel(std::wstring_view label) {
     return plain;
 }
 
+wchar_t MnemonicOf(std::wstring_view label) noexcept {
+    for (std::size_t i = 0; i + 1 < label.size(); ++i) {
+        if (label[i] == L'&' && label[++i] != L'&') return label[i];
+    }
+    return 0;
+}
+
 std::int64_t LeadingInteger64(std::wstring_view text) {
     while (!text.empty() && IsBlank(text.front()))
         text.remove_prefix(1);

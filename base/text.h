@@ -20,6 +20,8 @@ namespace qv {
 
 // A label as a person reads it: without the mark of its mnemonic; "&Save && close" reads "Save & close".
 [[nodiscard]] std::wstring PlainLabel(std::wstring_view label);
+// The character that a label marks, as it is written there; 0 where it marks none.
+[[nodiscard]] wchar_t MnemonicOf(std::wstring_view label) noexcept;
 
 // Leading blanks, an optional sign, then digits up to the first other character; no digits give 0. Saturates at the
 // ends of the 64-bit range.

@@ -6,6 +6,8 @@
 #include "base/text.h"
 #include "framework/dialog.h"
 #include "framework/dialog_focus.h"
+#include "framework/thread_state.h"
+#include "framework/window_hook.h"
 
 namespace {
 
@@ -70,6 +72,22 @@ bool HasOwnUseForPageKeys(HWND control) {
     return !qv::EqualIgnoringCase(name.data(), L"BUTTON") && !qv::EqualIgnoringCase(name.data(), WC_TABCONTROLW);
 }
 
+// Whoever keeps labels without windows in the dialog makes those that the platform is about to look for.
+void TellOfMnemonic(HWND dialog, const MSG& message) {
+    if (message.message == WM_CHAR) {
+        // Typed into a control that has a use for it.
+        const auto wants = ::SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, 0);
+        if ((wants & (DLGC_WANTCHARS | DLGC_WANTMESSAGE)) != 0) return;
+    } else if (message.message != WM_SYSCHAR) {
+        return;
+    }
+    const auto typed = static_cast<wchar_t>(message.wParam);
+    qv::detail::ForEachHooked([=](CWnd& each) {
+        const bool isInside = ::IsChild(dialog, each.m_hWnd) != FALSE && ::IsWindowVisible(each.m_hWnd) != FALSE;
+        if (isInside) each.GetHook()->OnMnemonic(typed);
+    });
+}
+
 }  // namespace
 
 bool CDialog::PreTranslateMessage(MSG& message) {
@@ -78,6 +96,7 @@ bool CDialog::PreTranslateMessage(MSG& message) {
     if (message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL) LeadWheelToPointer(message);
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     HWND dialog = m_hWnd;
+    TellOfMnemonic(dialog, message);
     const bool used = TakeKeyOfNobody(message) || TranslateEnterOrEscape(message) || TranslatePageKey(message) ||
                       TranslateArrow(message) || TranslateScrollKey(message) ||
                       ::IsDialogMessageW(dialog, &message) != FALSE;

@@ -48,5 +48,7 @@ struct ThreadState {
     std::shared_ptr<std::function<bool(int)>> idleHandler = std::make_shared<std::function<bool(int)>>();
 };
 [[nodiscard]] ThreadState& ThisThread();
+// One after the other, the windows that have a hook; those that lose it on the way are passed over.
+void ForEachHooked(const std::function<void(CWnd&)>& tell);
 
 }  // namespace qv::detail

@@ -14,6 +14,9 @@ public:
     // The window is about to be seen: it is being shown, or a window around it is, and everything else around it is
     // shown already. It may be told more than once.
     virtual void OnShowing() = 0;
+    // The key of a mnemonic has been pressed in the dialog around the window, which can be seen; the platform looks for
+    // the labels that mark this character next.
+    virtual void OnMnemonic(wchar_t typed) = 0;
 
 protected:
     ~WindowHook() = default;

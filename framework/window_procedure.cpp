@@ -1,8 +1,6 @@
 #include "framework/window_procedure.h"
 
-#include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "base/module_state.h"
 #include "framework/call_scope.h"
@@ -55,12 +53,9 @@ void AnnounceShowing(HWND window, const WINDOWPOS& change) {
     if ((change.flags & SWP_SHOWWINDOW) == 0 || IsShown(window)) return;
     const HWND around = GetAncestor(window, GA_PARENT);
     if (around != GetDesktopWindow() && IsWindowVisible(around) == FALSE) return;
-    const std::vector<CWnd*> hooked = ThisThread().hooked;  // each may make windows, and lose others
-    for (CWnd* each : hooked) {
-        const std::vector<CWnd*>& left = ThisThread().hooked;
-        if (std::find(left.begin(), left.end(), each) == left.end()) continue;
-        if (each->m_hWnd != nullptr && IsShownUpTo(each->m_hWnd, window)) each->GetHook()->OnShowing();
-    }
+    ForEachHooked([window](CWnd& each) {
+        if (each.m_hWnd != nullptr && IsShownUpTo(each.m_hWnd, window)) each.GetHook()->OnShowing();
+    });
 }
 
 LRESULT AnswerAfterException(HWND window, UINT message) {

@@ -44,13 +44,18 @@ public:
         // Drawn before it was told: whatever shows the page is none of ours.
         if (message == WM_ERASEBKGND || message == WM_PAINT) m_layout.MakeWindows();
         // What controls say while they are made is no change of anything.
-        const bool isUsedUp =
-            (message == WM_COMMAND && m_layout.m_isMaking) || m_layout.m_scroll->HandleMessage(message, wParam, lParam);
-        if (isUsedUp) *result = 0;
-        return isUsedUp;
+        const bool isSilenced = message == WM_COMMAND && m_layout.m_isMaking;
+        const bool isScroll = !isSilenced && m_layout.m_scroll->HandleMessage(message, wParam, lParam);
+        if (isScroll) m_layout.FollowView();
+        if (isSilenced || isScroll) *result = 0;
+        return isSilenced || isScroll;
     }
-    void OnDescendantFocused(HWND descendant) override { m_layout.m_scroll->BringIntoView(descendant); }
+    void OnDescendantFocused(HWND descendant) override {
+        m_layout.m_scroll->BringIntoView(descendant);
+        m_layout.FollowView();
+    }
     void OnShowing() override { m_layout.MakeWindows(); }
+    void OnMnemonic(wchar_t typed) override { m_layout.MakeForMnemonic(typed); }
 
 private:
     XLayout& m_layout;
@@ -74,6 +79,8 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
     m_rows.clear();
     m_parent = parent;
     m_isPlanned = false;
+    m_isPlaced = false;
+    m_made = 0;
     if (parent == nullptr || !parent->IsLive()) return;
     m_scroll = std::make_unique<PageScroll>(*this, *parent);
     m_hook = std::make_unique<PageHook>(*this, *parent);
@@ -87,9 +94,11 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
     }
     m_byName.reserve(m_rows.size());
     const qv::LayoutMetrics metrics(*parent);
-    for (const auto& row : m_rows) {
-        m_byName.try_emplace(row->column.name, row.get());
-        row->Plan(metrics);
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        Row& row = *m_rows[i];
+        row.position = i;
+        m_byName.try_emplace(row.column.name, &row);
+        row.Plan(metrics);
     }
     m_isPlanned = true;
     Measure(metrics);
@@ -98,15 +107,60 @@ void XLayout::InitLayoutManager(CWnd* parent, std::vector<Group*> groups) {
 void XLayout::MakeWindows() {
     if (!m_isPlanned || m_isMaking || m_parent == nullptr || !m_parent->IsLive()) return;
     const qv::RaisedFlag making(m_isMaking);
-    Arrange();
-    const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.comboFieldHeight,
-                                 m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0}};
-    for (std::size_t i = 0; i < m_rows.size() && m_parent->IsLive(); ++i) {
-        // Some are made already where an earlier time ended early, for want of memory.
-        if (m_rows[i]->isPlanned) m_rows[i]->Make(page, ControlId(i));
+    PlaceRows();
+    if (IsLong()) {
+        const std::vector<Row*> inReach = RowsInReach();
+        Make(inReach);
+        DiscardOthers(inReach);
+        return;
     }
+    std::vector<Row*> all;
+    all.reserve(m_rows.size());
+    for (const auto& row : m_rows)
+        all.push_back(row.get());
+    Make(all);
     m_isPlanned = false;
     if (m_ordersTabs) OrderTabs();
+}
+
+void XLayout::FollowView() {
+    MakeWindows();
+    PutBackLostRows();
+}
+
+void XLayout::PlaceRows() {
+    if (m_isPlaced) return;
+    Arrange();
+    m_isPlaced = true;
+    // Before the first of a long page's windows, each of which finds its place among those that are there.
+    if (IsLong()) OrderTabs();
+}
+
+void XLayout::Make(const std::vector<Row*>& rows) {
+    const Row::Surroundings page{*m_parent, m_parent->GetFont(), m_measures.comboFieldHeight,
+                                 m_scroll != nullptr ? m_scroll->Position() : POINT{0, 0}};
+    for (Row* row : rows) {
+        if (!m_parent->IsLive()) return;
+        // Some are made already: of a long page, or where an earlier time ended early, for want of memory.
+        if (!row->isPlanned) continue;
+        row->Make(page, ControlId(row->position));
+        if (!row->isPlaceholder) ++m_made;
+        if (IsLong()) PutInTabOrder(*row);
+    }
+}
+
+XLayout::Row* XLayout::MakeAndLend(std::wstring_view name) {
+    Row* const row = Find(name);
+    if (row == nullptr) return nullptr;
+    row->isLent = true;
+    if (!IsLong()) {
+        MakeWindows();
+    } else if (row->isPlanned && !m_isMaking && m_parent != nullptr && m_parent->IsLive()) {
+        const qv::RaisedFlag making(m_isMaking);
+        PlaceRows();
+        Make({row});
+    }
+    return row;
 }
 
 void XLayout::SetDefaultTabOrder() {
@@ -148,14 +202,12 @@ XLayout::Column* XLayout::GetColumn(std::wstring_view name) const {
 }
 
 CWnd* XLayout::GetColumnControl(std::wstring_view name) {
-    MakeWindows();
-    Row* const row = Find(name);
+    const Row* const row = MakeAndLend(name);
     return row != nullptr && row->HasControl() ? row->control : nullptr;
 }
 
 CWnd* XLayout::GetColumnPrompt(std::wstring_view name) {
-    MakeWindows();
-    Row* const row = Find(name);
+    const Row* const row = MakeAndLend(name);
     return row != nullptr && row->HasPrompt() ? row->prompt.get() : nullptr;
 }
 

@@ -6,6 +6,9 @@
 // A dialog of many pages would spend nearly all of its time on windows that nobody looks at. So rows are only planned
 // at first: measured, placed, and answering with the text that their window would show. Their windows are made all at
 // once, in display order, when the page is about to be seen (WindowHook::OnShowing) or somebody asks for one of them.
+// Of a page of more than kMadeWhole rows only those are made that the eye or the keyboard can come to next, at their
+// place in the tab order: the rows around what is seen, the ends of every way that Tab can go, and those whose mnemonic
+// is pressed. So the number of windows does not grow with the page.
 #pragma once
 
 #include <memory>
@@ -13,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "framework/controls.h"
@@ -26,6 +30,8 @@ class XLayout : public qv::LayoutRows {
 public:
     // The lowest id that the layout gives to controls of its own; those below are the page's, from 20000 on.
     static constexpr UINT kFirstControlId = 30000;
+    // Up to this number of rows a page has all its windows once it has been seen.
+    static constexpr std::size_t kMadeWhole = 100;
     // mode: 1, a row below the other, is the one arrangement there is.
     explicit XLayout(int mode);
     ~XLayout();
@@ -53,12 +59,14 @@ public:
     [[nodiscard]] Column* GetColumn(std::wstring_view name) const override;
     void UpdateControl(std::wstring_view name, std::wstring_view text, void* data, std::wstring_view extra) override;
 
-    // By name; of rows with one name the first. Null when there is none or it has no such window. Makes the windows.
+    // By name; of rows with one name the first. Null when there is none or it has no such window. Makes the windows,
+    // of a long page the row's own; they stay from then on.
     [[nodiscard]] CWnd* GetColumnControl(std::wstring_view name);
     [[nodiscard]] CWnd* GetColumnPrompt(std::wstring_view name);
 
-    // Every row in display order with its windows, for a host that inspects the dialog. A row that is only planned has
-    // none, but says what it will show: a text, "1" or "0", the chosen entry's text.
+    // Every row in display order with its windows, for a host that inspects the dialog; a long page may take them away
+    // again as it is scrolled. A row that is only planned has none, but says what it will show: a text, "1" or "0", the
+    // chosen entry's text.
     struct RowView {
         const Column& column;
         CWnd* prompt;
@@ -87,8 +95,31 @@ private:
         int aroundPage = 0;
     };
     [[nodiscard]] Row* Find(std::wstring_view name) const;
-    // Makes the windows of the rows that are still planned.
+    // The rows stand elsewhere now, or the focus does.
+    void FollowView();
+    // Makes the windows of the rows that are still planned; of a long page, of those that it needs now.
     void MakeWindows();
+    // Once, before the first windows.
+    void PlaceRows();
+    // Gives the planned rows among them their windows; of a page that is made whole, in the tab order.
+    void Make(const std::vector<Row*>& rows);
+    // Of the row and, on a page that is made whole, of all others.
+    Row* MakeAndLend(std::wstring_view name);
+    [[nodiscard]] bool IsLong() const noexcept { return m_rows.size() > kMadeWhole; }
+    using RowIterator = std::vector<std::unique_ptr<Row>>::const_iterator;
+    // Those that are seen, and as much above and below them.
+    [[nodiscard]] std::pair<RowIterator, RowIterator> RowsInSight() const;
+    void PutBackLostRows() const;
+    // The rows of a long page that need windows now, in ascending order.
+    [[nodiscard]] std::vector<Row*> RowsInReach() const;
+    // Takes the windows of the other rows away when there have come to be many.
+    void DiscardOthers(const std::vector<Row*>& inReach);
+    void MakeForMnemonic(wchar_t typed);
+    // Behind the windows of the rows before it.
+    void PutInTabOrder(const Row& row) const;
+    [[nodiscard]] static bool IsStop(const std::unique_ptr<Row>& row);
+    // The row whose control is or contains the window, or null.
+    [[nodiscard]] Row* RowOf(HWND window) const;
     // Places the rows in the latest rectangle that RecalcLayout was given.
     void Arrange();
     void OrderTabs();
@@ -106,8 +137,10 @@ private:
     CRect m_room;                // for the rows, in the page's client area; its left and top are the page's margins
     unsigned m_arrangement = 0;  // counts the calls that arrange the rows
     bool m_isPlanned = false;    // windows are still to be made
+    bool m_isPlaced = false;     // the rows know where they are to stand
     bool m_isMaking = false;
     bool m_ordersTabs = false;
+    std::size_t m_made = 0;  // own rows that have their windows
     std::unique_ptr<PageScroll> m_scroll;
     std::unique_ptr<PageHook> m_hook;
 };

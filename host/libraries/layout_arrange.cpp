@@ -138,12 +138,13 @@ bool XLayout::CanResizeHeight() const {
 
 void XLayout::RecalcLayout(int x, int y, int cx, int cy) {
     m_room = CRect(x, y, x + cx, y + cy);
-    if (!m_isPlanned || m_isMaking) {
+    if (m_isPlaced || m_isMaking) {
         Arrange();
-    } else if (m_parent != nullptr && m_parent->IsWindowVisible()) {
-        MakeWindows();
+    } else if (m_parent == nullptr || !m_parent->IsWindowVisible()) {
+        // Nobody can see yet where the rows stand, and the page's size will change until somebody can.
+        return;
     }
-    // Else nobody can see yet where the rows stand, and the page's size will change until somebody can.
+    FollowView();
 }
 
 void XLayout::Arrange() {

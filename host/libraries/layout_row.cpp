@@ -55,6 +55,21 @@ void XLayout::Row::Make(const Surroundings& surroundings, UINT id) {
     if (!isPlaceholder) MakeControl(surroundings, id);
 }
 
+bool XLayout::Row::Discard() {
+    if (isPlanned || isPlaceholder || isLent || !HasControl()) return false;
+    std::wstring text = GetText();
+    // Of two entries with the same data the first would be chosen next time.
+    if (column.controlType == kComboBox && EntryOf(text) != static_cast<const CComboBox*>(control)->GetCurSel()) {
+        return false;
+    }
+    latestText = std::move(text);
+    isPlanned = true;
+    control = nullptr;
+    ownControl.reset();
+    prompt.reset();
+    return true;
+}
+
 void XLayout::Row::MakePrompt(const Surroundings& surroundings) {
     const bool isCheckBox = !isPlaceholder && column.controlType == kCheckBox;
     if (isCheckBox) {

@@ -49,6 +49,9 @@ struct XLayout::Row {
     void Measure(const qv::LayoutMetrics& metrics, const qv::ControlMeasures& controls, int commonWidth);
     // Makes prompt and control where they are to stand.
     void Make(const Surroundings& surroundings, UINT id);
+    // Takes the windows of the layout's own away again; the row is planned as before, with the text that it has now.
+    // False where one could tell the windows made next from these.
+    bool Discard();
     // Gives the control the prompt as the name that accessibility clients read, where it would have none or another.
     void NameControl();
     // Gives a field that the caller has made the frame and the height of the layout's own.
@@ -65,12 +68,14 @@ struct XLayout::Row {
     [[nodiscard]] std::wstring GetShownText() const;
 
     Column& column;
+    std::size_t position = 0;  // in display order
     std::unique_ptr<CStatic> prompt;
     std::unique_ptr<CWnd> ownControl;
     CWnd* control;  // the placeholder's or the layout's own; null when there is none
     bool isPlaceholder;
     bool isPlanned = true;                   // its windows are still to be made
     std::optional<std::wstring> latestText;  // given to a planned row since it was loaded
+    bool isLent = false;                     // somebody outside has asked for a window of it
 
     // Pixels. Bounds include both ends; an unbounded maximum is INT_MAX.
     SIZE promptSize{0, 0};

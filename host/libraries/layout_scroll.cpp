@@ -30,14 +30,11 @@ bool XLayout::PageScroll::HandleMessage(UINT message, WPARAM wParam, LPARAM lPar
 void XLayout::PageScroll::BringIntoView(HWND control) {
     // An open list would stay where it is while its box moves.
     if (::SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) != 0) return;
-    const auto& rows = m_layout.m_rows;
-    const auto found = std::find_if(rows.begin(), rows.end(), [control](const auto& row) {
-        return row->HasControl() && row->control->m_hWnd == control;
-    });
-    if (found == rows.end()) return;
+    const Row* const row = m_layout.RowOf(control);
+    if (row == nullptr) return;
 
     // The row with its prompt, and at either end the page's margin, as far as there is room; the control before all.
-    CRect wanted = (*found)->place;
+    CRect wanted = row->place;
     ::InflateRect(&wanted, static_cast<int>(m_layout.m_room.left), static_cast<int>(m_layout.m_room.top));
     const CRect client = m_page.GetClientRect();
     CRect part;

@@ -110,6 +110,19 @@ TEST(LeadingInteger, StopsAtTheFirstOtherCharacterAndSaturates) {
     }
 }
 
+TEST(Text, ReadsLabels) {
+    const struct {
+        const wchar_t *label, *plain;
+        wchar_t mnemonic;
+    } cases[] = {{L"&Save", L"Save", L'S'},          {L"Sa&ve && cl&ose", L"Save & close", L'v'},
+                 {L"Q && &a", L"Q & a", L'a'},       {L"None && none", L"None & none", 0},
+                 {L"At the end&", L"At the end", 0}, {L"", L"", 0}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(qv::PlainLabel(each.label), each.plain);
+        EXPECT_EQ(qv::MnemonicOf(each.label), each.mnemonic);
+    }
+}
+
 TEST(Text, TrimsAndComparesWithoutCase) {
     EXPECT_EQ(qv::Trim(L" \r\n a b\t "), L"a b");
     EXPECT_EQ(qv::Trim(L" \t "), L"");

@@ -91,4 +91,105 @@ TEST_F(LongPage, WheelAndPageKeysScrollThePage) {
     });
 }
 
+// A page with more rows than get windows at once.
+class VeryLongPage : public WholeDialog {
+protected:
+    static constexpr int kMany = 700;
+    static_assert(kMany > static_cast<int>(XLayout::kMadeWhole));
+    VeryLongPage() {
+        host.DefinePage(L"1", L"Long");
+        for (int i = 0; i < kMany; ++i) {
+            host.DefineItem(Item(i), i % 10 == 0 ? 0 : 1, 1,
+                            {{L"ordernumber", std::to_wstring(i)},
+                             {L"upperbound", L"10"},
+                             {L"default", L"1"},
+                             {L"label", Label(i)}});
+        }
+    }
+    // Most rows share a letter.
+    static std::wstring Label(int row) {
+        switch (row) {
+            case 100:
+                return L"&Word";
+            case 200:
+                return L"&Zone";
+            case 300:
+                return L"&Zoom";
+            case 450:
+                return L"Check &it";
+            case 310:
+            case 500:
+            case 640:
+                return L"Question && &quest";
+            default:
+                return L"&Row " + std::to_wstring(row);
+        }
+    }
+    // Without asking for it.
+    [[nodiscard]] static HWND WindowOf(int row) {
+        const CWnd* const control = qv::LiveLayouts().at(0)->GetRows().at(static_cast<std::size_t>(row)).control;
+        return control != nullptr ? control->m_hWnd : nullptr;
+    }
+    static bool PressAlt(wchar_t letter) {
+        const bool isPosted = ::PostMessageW(::GetFocus(), WM_SYSCHAR, static_cast<WPARAM>(letter), 1L << 29) != FALSE;
+        PumpPending();
+        return isPosted;
+    }
+};
+
+TEST_F(VeryLongPage, IsEnteredByTabAtBothEndsAndByEveryMnemonic) {
+    host.DefineItem(Item(200), {{L"functiongroup", L"3"}});
+    host.users->Refuse(L"Change settings/Global data");
+    InDialog([this] {
+        EXPECT_EQ(WindowOf(300), nullptr);
+        EXPECT_TRUE(qv::LiveLayouts().at(0)->GetRows().at(200).column.disabled);
+        ASSERT_TRUE(driver.HasFocus(driver.Dialog().GetDlgItem(IDOK)));
+        ASSERT_TRUE(PressAlt(L'z'));
+        ASSERT_NE(WindowOf(300), nullptr);
+        EXPECT_EQ(::GetFocus(), WindowOf(300));
+        EXPECT_TRUE(qvtest::IsWhollySeen(::GetFocus()));
+        EXPECT_EQ(WindowOf(100), nullptr) << "the way there";
+
+        // A letter of several rows goes on to the next one.
+        for (const int next : {310, 500, 640, 310}) {
+            ASSERT_TRUE(PressAlt(L'Q'));
+            EXPECT_EQ(::GetFocus(), WindowOf(next));
+        }
+        ASSERT_TRUE(PressAlt(L'i'));
+        EXPECT_EQ(::GetFocus(), WindowOf(450));
+        EXPECT_FALSE(driver.IsEnabled(IDC_APPLY_BUTTON));
+        ASSERT_TRUE(driver.Type(Item(1), L"w"));
+        EXPECT_EQ(WindowOf(100), nullptr) << "what is typed into a field is not meant for a label";
+
+        driver.Sheet().GetTabControl()->SetFocus();
+        for (int i = 0; i < 10 && ::GetFocus() != WindowOf(0); ++i)
+            ASSERT_TRUE(driver.PressKey(VK_TAB));
+        EXPECT_EQ(::GetFocus(), WindowOf(0));
+        EXPECT_TRUE(qvtest::IsWhollySeen(WindowOf(0)));
+    });
+}
+
+TEST_F(VeryLongPage, StoresRowsThatNobodyHasComeToAndShowsTheOneThatIsRefused) {
+    host.DefineItem(Item(401), {{L"lowerbound", L"5"}, {L"default", L"1"}});
+    for (const int row : {401, 650}) {
+        host.DefineItem(Item(row), {{L"globaldata", L"0"}});
+        host.session->Put(SDT_userData, L"long", Item(row).substr(5), row == 401 ? L"7" : L"9");
+    }
+    InDialog(
+        [this] {
+            EXPECT_TRUE(driver.Press(IDC_DEFAULT_BUTTON));
+            EXPECT_TRUE(driver.Press(IDC_APPLY_BUTTON));
+            ASSERT_EQ(driver.boxes.size(), 1U);
+            EXPECT_TRUE(host.session->CallsOf(qv::SessionOperation::WriteData).empty());
+            ASSERT_NE(WindowOf(401), nullptr);
+            EXPECT_EQ(::GetFocus(), WindowOf(401));
+            EXPECT_TRUE(qvtest::IsWhollySeen(WindowOf(401)));
+            EXPECT_TRUE(driver.Type(Item(401), L"6"));
+            EXPECT_EQ(WindowOf(650), nullptr);
+        },
+        IDOK);
+    EXPECT_EQ(host.Stored(Item(401).c_str()), L"6");
+    EXPECT_EQ(host.Stored(Item(650).c_str()), L"1");
+}
+
 }  // namespace
